@@ -1,0 +1,154 @@
+#include "model/files.h"
+
+#include "model/failure.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace havuz {
+
+namespace fs = std::filesystem;
+
+// A project of full tables is under 1 MB; this only keeps a wrong file from filling the memory.
+static constexpr std::uintmax_t kLargestFile = 64U << 20;
+
+std::string LocalPath(std::string_view path) {
+    std::string local(path);
+    if (local.size() >= 2 && local[1] == ':' && std::isalpha(static_cast<unsigned char>(local[0])) != 0)
+        local.erase(0, 2);
+    std::replace(local.begin(), local.end(), '\\', '/');
+    if (!local.empty() && local[0] == '~' && (local.size() == 1 || local[1] == '/'))
+        if (const char *home = std::getenv("HOME"))
+            local.replace(0, 1, home);
+    return local;
+}
+
+static bool SameButForCase(const std::string &a, const std::string &b) {
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](unsigned char x, unsigned char y) {
+               return std::tolower(x) == std::tolower(y);
+           });
+}
+
+std::string FindFile(const std::string &path) {
+    std::error_code error;
+    if (fs::exists(path, error))
+        return path;
+    const fs::path wanted(path);
+    const fs::path directory = wanted.has_parent_path() ? wanted.parent_path() : fs::path(".");
+    std::string found;
+    for (fs::directory_iterator it(directory, error), end; !error && it != end; it.increment(error)) {
+        const std::string name = it->path().filename().string();
+        // of several spellings the first in byte order, whatever order the directory lists them in
+        if (SameButForCase(name, wanted.filename().string()) && (found.empty() || name < found))
+            found = name;
+    }
+    return found.empty() ? path : (wanted.has_parent_path() ? wanted.parent_path() / found : fs::path(found)).string();
+}
+
+bool FileExists(const std::string &path) {
+    std::error_code error;
+    return fs::is_regular_file(FindFile(path), error);
+}
+
+bool DirectoryExists(const std::string &path) {
+    std::error_code error;
+    return fs::is_directory(path, error);
+}
+
+std::string UpToFirstDot(const std::string &path) { return path.substr(0, path.find('.')); }
+
+std::string ReadWholeFile(const std::string &path) {
+    std::error_code error;
+    if (fs::is_directory(path, error))
+        throw RuntimeFailure(File, path + ": is a directory");
+    std::ifstream in(path, std::ios::binary);
+    if (!in)
+        throw RuntimeFailure(File, path + ": cannot be opened");
+    const std::uintmax_t size = fs::file_size(path, error);
+    if (error || size > kLargestFile)
+        throw RuntimeFailure(File, path + ": is no file of this program");
+    std::ostringstream bytes;
+    bytes << in.rdbuf();
+    if (in.bad())
+        throw RuntimeFailure(File, path + ": cannot be read");
+    return std::move(bytes).str();
+}
+
+namespace {
+
+// The file beside the wanted one. Removed again unless it was renamed over it.
+class BesideFile {
+public:
+    explicit BesideFile(const std::string &path) : target_(path) {
+        std::error_code error;
+        if (fs::is_directory(path, error))
+            throw RuntimeFailure(File, path + ": is a directory");
+        if (fs::is_symlink(path, error)) // the file that a link names is replaced, not the link
+            target_ = fs::weakly_canonical(path, error).string();
+        name_ = target_ + ".tmpXXXXXX";
+        channel_ = mkstemp(name_.data());
+        if (channel_ < 0) {
+            name_.clear();
+            fail("cannot be created");
+        }
+    }
+    ~BesideFile() {
+        if (channel_ >= 0)
+            close(channel_);
+        if (!name_.empty())
+            unlink(name_.c_str());
+    }
+    BesideFile(const BesideFile &) = delete;
+    BesideFile &operator=(const BesideFile &) = delete;
+
+    void write(std::string_view bytes) {
+        while (!bytes.empty()) {
+            const ssize_t n = ::write(channel_, bytes.data(), bytes.size());
+            if (n < 0 && errno == EINTR)
+                continue;
+            if (n < 0)
+                fail("cannot be written");
+            bytes.remove_prefix(static_cast<std::size_t>(n));
+        }
+    }
+    void replaceTarget() {
+        struct stat old = {};
+        const mode_t mask = umask(0);
+        umask(mask);
+        fchmod(channel_, stat(target_.c_str(), &old) == 0 ? old.st_mode & 07777 : 0666 & ~mask);
+        if (fsync(channel_) != 0)
+            fail("cannot be written");
+        const int closed = close(channel_);
+        channel_ = -1;
+        if (closed != 0 || rename(name_.c_str(), target_.c_str()) != 0)
+            fail("cannot be written");
+        name_.clear();
+    }
+
+private:
+    [[noreturn]] void fail(const char *what) const {
+        throw RuntimeFailure(File, target_ + ": " + what + " (" + std::strerror(errno) + ")");
+    }
+    std::string target_;
+    std::string name_;
+    int channel_ = -1;
+};
+
+} // namespace
+
+void WriteWholeFile(const std::string &path, std::string_view bytes) {
+    BesideFile beside(path);
+    beside.write(bytes);
+    beside.replaceTarget();
+}
+
+} // namespace havuz

@@ -1,0 +1,363 @@
+#include "model/project_file.h"
+
+#include "model/code_page.h"
+#include "model/field_reader.h"
+#include "model/files.h"
+#include "model/number_text.h"
+#include "model/springs.h"
+#include "model/store.h"
+
+namespace havuz {
+
+namespace {
+
+// Puts fields into lines. The counterpart of Loader: both are walked through the same records below.
+class Saver {
+public:
+    bool record(const char * /*record*/, int /*no*/ = 0) { return true; }
+    void number(const char * /*field*/, const double &v) { put(NumberText(v)); }
+    void number(const char * /*field*/, const Float32 &v) { put(NumberText(v)); }
+    void number(const char * /*field*/, const Int16 &v) { put(std::to_string(int(v))); }
+    void count(const char * /*table*/, const int &v, int /*capacity*/) { put(std::to_string(v)); }
+    void line(const std::string &text) { text_ += text + "\r\n"; }
+    void endLine() {
+        line(fields_);
+        fields_.clear();
+    }
+    std::string take() { return std::move(text_); }
+
+private:
+    void put(const std::string &field) { fields_ += (fields_.empty() ? "" : ",") + field; }
+    std::string fields_;
+    std::string text_;
+};
+
+// Takes fields from a file. record() tests for the end of the file, which stands before every record.
+class Loader {
+public:
+    explicit Loader(FieldReader &reader) : reader_(reader) {}
+    bool record(const char *record, int no = 0) {
+        if (reader_.atEnd())
+            return false;
+        reader_.enterRecord(record, no);
+        return true;
+    }
+    template <class Field>
+    void number(const char *field, Field &v) {
+        v = reader_.number(field);
+    }
+    void count(const char *table, int &v, int capacity) {
+        Int16 read;
+        read = reader_.number(table);
+        if (read < 0 || read > capacity)
+            FailSubscript(table, read, capacity);
+        v = read;
+    }
+    void endLine() {}
+
+private:
+    FieldReader &reader_;
+};
+
+// The records of the file in their order. Channel is a Saver or a Loader; each walk returns false when the file is at
+// its end, and everything behind that stays unread.
+
+template <class Channel>
+bool WalkCounts(Channel &c) {
+    if (!c.record("counts"))
+        return false;
+    c.count("PanelTable", PanelCount, kPanelCapacity);
+    c.count("PlakTable", PlakCount, kPlakCapacity);
+    c.count("NoktaTable", NoktaCount, kNoktaCapacity);
+    c.count("MeshTable", MeshCount, kMeshCapacity);
+    c.number("HavuzTip", HavuzTip);
+    c.endLine();
+    return true;
+}
+
+template <class Channel>
+bool WalkSoil(Channel &c) {
+    if (!c.record("soil"))
+        return false;
+    c.number("HucreTip", HucreTip);
+    c.number("ZeminKo", ZeminKo);
+    c.number("ZeminGzem", ZeminGzem);
+    c.number("ZeminKa", ZeminKa);
+    c.number("ZeminYogunluk", ZeminYogunluk);
+    c.number("SiviYogunluk", SiviYogunluk);
+    c.number("YeraltiSuKotu", YeraltiSuKotu);
+    c.endLine();
+    return true;
+}
+
+template <class Channel>
+bool WalkPool(Channel &c) {
+    if (!c.record("pool"))
+        return false;
+    c.number("BolumX", BolumX);
+    c.number("BolumY", BolumY);
+    c.number("Lx", Lx);
+    c.number("Ly", Ly);
+    c.number("KenarKalinlik", KenarKalinlik);
+    c.number("AltKalinlik", AltKalinlik);
+    c.number("UstKot", UstKot);
+    c.number("AltKot", AltKot);
+    c.number("SiviKotu", SiviKotu);
+    c.number("ToprakKotu", ToprakKotu);
+    c.number("Bk", Bk);
+    c.endLine();
+    return true;
+}
+
+template <class Channel>
+bool WalkLoadSituations(Channel &c) {
+    if (!c.record("load situations"))
+        return false;
+    for (int i = 0; i <= kYukDurumLast; ++i)
+        c.number("YukDurum", YukDurum[i]);
+    c.endLine();
+    if (!c.record("cell combinations"))
+        return false;
+    for (int i = 0; i <= kYukKombinasyonLast; ++i)
+        c.number("YukKombinasyon", YukKombinasyon[i]);
+    c.endLine();
+    return true;
+}
+
+template <class Channel>
+bool WalkMaterials(Channel &c) {
+    if (!c.record("materials"))
+        return false;
+    c.number("Fck", Fck);
+    c.number("Fyk", Fyk);
+    c.number("HesapYontem", HesapYontem);
+    c.endLine();
+    return true;
+}
+
+template <class Channel>
+bool WalkPanel(Channel &c, int no) {
+    if (!c.record("PanelTable", no))
+        return false;
+    PanelRecord &panel = PanelTable[no];
+    c.number("No", panel.No);
+    c.number("Nx", panel.Nx);
+    c.number("Ny", panel.Ny);
+    c.number("D", panel.D);
+    c.number("Tip", panel.Tip);
+    c.number("G", panel.G);
+    c.number("P", panel.P);
+    c.endLine();
+    for (int k = 1; k <= 4; ++k) {
+        if (!c.record("PanelTable", no))
+            return false;
+        c.number("X", panel.X[k]);
+        c.number("Y", panel.Y[k]);
+        c.number("Z", panel.Z[k]);
+        c.number("KenarMesnet", panel.KenarMesnet[k]);
+        c.number("KenarKomsu", panel.KenarKomsu[k]);
+        c.endLine();
+    }
+    return true;
+}
+
+template <class Channel>
+bool WalkPlak(Channel &c, int no) {
+    if (!c.record("PlakTable", no))
+        return false;
+    PlakRecord &plak = PlakTable[no];
+    c.number("NoktaSayisi", plak.NoktaSayisi);
+    c.number("Kalinlik", plak.Kalinlik);
+    c.endLine();
+    for (int k = 1; k <= plak.NoktaSayisi; ++k) {
+        if (!c.record("PlakTable", no))
+            return false;
+        c.number("X", plak.X[k]);
+        c.number("Y", plak.Y[k]);
+        c.number("Z", plak.Z[k]);
+        c.number("KenarKodu", plak.KenarKodu[k]);
+        c.endLine();
+    }
+    return true;
+}
+
+template <class Channel>
+bool WalkMesh(Channel &c, int no) {
+    if (!c.record("MeshTable", no))
+        return false;
+    MeshRecord &mesh = MeshTable[no];
+    c.number("PanelNo", mesh.PanelNo);
+    c.number("N1", mesh.N1);
+    c.number("N2", mesh.N2);
+    c.number("N3", mesh.N3);
+    c.number("N4", mesh.N4);
+    c.number("Sil", mesh.Sil);
+    c.endLine();
+    return true;
+}
+
+template <class Channel>
+bool WalkNokta(Channel &c, int no, NoktaRecord &node) {
+    if (!c.record("NoktaTable", no))
+        return false;
+    c.number("PanelNo", node.PanelNo);
+    c.number("X", node.X);
+    c.number("Y", node.Y);
+    c.number("Z", node.Z);
+    c.number("Mesnet", node.Mesnet);
+    c.number("AnaNo", node.AnaNo);
+    c.number("YeniNo", node.YeniNo);
+    c.number("Yay", node.Yay);
+    c.endLine();
+    return true;
+}
+
+template <class Channel>
+bool WalkDiameters(Channel &c) {
+    if (!c.record("diameters"))
+        return false;
+    for (int i = 1; i <= 13; ++i)
+        c.number("DonatiCaplari", DonatiCaplari[i]);
+    c.endLine();
+    return true;
+}
+
+template <class Channel>
+bool WalkParameters(Channel &c) {
+    return WalkCounts(c) && WalkSoil(c) && WalkPool(c) && WalkLoadSituations(c) && WalkMaterials(c);
+}
+
+template <class Channel>
+bool WalkShape(Channel &c) {
+    for (int i = 1; i <= PanelCount; ++i)
+        if (!WalkPanel(c, i))
+            return false;
+    for (int i = 1; i <= PlakCount; ++i)
+        if (!WalkPlak(c, i))
+            return false;
+    for (int i = 1; i <= MeshCount; ++i)
+        if (!WalkMesh(c, i))
+            return false;
+    return true;
+}
+
+void WriteLoads(Saver &c) {
+    for (int i = 1; i <= NoktaCount; ++i) {
+        const NokYukRecord &load = NokYukTable[i];
+        if (load.FX != 0.0 || load.FY != 0.0 || load.FZ != 0.0)
+            c.line(std::to_string(i) + "," + NumberText(load.FX) + "," + NumberText(load.FY) + "," +
+                   NumberText(load.FZ));
+    }
+    c.line("0,0,0,0");
+}
+
+// One load line. stop tells the end line, a first field of 0.
+bool ReadLoadLine(Loader &c, bool &stop) {
+    if (!c.record("NokYukTable"))
+        return false;
+    NokYukRecord line;
+    c.number("Nokta", line.Nokta);
+    c.number("FX", line.FX);
+    c.number("FY", line.FY);
+    c.number("FZ", line.FZ);
+    stop = line.Nokta == 0;
+    if (!stop)
+        NokYukTable[line.Nokta] = line;
+    return true;
+}
+
+// At most NoktaCount lines; when that many were read, the end line behind them is read as well.
+bool ReadLoads(Loader &c) {
+    for (int i = 1; i <= NoktaCount; ++i) {
+        bool stop = false;
+        if (!ReadLoadLine(c, stop))
+            return false;
+        if (stop)
+            return true;
+    }
+    NokYukRecord end;
+    if (!c.record("NokYukTable"))
+        return false;
+    c.number("end line", end.Nokta);
+    c.number("end line", end.FX);
+    c.number("end line", end.FY);
+    c.number("end line", end.FZ);
+    return true;
+}
+
+// A node passes through a blank scratch record, so that what the file does not keep is 0 afterwards.
+bool ReadNodes(Loader &c) {
+    for (int i = 1; i <= NoktaCount; ++i) {
+        NoktaRecord scratch;
+        if (!WalkNokta(c, i, scratch))
+            return false;
+        NoktaTable[i] = scratch;
+    }
+    return true;
+}
+
+void ReadRecords(FieldReader &reader) {
+    Loader c(reader);
+    if (!c.record("title"))
+        return;
+    ProjeIsmi = reader.text("ProjeIsmi");
+    // The first record that meets the end of the file ends the reading.
+    if (WalkParameters(c) && WalkShape(c) && ReadNodes(c) && ReadLoads(c))
+        WalkDiameters(c);
+}
+
+// The list as it stands before a load, from the flags of the model before it, numbered from element 1; the analysis
+// makes its own.
+void RebuildLoadList() {
+    int n = 1;
+    for (int i = 0; i <= 3; ++i)
+        if (YukKombinasyon[i] > 0)
+            YukListesi[++n - 1] = 10 + i;
+    for (int i = 0; i <= 4; ++i)
+        if (YukDurum[i] > 0)
+            YukListesi[++n - 1] = i;
+    YukSayisi = n;
+}
+
+std::string WithoutTrailingBlanks(std::string text) {
+    text.erase(text.find_last_not_of(' ') + 1);
+    return text;
+}
+
+} // namespace
+
+std::string ProjectText() {
+    Saver c;
+    c.line(ToCodePage(ProjeIsmi)); // as it stands: a comma in it breaks the reading of the file, and is written
+    WalkParameters(c);
+    WalkShape(c);
+    for (int i = 1; i <= NoktaCount; ++i)
+        WalkNokta(c, i, NoktaTable[i]);
+    WriteLoads(c);
+    WalkDiameters(c);
+    return c.take();
+}
+
+void SaveProject(const std::string &path, ProjectWindow &window) {
+    SpringStiffness();
+    if (WithoutTrailingBlanks(KartAdi).size() < 3 || KartAdi.find(".VK9") == std::string::npos)
+        KartAdi = ".VK9";
+    WriteWholeFile(path, ProjectText());
+    ProjeYolu = UpToFirstDot(path);
+    window.EnableAnalysis();
+}
+
+void LoadProject(const std::string &path, ProjectWindow &window) {
+    for (int i = 1; i <= kPanelCapacity; ++i)
+        PanelTable[i] = PanelTable[kPanelCapacity];
+    RebuildLoadList();
+    FieldReader reader(path, ReadWholeFile(path));
+    reader.read([&reader] { ReadRecords(reader); });
+    ProjeYolu = UpToFirstDot(path);
+    window.EnableAnalysis();
+    window.EnableResults(FileExists(ProjeYolu + ".SON"));
+    GorunusModu = MeshCount > 0 ? 2 : 1;
+    window.ShowViewPicture(GorunusModu);
+}
+
+} // namespace havuz

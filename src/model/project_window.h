@@ -1,0 +1,14 @@
+// What loading and saving a project ask of the main window. The base does nothing, for programs without one.
+#pragma once
+
+namespace havuz {
+
+class ProjectWindow {
+public:
+    virtual ~ProjectWindow() = default;
+    virtual void EnableAnalysis() {}              // "FEA analizi"
+    virtual void EnableResults(bool /*enabled*/) {} // "analiz sonuclari"
+    virtual void ShowViewPicture(int /*gorunusModu*/) {} // picture of "plak/mesh": 1 plate, 2 mesh
+};
+
+} // namespace havuz

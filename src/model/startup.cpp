@@ -1,0 +1,128 @@
+#include "model/startup.h"
+
+#include "model/failure.h"
+#include "model/files.h"
+#include "model/options.h"
+#include "model/project_file.h"
+#include "model/store.h"
+
+namespace havuz {
+
+void StartWindow::EndProgram(int status) { throw ProgramEnd{status}; }
+
+static void ReadOptions() {
+    ReadCard();
+    ReadWorkingFile();
+    ReadDimensions();
+    ReadLoadFactors();
+}
+
+static void SetPoolParameters(double bolumX, double bolumY, double lx, double ly, double kenar, double alt,
+                              double ustKot, double altKot, double sivi, double toprak, double bk) {
+    BolumX = bolumX;
+    BolumY = bolumY;
+    Lx = lx;
+    Ly = ly;
+    KenarKalinlik = kenar;
+    AltKalinlik = alt;
+    UstKot = ustKot;
+    AltKot = altKot;
+    SiviKotu = sivi;
+    ToprakKotu = toprak;
+    Bk = bk;
+}
+
+static void SetViewDefaults() {
+    ViewAngleA = -140.0 / 180.0 * kPi;
+    ViewAngleB = 20.0 / 180.0 * kPi;
+    ViewAngleC = 0.0;
+    ViewDistance = 1000.0;
+    GorunusModu = 1;
+}
+
+static void SetProjectDefaults() {
+    MeshGenisligi = 1.0;
+    HesapYontem = 1.0;
+    ProjeIsmi.clear();
+    KartAdi.clear();
+    HavuzTip = HucreTip = 0.0;
+    NoktaCount = MeshCount = 0;
+    ZeminKo = 2000.0;
+    ZeminGzem = 20.0;
+    ZeminKa = 0.4;
+    ZeminYogunluk = 1.8;
+    SiviYogunluk = 1.0;
+    YeraltiSuKotu = 0.0;
+    SetPoolParameters(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+    Fck = 200.0;
+    Fyk = 2200.0;
+    for (int i = 0; i <= kYukKombinasyonLast; ++i)
+        YukKombinasyon[i] = 0.0;
+    for (int i = 0; i <= kYukDurumLast; ++i)
+        YukDurum[i] = 1.0;
+}
+
+static void SetDiameterDefaults() {
+    for (int i = 1; i <= 13; ++i)
+        if (DonatiCaplari[i] > 0)
+            return;
+    DonatiCaplari[1] = 8.0;
+    DonatiCaplari[2] = 10.0;
+    DonatiCaplari[3] = 12.0;
+}
+
+static void OpenCommandLine(const std::string &commandLine, StartWindow &window) {
+    if (commandLine.empty()) {
+        window.TakePlanState();
+        IsoView = 0;
+        GorunusModu = 1;
+        window.DrawPlates();
+        return;
+    }
+    ProjeDosyasi = commandLine + ".POL";
+    LoadProject(FindFile(ProjeDosyasi), window);
+    window.ComputeExtents();
+    window.DrawMeshes();
+}
+
+// The steps in their order. The pool parameters take what the pool library shows at first only at the very end, so a
+// project of the command line loses its saved ones: wanted.
+static void RunSequence(const std::string &commandLine, const std::string &executable, StartWindow &window) {
+    ProjeYolu = ProjeAdi = commandLine;
+    ProgramDizini = FindProgramDirectory(executable);
+    ReadWorkingDirectory();
+    ReadOptions();
+    SetViewDefaults();
+    SetProjectDefaults();
+    window.ResetViews();
+    window.SizeSurface();
+    ReadFont();
+    SetDiameterDefaults();
+    window.PutFirstState();
+    IsoView = 1;
+    ClearModel();
+    OpenCommandLine(commandLine, window);
+    window.SetUpDynamicView();
+    SetPoolParameters(4, 2, 10, 5, 20, 30, 3, 0, 3, 3, 1);
+}
+
+void StartProgram(const std::string &commandLine, const std::string &executable, StartWindow &window) {
+    window.AdjustStyle();
+    window.LayOutChildFrame();
+    if (window.AnotherInstanceRuns())
+        window.EndProgram(0);
+    try {
+        RunSequence(commandLine, executable, window);
+    } catch (const RuntimeFailure &failure) {
+        window.ReportFailure(failure.what());
+        window.EnableMainWindow();
+        window.EndProgram(1);
+    }
+}
+
+void StartModel(const std::string &executable) {
+    StartWindow none;
+    RunSequence("", executable, none);
+}
+
+} // namespace havuz
