@@ -1,0 +1,217 @@
+#include "mesh/numbering.h"
+
+#include "model/store.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace havuz {
+
+namespace {
+
+constexpr int kNeighbours = 20;
+
+// One row of the skyline: its neighbour rows Komsu(1..count) and the master number that stands in it.
+struct BantRecord {
+    std::array<int, kNeighbours + 1> Komsu{};
+    int master = 0;
+    int count = 0;
+};
+
+int &KomsuOf(BantRecord &row, int k) { return row.Komsu[static_cast<std::size_t>(k)]; }
+int KomsuOf(const BantRecord &row, int k) { return row.Komsu[static_cast<std::size_t>(k)]; }
+
+// Rows 1..rows with one scratch row behind, and the width of each row in the skyline (element 0 stays 1).
+struct Skyline {
+    int rows = 0;
+    int used = 0; // masters that active meshes use
+    std::vector<BantRecord> BantTable;
+    std::vector<int> Genislik;
+    std::vector<bool> isUsed; // by master number
+    long long Profil = 0;
+
+    BantRecord &row(int r) { return BantTable[static_cast<std::size_t>(r)]; }
+    int &width(int r) { return Genislik[static_cast<std::size_t>(r)]; }
+};
+
+std::array<int, 4> MastersOf(const MeshRecord &mesh) {
+    return {NoktaTable[mesh.N1].AnaNo, NoktaTable[mesh.N2].AnaNo, NoktaTable[mesh.N3].AnaNo, NoktaTable[mesh.N4].AnaNo};
+}
+
+void AppendPair(Skyline &s, int r, int first, int second) {
+    if (r == 0)
+        return;
+    BantRecord &row = s.row(r);
+    row.count += 2;
+    if (row.count > kNeighbours)
+        throw RuntimeFailure(Subscript, "node " + std::to_string(r) + " joins more than " +
+                                            std::to_string(kNeighbours / 2) + " meshes: BantTable(" +
+                                            std::to_string(r) + ") holds " + std::to_string(kNeighbours) + " entries");
+    KomsuOf(row, row.count - 1) = first;
+    KomsuOf(row, row.count) = second;
+}
+
+// Row c takes b twice and never d: wanted, it sets the lists and the numbers that result.
+void MakeAdjacency(Skyline &s) {
+    const auto rows = static_cast<std::size_t>(kNoktaCapacity) + 2;
+    s.BantTable.assign(rows, {});
+    s.Genislik.assign(rows, 0);
+    s.isUsed.assign(rows, false);
+    for (int i = 1; i <= MeshCount; ++i) {
+        if (MeshTable[i].Sil == 1)
+            continue;
+        const auto [a, b, c, d] = MastersOf(MeshTable[i]);
+        for (const int master : {a, b, c, d}) {
+            if (master < 0 || master > kNoktaCapacity)
+                FailSubscript("NoktaTable", master, kNoktaCapacity);
+            s.isUsed[static_cast<std::size_t>(master)] = true;
+            s.rows = std::max(s.rows, master);
+        }
+        AppendPair(s, a, b, d);
+        AppendPair(s, b, a, c);
+        AppendPair(s, c, b, b);
+        AppendPair(s, d, a, c);
+    }
+    s.isUsed[0] = false;
+    s.used = static_cast<int>(std::count(s.isUsed.begin(), s.isUsed.end(), true));
+    for (int r = 1; r <= s.rows; ++r)
+        s.row(r).master = r;
+}
+
+// Exchange sort over the list's first whole length. With duplicates to drop, the later of two equal entries falls out of
+// the count and sorts to the end.
+void SortList(BantRecord &row, bool dropDuplicates) {
+    const int length = row.count;
+    int dropped = 0;
+    for (int a = 1; a <= length - 1; ++a)
+        for (int b = a + 1; b <= length; ++b) {
+            int &earlier = KomsuOf(row, a);
+            int &later = KomsuOf(row, b);
+            if (earlier > later)
+                std::swap(earlier, later);
+            else if (dropDuplicates && earlier == later) {
+                --row.count;
+                later = 10000 + ++dropped;
+            }
+        }
+}
+
+int WidthByNeighbours(const BantRecord &row, int r) {
+    int width = 1;
+    for (int k = 1; k <= row.count; ++k)
+        width = std::max(width, KomsuOf(row, k) - r + 1);
+    return width;
+}
+
+void MeasureWidths(Skyline &s) {
+    s.width(0) = 1;
+    s.Profil = 0;
+    for (int r = 1; r <= s.rows; ++r) {
+        s.width(r) = std::max(WidthByNeighbours(s.row(r), r), s.width(r - 1) - 1);
+        s.Profil += s.width(r);
+    }
+}
+
+// Row v moves up to position g; rows g..v-1 shift down by one. Widths are by neighbours alone until the next measuring.
+void MoveRow(Skyline &s, int v, int g) {
+    const auto begin = s.BantTable.begin();
+    std::rotate(begin + g, begin + v, begin + v + 1);
+    for (int r = 1; r <= s.rows; ++r) {
+        BantRecord &row = s.row(r);
+        bool touched = false;
+        for (int k = 1; k <= row.count; ++k) {
+            int &n = KomsuOf(row, k);
+            if (n < g || n > v)
+                continue;
+            n = n == v ? g : n + 1;
+            touched = true;
+        }
+        s.width(r) = WidthByNeighbours(row, r);
+        if (touched) // an untouched list is in order already
+            SortList(row, false);
+    }
+}
+
+// The neighbours of row r, nearest first, are drawn in right behind the current front.
+void SweepRow(Skyline &s, int r) {
+    BantRecord &row = s.row(r); // stands still: only rows behind r move
+    for (int k = 1; k <= row.count; ++k) {
+        const int v = KomsuOf(row, k);
+        int lim = std::max((r - 1) + s.width(r - 1), r + 1);
+        if (k > 1)
+            lim = std::max(lim, KomsuOf(row, k - 1) + 1);
+        const int g = std::min(v - 1, lim);
+        const bool stays = g <= (r - 2) + s.width(r - 1) || g <= r || g >= v || (k > 1 && KomsuOf(row, k - 1) >= g);
+        if (!stays)
+            MoveRow(s, v, g);
+    }
+    MeasureWidths(s);
+}
+
+void Sweep(Skyline &s) {
+    for (int r = 1; r <= s.rows - 1; ++r) {
+        if (r > 1 && s.width(r - 1) == s.rows)
+            break;
+        SweepRow(s, r);
+    }
+}
+
+// Rows that no mesh uses go behind the used ones, each group in its order, so that every corner lies in 1..NoktaCount.
+void PutUnusedRowsLast(Skyline &s) {
+    std::stable_partition(s.BantTable.begin() + 1, s.BantTable.begin() + 1 + s.rows, [&s](const BantRecord &row) {
+        return bool(s.isUsed[static_cast<std::size_t>(row.master)]);
+    });
+}
+
+void GiveNumbers(Skyline &s) {
+    std::vector<int> map(s.BantTable.size(), 0);
+    for (int r = 1; r <= s.rows; ++r)
+        map[static_cast<std::size_t>(s.row(r).master)] = r;
+    for (int i = 1; i <= MeshCount; ++i)
+        if (MeshTable[i].Sil != 1)
+            for (const int m : MastersOf(MeshTable[i]))
+                if (m > 0)
+                    NoktaTable[m].YeniNo = map[static_cast<std::size_t>(m)];
+    for (int i = 1; i <= MeshCount; ++i) {
+        MeshRecord &mesh = MeshTable[i];
+        for (Int16 *n : {&mesh.N1, &mesh.N2, &mesh.N3, &mesh.N4})
+            *n = NoktaTable[NoktaTable[*n].AnaNo].YeniNo;
+    }
+}
+
+// The last raw node of each master decides the record, its flags hold those of all. A raw node whose master got no
+// number is left out.
+void MergeNodes(const Skyline &s) {
+    std::vector<NoktaRecord> staging(static_cast<std::size_t>(kNoktaCapacity) + 1);
+    for (int p = 1; p <= HamNoktaCount; ++p) {
+        const int master = NoktaTable[p].AnaNo;
+        if (!s.isUsed.at(static_cast<std::size_t>(master)))
+            continue;
+        NoktaRecord &slot = staging[static_cast<std::size_t>(int(NoktaTable[master].YeniNo))];
+        NoktaTable[p].Mesnet = NoktaTable[p].Mesnet | slot.Mesnet;
+        slot = NoktaTable[p];
+    }
+    NoktaCount = s.used;
+    for (int t = 1; t <= NoktaCount; ++t)
+        NoktaTable[t] = staging[static_cast<std::size_t>(t)];
+    for (int t = NoktaCount + 1; t <= std::min(2 * HamNoktaCount, kNoktaCapacity); ++t)
+        NoktaTable[t] = NoktaTable[0];
+}
+
+} // namespace
+
+void NoktaNumarala() {
+    Skyline s;
+    NoktaCount = 0;
+    MakeAdjacency(s);
+    for (int r = 1; r <= s.rows; ++r)
+        SortList(s.row(r), true);
+    MeasureWidths(s);
+    Sweep(s);
+    PutUnusedRowsLast(s);
+    GiveNumbers(s);
+    MergeNodes(s);
+}
+
+} // namespace havuz

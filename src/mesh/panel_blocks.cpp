@@ -1,0 +1,232 @@
+// Blocks of nodes and meshes for each panel, and their joining by AnaNo. Lengths in m.
+#include "mesh/panel_blocks.h"
+
+#include "model/arithmetic.h"
+#include "model/store.h"
+
+#include <array>
+
+namespace havuz {
+
+void ClearMeshTables() {
+    for (int i = 1; i <= kNoktaCapacity; ++i) {
+        NoktaTable[i] = NoktaTable[0];
+        NokYukTable[i] = NokYukTable[0];
+    }
+    for (int i = 1; i <= kMeshCapacity; ++i)
+        MeshTable[i] = MeshTable[0];
+    HamNoktaCount = 0;
+    MeshCount = 0;
+}
+
+namespace {
+
+enum NodeKind { kInterior = 0, kEdge = 1, kCorner1 = 3, kCorner2 = 4, kCorner4 = 5, kCorner3 = 6 };
+constexpr int kTranslationHeld = 4;
+
+struct Place {
+    double x, y, z;
+};
+
+Place CornerOf(const PanelRecord &panel, int k) { return {panel.X[k], panel.Y[k], panel.Z[k]}; }
+
+// a + step * (b - a) / count
+Place Between(const Place &a, const Place &b, int step, int count) {
+    return {a.x + step * (b.x - a.x) / count, a.y + step * (b.y - a.y) / count, a.z + step * (b.z - a.z) / count};
+}
+
+// The block of one panel, made row by row from edge 1 to edge 3.
+class PanelBlock {
+public:
+    explicit PanelBlock(int no) : no_(no), panel_(PanelTable[no]), first_(HamNoktaCount + 1) {
+        nx_ = panel_.Nx;
+        ny_ = panel_.Ny;
+        if (nx_ == 0 || ny_ == 0) // though no loop would divide by it
+            throw RuntimeFailure(DivisionByZero, "PanelTable(" + std::to_string(no) + ") " +
+                                                     (nx_ == 0 ? "Nx" : "Ny") + ": division by zero");
+        for (int e = 1; e <= 4; ++e)
+            held_[static_cast<std::size_t>(e)] = panel_.KenarMesnet[e] != 0 ? kTranslationHeld : 0;
+    }
+
+    void make() {
+        makeTopRow();
+        for (int r = 1; r <= ny_ - 1; ++r)
+            makeInnerRow(r);
+        makeBottomRow();
+        makeMeshes();
+    }
+
+private:
+    int held(int edge) const { return held_[static_cast<std::size_t>(edge)]; }
+
+    int put(const Place &at, NodeKind tur, int mesnet) {
+        const int no = ++HamNoktaCount;
+        NoktaRecord &node = NoktaTable[no];
+        node.X = at.x;
+        node.Y = at.y;
+        node.Z = at.z;
+        node.Mesnet = node.Mesnet | mesnet;
+        node.PanelNo = no_;
+        node.Tur = tur;
+        node.AnaNo = no;
+        return no;
+    }
+    static void putEnds(int no, int a, int b) {
+        NoktaTable[no].UcA = a;
+        NoktaTable[no].UcB = b;
+    }
+    void putCorner(int k, NodeKind tur, int mesnet) {
+        const int no = put(CornerOf(panel_, k), tur, mesnet);
+        putEnds(no, no, no);
+    }
+
+    void makeTopRow() {
+        putCorner(1, kCorner1, held(1) | held(4));
+        for (int c = 1; c <= nx_ - 1; ++c)
+            putEnds(put(Between(CornerOf(panel_, 1), CornerOf(panel_, 2), c, nx_), kEdge, held(1)), first_,
+                    first_ + nx_);
+        putCorner(2, kCorner2, held(1) | held(2));
+    }
+
+    void makeInnerRow(int r) {
+        const Place left = Between(CornerOf(panel_, 1), CornerOf(panel_, 4), r, ny_);
+        const Place right = Between(CornerOf(panel_, 2), CornerOf(panel_, 3), r, ny_);
+        const int leftNo = put(left, kEdge, held(4));
+        putEnds(leftNo, first_, first_ + (nx_ + 1) * ny_);
+        for (int c = 1; c <= nx_ - 1; ++c) // the second end by ny: nothing reads these links
+            putEnds(put(Between(left, right, c, nx_), kInterior, 0), leftNo, leftNo + ny_);
+        putEnds(put(right, kEdge, held(2)), first_ + nx_, first_ + (ny_ + 1) * (nx_ + 1) - 1);
+    }
+
+    void makeBottomRow() {
+        const int leftNo = HamNoktaCount + 1;
+        putCorner(4, kCorner4, held(3) | held(4));
+        for (int c = 1; c <= nx_ - 1; ++c)
+            putEnds(put(Between(CornerOf(panel_, 4), CornerOf(panel_, 3), c, nx_), kEdge, held(3)), leftNo,
+                    leftNo + nx_);
+        putCorner(3, kCorner3, held(3) | held(2));
+    }
+
+    void makeMeshes() const {
+        for (int r = 1; r <= ny_; ++r)
+            for (int c = 1; c <= nx_; ++c) {
+                const int t = first_ + (r - 1) * (nx_ + 1) + c - 1;
+                MeshRecord &mesh = MeshTable[++MeshCount];
+                mesh.N1 = t;
+                mesh.N2 = t + 1;
+                mesh.N3 = t + nx_ + 2;
+                mesh.N4 = t + nx_ + 1;
+                mesh.PanelNo = no_;
+            }
+    }
+
+    int no_;
+    const PanelRecord &panel_;
+    int first_;
+    int nx_ = 0, ny_ = 0;
+    std::array<int, 5> held_{};
+};
+
+double NodeDistance(int p, int q) {
+    const NoktaRecord &a = NoktaTable[p];
+    const NoktaRecord &b = NoktaTable[q];
+    return Distance3(a.X - b.X, a.Y - b.Y, a.Z - b.Z);
+}
+
+bool IsCorner(int p) { return NoktaTable[p].UcA == p && NoktaTable[p].UcB == p; }
+
+// p may capture the edge node q: another panel, q on an edge, neither end of q's line joined to p already, p on that
+// line.
+bool CanCapture(int p, int q) {
+    const NoktaRecord &node = NoktaTable[q];
+    if (node.Tur != kEdge || node.PanelNo == NoktaTable[p].PanelNo)
+        return false;
+    const int a = node.UcA;
+    const int b = node.UcB;
+    const int master = NoktaTable[p].AnaNo;
+    if (NoktaTable[a].AnaNo == master || NoktaTable[b].AnaNo == master)
+        return false;
+    return !(NodeDistance(a, b) + 0.05 < NodeDistance(p, a) + NodeDistance(p, b));
+}
+
+// Distance of two nodes of q's line, m: along a side edge the panel has Ny divisions, else Nx.
+double MeshLengthAt(int q) {
+    const NoktaRecord &node = NoktaTable[q];
+    const int a = NoktaTable[node.UcA].Tur;
+    const int b = NoktaTable[node.UcB].Tur;
+    const bool side = (a == kCorner1 && b == kCorner4) || (a == kCorner2 && b == kCorner3);
+    const PanelRecord &panel = PanelTable[node.PanelNo];
+    return NodeDistance(node.UcA, node.UcB) / (side ? panel.Ny : panel.Nx);
+}
+
+// The node q takes the place of p, unless another node of q's panel has p's master already: then p is given up, and no
+// second best is looked for.
+void Capture(int p, int q) {
+    const NoktaRecord &master = NoktaTable[p];
+    NoktaRecord &node = NoktaTable[q];
+    for (int i = 1; i <= HamNoktaCount; ++i)
+        if (i != p && i != q && NoktaTable[i].PanelNo == node.PanelNo && NoktaTable[i].AnaNo == master.AnaNo)
+            return;
+    node.AnaNo = master.AnaNo;
+    node.Tur = master.Tur;
+    node.X = master.X;
+    node.Y = master.Y;
+    node.Z = master.Z;
+}
+
+} // namespace
+
+void MakePanelBlocks() {
+    for (int i = 1; i <= PanelCount; ++i)
+        PanelBlock(i).make();
+}
+
+void JoinCornersOnCorners() {
+    for (int p = 1; p <= HamNoktaCount; ++p) {
+        if (!IsCorner(p))
+            continue;
+        for (int q = p + 1; q <= HamNoktaCount; ++q)
+            if (NoktaTable[p].PanelNo != NoktaTable[q].PanelNo && IsCorner(q) && NodeDistance(p, q) <= 0.05)
+                NoktaTable[q].AnaNo = NoktaTable[p].AnaNo;
+    }
+}
+
+void JoinCornersOnEdges() {
+    for (int p = 1; p <= HamNoktaCount; ++p) {
+        if (!IsCorner(p))
+            continue;
+        double least = 1000.0;
+        int best = 0;
+        for (int q = 1; q <= HamNoktaCount; ++q)
+            if (!IsCorner(q) && CanCapture(p, q)) {
+                const double d = NodeDistance(p, q);
+                if (d < least) {
+                    least = d;
+                    best = q;
+                }
+            }
+        if (best != 0)
+            Capture(p, best);
+    }
+}
+
+void JoinEdgesOnEdges() {
+    for (int p = 1; p <= HamNoktaCount - 1; ++p) {
+        if (NoktaTable[p].Tur != kEdge)
+            continue;
+        double least = 1000.0;
+        int best = 0;
+        for (int q = p + 1; q <= HamNoktaCount; ++q)
+            if (CanCapture(p, q)) {
+                const double d = NodeDistance(p, q);
+                if (!(d > MeshLengthAt(q)) && d < least) {
+                    least = d;
+                    best = q;
+                }
+            }
+        if (best != 0)
+            Capture(p, best);
+    }
+}
+
+} // namespace havuz
