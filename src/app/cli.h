@@ -1,0 +1,30 @@
+// The command line of havuz-cli: each command is one row of the table in main_cli.cpp and one file of src/app. A command
+// adds its own options to the parser and leaves its job.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <stdexcept>
+#include <string>
+
+namespace havuz {
+
+// What the chosen command does. file stands at the head of the line that a failure prints: the file it works on, or for
+// a command that only writes, the file it would write.
+struct Job {
+    std::string file;
+    std::function<void()> run;
+};
+
+// Wrong usage that only shows while the job runs: ends with status 2.
+class UsageError : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+void AddPoolCommand(CLI::App &parser, Job &job);
+void AddMeshCommand(CLI::App &parser, Job &job);
+void AddSetCommand(CLI::App &parser, Job &job);
+void AddRunCommand(CLI::App &parser, Job &job);
+void AddInfoCommand(CLI::App &parser, Job &job);
+
+} // namespace havuz

@@ -1,0 +1,2 @@
+#include "app/cli.h"
+namespace havuz { void AddInfoCommand(CLI::App &, Job &) {} }

@@ -1,0 +1,2 @@
+#include "app/cli.h"
+namespace havuz { void AddRunCommand(CLI::App &, Job &) {} }

@@ -1,0 +1,47 @@
+#include "fea/assembly.h"
+
+#include "fea/element_geometry.h"
+#include "fea/equations.h"
+#include "fea/loads.h"
+#include "fea/system.h"
+#include "model/store.h"
+
+#include <algorithm>
+
+namespace havuz {
+
+static void AddStiffness(const ElementRecord &element, const std::array<int, 25> &MeshEqs) {
+    std::size_t term = 0;
+    for (std::size_t p = 1; p <= kElementFreedoms; ++p)
+        for (std::size_t q = p; q <= kElementFreedoms; ++q, ++term)
+            if (MeshEqs[p] != 0 && MeshEqs[q] != 0)
+                ProfileAdd(element[term], std::min(MeshEqs[p], MeshEqs[q]), std::max(MeshEqs[p], MeshEqs[q]));
+}
+
+static void AddSurfaceLoad(const ElementRecord &element, const std::array<int, 25> &MeshEqs) {
+    for (std::size_t p = 1; p <= kElementFreedoms; ++p)
+        if (MeshEqs[p] > 0) {
+            float &cell = Rhs[RhsIndex(MeshEqs[p], 1)];
+            cell = static_cast<float>(static_cast<double>(cell) + element[kStiffnessTerms + p - 1]);
+        }
+}
+
+void AssembleSystem(const RecordFile &stif, AnalysisWindow &window) {
+    std::fill_n(S + 1, ProfileSize, 0.0F);
+    std::fill_n(Rhs + 1, RhsSize, 0.0F);
+    ElementRecord element{};
+    for (int i = 1; i <= MeshCount; ++i) {
+        window.SetProgLab("Mesh eleman no:" + std::to_string(i));
+        if (MeshTable[i].Sil == 1)
+            continue;
+        const std::array<int, 25> MeshEqs = MeshEquations(MeshNodeData(i));
+        stif.GetRecord(element, i);
+        AddStiffness(element, MeshEqs);
+        AddSurfaceLoad(element, MeshEqs);
+    }
+    AddSprings();
+    AddPointLoads();
+    AddPressures();
+}
+
+} // namespace havuz

@@ -1,0 +1,75 @@
+#include "fea/element_geometry.h"
+
+#include "model/arithmetic.h"
+#include "model/store.h"
+
+#include <string>
+
+namespace havuz {
+
+MeshNodes MeshNodeData(int mesh) {
+    const MeshRecord &record = MeshTable[mesh];
+    MeshNodes m;
+    m.mesh = mesh;
+    m.n = {0, record.N1, record.N2, record.N3, record.N4};
+    for (std::size_t k = 1; k <= 4; ++k) {
+        if (m.n[k] < 1 || m.n[k] > NoktaCount)
+            throw RuntimeFailure(Subscript, "MeshTable(" + std::to_string(mesh) + ") names node " +
+                                                std::to_string(m.n[k]) + " outside 1.." + std::to_string(NoktaCount));
+        const NoktaRecord &node = NoktaTable[m.n[k]];
+        m.x[k] = node.X;
+        m.y[k] = node.Y;
+        m.z[k] = node.Z;
+    }
+    return m;
+}
+
+// The mean of two sides, from point a to b and from d to c.
+static Vector3 MeanSide(const MeshNodes &m, std::size_t a, std::size_t b, std::size_t d, std::size_t c) {
+    return {((m.x[b] - m.x[a]) + (m.x[c] - m.x[d])) / 2.0, ((m.y[b] - m.y[a]) + (m.y[c] - m.y[d])) / 2.0,
+            ((m.z[b] - m.z[a]) + (m.z[c] - m.z[d])) / 2.0};
+}
+
+static Vector3 Normalised(const Vector3 &v, int mesh) {
+    const double length = Distance3(v.x, v.y, v.z);
+    if (length == 0.0)
+        throw RuntimeFailure(DivisionByZero,
+                             "MeshTable(" + std::to_string(mesh) + ") has no extent or no area: division by zero");
+    return {v.x / length, v.y / length, v.z / length};
+}
+
+static std::array<Vector3, 3> LocalAxes(const MeshNodes &m) {
+    const Vector3 vx = MeanSide(m, 1, 2, 4, 3);
+    const Vector3 vy = MeanSide(m, 1, 4, 2, 3);
+    const Vector3 n = {vx.y * vy.z - vx.z * vy.y, vx.z * vy.x - vx.x * vy.z, vx.x * vy.y - vx.y * vy.x};
+    return {Normalised(vx, m.mesh), Normalised(vy, m.mesh), Normalised(n, m.mesh)};
+}
+
+void ElementAxes(Matrix<24, 24> &T, const MeshNodes &m) {
+    const std::array<Vector3, 3> axes = LocalAxes(m);
+    T.clear();
+    for (int block = 0; block < 24; block += 3)
+        for (int row = 1; row <= 3; ++row) {
+            const Vector3 &axis = axes[static_cast<std::size_t>(row - 1)];
+            T(block + row, block + 1) = axis.x;
+            T(block + row, block + 2) = axis.y;
+            T(block + row, block + 3) = axis.z;
+        }
+}
+
+Vector3 LoadToLocal(const Vector3 &f, const MeshNodes &m) {
+    const std::array<Vector3, 3> axes = LocalAxes(m);
+    const auto on = [&f](const Vector3 &axis) { return f.x * axis.x + f.y * axis.y + f.z * axis.z; };
+    return {on(axes[0]), on(axes[1]), on(axes[2])};
+}
+
+void UniformLoadVector(double area, const Vector3 &f, std::array<double, 25> &F) {
+    F = {};
+    for (std::size_t node = 0; node < 24; node += 6) {
+        F[node + 1] = area * f.x / 4.0;
+        F[node + 2] = area * f.y / 4.0;
+        F[node + 3] = area * f.z / 4.0;
+    }
+}
+
+} // namespace havuz

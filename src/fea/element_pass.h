@@ -1,0 +1,23 @@
+// The passes of the analysis over the meshes: section data and free flags, element matrices into STIF001, results into
+// ".DEP" and ".SON". Private to the driver and its tests. Units: m, t.
+#pragma once
+
+#include "fea/analysis_window.h"
+#include "fea/record_file.h"
+
+namespace havuz {
+
+// Mean side lengths, thickness and area loads of every active mesh into its record; free flags of its nodes.
+void MeshPass();
+
+// Stiffness and surface load of every active mesh, in global axes, into its record of STIF001. ElementSwitch chooses the
+// element. E in t/m2.
+void ElementPass(double E, RecordFile &stif, AnalysisWindow &window);
+
+// Displacements of every node: the solution, or exactly 0 for a held freedom.
+void WriteDisplacements(RecordFile &dep);
+
+// Corner results of every mesh in every column; 0 for a switched-off mesh and for the columns above YukSayisi.
+void StressPass(double E, RecordFile &son);
+
+} // namespace havuz

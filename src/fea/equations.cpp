@@ -1,0 +1,133 @@
+#include "fea/equations.h"
+
+#include "fea/system.h"
+#include "model/store.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace havuz {
+
+void NodeEquationFlags(const MeshNodes &m) {
+    for (std::size_t k = 1; k <= 4; ++k) {
+        NoktaRecord &node = NoktaTable[m.n[k]];
+        const int held = node.Mesnet;
+        const int translation = (held & 4) != 0 ? 0 : 1;
+        const int rx = (held & 1) != 0 ? 0 : 1;
+        const int ry = (held & 2) != 0 ? 0 : 1;
+        node.Denklem[1] = node.Denklem[2] = node.Denklem[3] = translation;
+        node.Denklem[4] = rx;
+        node.Denklem[5] = ry;
+        node.Denklem[6] = rx == 1 && ry == 1 ? 1 : 0;
+    }
+}
+
+void NumberEquations() {
+    EquationCount = 0;
+    for (int i = 1; i <= NoktaCount; ++i)
+        for (int d = 1; d <= kNodeFreedoms; ++d)
+            if (Int16 &slot = NoktaTable[i].Denklem[d]; slot > 0)
+                slot = ++EquationCount;
+}
+
+std::array<int, 25> MeshEquations(const MeshNodes &m) {
+    std::array<int, 25> equations{};
+    std::size_t place = 0;
+    for (std::size_t k = 1; k <= 4; ++k)
+        for (int d = 1; d <= kNodeFreedoms; ++d)
+            equations[++place] = NoktaTable[m.n[k]].Denklem[d];
+    return equations;
+}
+
+namespace {
+
+// The picture of the profile: origin (20, 20), at most 300 pixels.
+class ProfilePicture {
+public:
+    explicit ProfilePicture(AnalysisWindow &window)
+        : window_(window), drawn_(window.DrawsProfile()), scale_(EquationCount > 300 ? 300.0 / EquationCount : 1.0) {
+        window_.FillBox(20.0, 20.0, EquationCount * scale_, 9);
+        window_.OutlineBox(19.0, 19.0, EquationCount * scale_ + 2.0, 12);
+    }
+    void point(int e, int f) {
+        if (drawn_)
+            window_.Point(20.0 + scale_ * e, 20.0 + scale_ * f, 14);
+    }
+
+private:
+    AnalysisWindow &window_;
+    bool drawn_;
+    double scale_;
+};
+
+// ProfileDiag holds row lengths here.
+void ProfileMark(int p, int q, ProfilePicture &picture) {
+    for (int i = 1; i <= kNodeFreedoms; ++i) {
+        const int e = NoktaTable[p].Denklem[i];
+        if (e <= 0)
+            continue;
+        for (int j = 1; j <= kNodeFreedoms; ++j) {
+            const int f = NoktaTable[q].Denklem[j];
+            if (f <= 0)
+                continue;
+            picture.point(e, f);
+            ProfileDiag[e] = std::max(ProfileDiag[e], std::abs(e - f) + 1);
+        }
+    }
+}
+
+void MarkRowLengths(ProfilePicture &picture) {
+    std::fill_n(ProfileDiag + 1, EquationCount, 0);
+    for (int i = 1; i <= MeshCount; ++i) {
+        if (MeshTable[i].Sil == 1)
+            continue;
+        const MeshNodes m = MeshNodeData(i);
+        for (std::size_t p = 1; p <= 4; ++p)
+            for (std::size_t q = 1; q <= 4; ++q)
+                ProfileMark(m.n[p], m.n[q], picture);
+    }
+}
+
+// Fill-in of the elimination always lands inside: a row reaches as far as the row before it.
+void CloseEnvelope() {
+    for (int i = 2; i <= EquationCount; ++i)
+        ProfileDiag[i] = std::max(ProfileDiag[i], ProfileDiag[i - 1] - 1);
+}
+
+void LengthsToAddresses() {
+    int first = 1;
+    for (int i = 1; i <= EquationCount; ++i) {
+        const int length = ProfileDiag[i];
+        ProfileDiag[i] = first;
+        first += length;
+    }
+    ProfileDiag[EquationCount + 1] = EquationCount > 0 ? ProfileDiag[EquationCount] + 1 : 1;
+    ProfileSize = ProfileDiag[EquationCount + 1];
+}
+
+} // namespace
+
+void ProfileBuild(AnalysisWindow &window) {
+    ProfilePicture picture(window);
+    ProfileDiag[0] = 0;
+    MarkRowLengths(picture);
+    CloseEnvelope();
+    LengthsToAddresses();
+}
+
+void LoadColumnSetup(AnalysisWindow &window) {
+    YukListesi = {};
+    YukSayisi = 1; // column 1: surface and point loads
+    for (int i = 0; i <= kYukKombinasyonLast; ++i)
+        if (YukKombinasyon[i] > 0)
+            YukListesi[++YukSayisi] = 11 + i;
+    for (int i = 0; i <= kYukDurumLast; ++i)
+        if (YukDurum[i] > 0)
+            YukListesi[++YukSayisi] = i + 1;
+    RhsSize = YukSayisi * EquationCount;
+    window.TextLine(50, "Denklem       : " + std::to_string(EquationCount));
+    window.TextLine(70, "S()  size     : " + std::to_string(ProfileSize));
+    window.TextLine(90, "Nokta sayisi  : " + std::to_string(NoktaCount));
+}
+
+} // namespace havuz

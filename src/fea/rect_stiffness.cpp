@@ -1,0 +1,102 @@
+// Closed-form stiffness of the rectangular shell element. Units: m, t.
+#include "fea/rect_shell.h"
+
+#include "model/arithmetic.h"
+
+#include <initializer_list>
+
+namespace havuz {
+
+namespace {
+
+struct Entry {
+    int row, column; // a row below 0 takes the negative of the term
+};
+
+// Writes one term into its entries of the upper triangle.
+class TermWriter {
+public:
+    explicit TermWriter(Matrix<24, 24> &k) : k_(k) {}
+    void operator()(double term, std::initializer_list<Entry> entries) const {
+        for (const Entry &e : entries)
+            k_(e.row < 0 ? -e.row : e.row, e.column) = e.row < 0 ? -term : term;
+    }
+
+private:
+    Matrix<24, 24> &k_;
+};
+
+// Bilinear plane stress rectangle, integrated exactly.
+void PutMembrane(const TermWriter &put, double a, double b, double E, double v, double t) {
+    const double C = E * t / (1.0 - v * v);
+    const double Cv = v * C;
+    const double G = E * t / (2.0 * (1.0 + v));
+    const double a2 = a * a;
+    const double b2 = b * b;
+    // clang-format off
+    put((C * b2 + G * a2) / (3.0 * a * b), {{1, 1}, {7, 7}, {13, 13}, {19, 19}});
+    put((Cv + G) / 4.0, {{1, 2}, {13, 14}, {7, 20}, {8, 19}, {-1, 14}, {-2, 13}, {-7, 8}, {-19, 20}});
+    put(-(2.0 * C * b2 - G * a2) / (6.0 * a * b), {{1, 7}, {13, 19}});
+    put(-(Cv - G) / 4.0, {{1, 20}, {2, 7}, {8, 13}, {14, 19}, {-1, 8}, {-2, 19}, {-7, 14}, {-13, 20}});
+    put(-(C * b2 + G * a2) / (6.0 * a * b), {{1, 13}, {7, 19}});
+    put((C * b2 - 2.0 * G * a2) / (6.0 * a * b), {{1, 19}, {7, 13}});
+    put((C * a2 + G * b2) / (3.0 * a * b), {{2, 2}, {8, 8}, {14, 14}, {20, 20}});
+    put((C * a2 - 2.0 * G * b2) / (6.0 * a * b), {{2, 8}, {14, 20}});
+    put(-(C * a2 + G * b2) / (6.0 * a * b), {{2, 14}, {8, 20}});
+    put(-(2.0 * C * a2 - G * b2) / (6.0 * a * b), {{2, 20}, {8, 14}});
+    // clang-format on
+}
+
+// Twelve-term plate bending rectangle (Melosh; Zienkiewicz and Cheung), w with rx = -dw/dy and ry = +dw/dx at each node.
+void PutBending(const TermWriter &put, double a, double b, double E, double v, double t) {
+    const double D = E * (t * t * t) / (12.0 * (1.0 - v * v));
+    const double Dv = v * D;
+    const double Dk = (1.0 - v) * D / 2.0;
+    const double a2 = a * a;
+    const double b2 = b * b;
+    const double a3 = a2 * a;
+    const double b3 = b2 * b;
+    const double a4 = a2 * a2;
+    const double b4 = b2 * b2;
+    // clang-format off
+    put(2.0 * (10.0 * D * b4 + 10.0 * D * a4 + 5.0 * a2 * b2 * Dv + 14.0 * a2 * b2 * Dk) / (5.0 * a3 * b3), {{3, 3}, {9, 9}, {15, 15}, {21, 21}});
+    put(-(10.0 * D * a2 + 5.0 * b2 * Dv + 2.0 * b2 * Dk) / (5.0 * a * b2), {{3, 4}, {9, 10}, {-15, 16}, {-21, 22}});
+    put((10.0 * D * b2 + 5.0 * a2 * Dv + 2.0 * a2 * Dk) / (5.0 * a2 * b), {{3, 5}, {21, 23}, {-9, 11}, {-15, 17}});
+    put(-2.0 * (10.0 * D * b4 - 5.0 * D * a4 + 5.0 * a2 * b2 * Dv + 14.0 * a2 * b2 * Dk) / (5.0 * a3 * b3), {{3, 9}, {15, 21}});
+    put(-(5.0 * D * a2 - 5.0 * b2 * Dv - 2.0 * b2 * Dk) / (5.0 * a * b2), {{3, 10}, {4, 9}, {-15, 22}, {-16, 21}});
+    put(2.0 * (5.0 * D * b2 + a2 * Dk) / (5.0 * a2 * b), {{3, 11}, {17, 21}, {-5, 9}, {-15, 23}});
+    put(-2.0 * (5.0 * D * b4 + 5.0 * D * a4 - 5.0 * a2 * b2 * Dv - 14.0 * a2 * b2 * Dk) / (5.0 * a3 * b3), {{3, 15}, {9, 21}});
+    put(-(5.0 * D * a2 - 2.0 * b2 * Dk) / (5.0 * a * b2), {{3, 16}, {9, 22}, {-4, 15}, {-10, 21}});
+    put((5.0 * D * b2 - 2.0 * a2 * Dk) / (5.0 * a2 * b), {{3, 17}, {11, 21}, {-5, 15}, {-9, 23}});
+    put(2.0 * (5.0 * D * b4 - 10.0 * D * a4 - 5.0 * a2 * b2 * Dv - 14.0 * a2 * b2 * Dk) / (5.0 * a3 * b3), {{3, 21}, {9, 15}});
+    put(-2.0 * (5.0 * D * a2 + b2 * Dk) / (5.0 * a * b2), {{3, 22}, {9, 16}, {-4, 21}, {-10, 15}});
+    put((5.0 * D * b2 - 5.0 * a2 * Dv - 2.0 * a2 * Dk) / (5.0 * a2 * b), {{3, 23}, {5, 21}, {-9, 17}, {-11, 15}});
+    put(4.0 * (5.0 * D * a2 + 2.0 * b2 * Dk) / (15.0 * a * b), {{4, 4}, {10, 10}, {16, 16}, {22, 22}});
+    put(-Dv, {{4, 5}, {16, 17}, {-10, 11}, {-22, 23}});
+    put(2.0 * (5.0 * D * a2 - 4.0 * b2 * Dk) / (15.0 * a * b), {{4, 10}, {16, 22}});
+    put((5.0 * D * a2 + 2.0 * b2 * Dk) / (15.0 * a * b), {{4, 16}, {10, 22}});
+    put(2.0 * (5.0 * D * a2 - b2 * Dk) / (15.0 * a * b), {{4, 22}, {10, 16}});
+    put(4.0 * (5.0 * D * b2 + 2.0 * a2 * Dk) / (15.0 * a * b), {{5, 5}, {11, 11}, {17, 17}, {23, 23}});
+    put(2.0 * (5.0 * D * b2 - a2 * Dk) / (15.0 * a * b), {{5, 11}, {17, 23}});
+    put((5.0 * D * b2 + 2.0 * a2 * Dk) / (15.0 * a * b), {{5, 17}, {11, 23}});
+    put(2.0 * (5.0 * D * b2 - 4.0 * a2 * Dk) / (15.0 * a * b), {{5, 23}, {11, 17}});
+    // clang-format on
+}
+
+} // namespace
+
+void RectShellStiffness(Matrix<24, 24> &K, double a, double b, double E, double v, double t) {
+    if (a == 0.0 || b == 0.0)
+        throw RuntimeFailure(DivisionByZero, "RectShellStiffness: a side of length 0");
+    K.clear();
+    const TermWriter put(K);
+    PutMembrane(put, a, b, E, v, t);
+    PutBending(put, a, b, E, v, t);
+    for (int n = 6; n <= 24; n += 6)
+        K(n, n) = 0.000001; // token stiffness of the drilling freedom
+    for (int i = 1; i <= 24; ++i)
+        for (int j = i + 1; j <= 24; ++j)
+            K(j, i) = K(i, j);
+}
+
+} // namespace havuz
