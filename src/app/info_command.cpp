@@ -1,2 +1,202 @@
+// havuz-cli info: what an engineer wants to know of a project.
 #include "app/cli.h"
-namespace havuz { void AddInfoCommand(CLI::App &, Job &) {} }
+#include "app/facts.h"
+#include "app/project.h"
+#include "fea/element_pass.h"
+#include "fea/equations.h"
+#include "fea/result_summary.h"
+#include "fea/system.h"
+#include "model/files.h"
+#include "model/store.h"
+
+#include <algorithm>
+#include <iostream>
+#include <memory>
+
+namespace havuz {
+
+namespace {
+
+FactSection ProjectFacts(const std::string &file) {
+    const char *types[] = {"cell layout", "rectangular", "circular"};
+    const std::string type = HavuzTip >= 0 && HavuzTip <= 2 ? types[static_cast<int>(HavuzTip)] : "other";
+    return {"project",
+            "project",
+            {{"file", "file", file, ""},
+             {"title", "title", ProjeIsmi, ""},
+             {"poolType", "pool type", type, ""},
+             {"panels", "panels", PanelCount + 0.0, ""},
+             {"plates", "plates", PlakCount + 0.0, ""},
+             {"meshed", "meshed", MeshCount > 0, ""},
+             {"nodes", "nodes", NoktaCount + 0.0, ""},
+             {"meshes", "meshes", MeshCount + 0.0, ""}}};
+}
+
+// The box around everything the model has: panel corners, plate points, nodes.
+class Extents {
+public:
+    template <class Point>
+    void take(const Point &p) {
+        add(0, p.X);
+        add(1, p.Y);
+        add(2, p.Z);
+    }
+    void takePoint(double x, double y, double z) {
+        add(0, x);
+        add(1, y);
+        add(2, z);
+    }
+    FactSection facts() const {
+        FactSection section{"extents", "extents", {}};
+        const char *axes[] = {"x", "y", "z"};
+        for (std::size_t i = 0; i < 3; ++i)
+            if (!empty_)
+                section.facts.push_back(
+                    {axes[i], std::string(axes[i]) + " from, to", std::vector<double>{low_[i], high_[i]}, "m"});
+        return section;
+    }
+
+private:
+    void add(std::size_t axis, double v) {
+        low_[axis] = empty_ ? v : std::min(low_[axis], v);
+        high_[axis] = empty_ ? v : std::max(high_[axis], v);
+        empty_ = empty_ && axis < 2;
+    }
+    bool empty_ = true;
+    double low_[3] = {}, high_[3] = {};
+};
+
+FactSection ExtentFacts() {
+    Extents extents;
+    for (int i = 1; i <= NoktaCount; ++i)
+        extents.take(NoktaTable[i]);
+    if (NoktaCount > 0)
+        return extents.facts();
+    for (int i = 1; i <= PanelCount; ++i)
+        for (int k = 1; k <= 4; ++k)
+            extents.takePoint(PanelTable[i].X[k], PanelTable[i].Y[k], PanelTable[i].Z[k]);
+    for (int i = 1; i <= PlakCount; ++i)
+        for (int k = 1; k <= PlakTable[i].NoktaSayisi; ++k)
+            extents.takePoint(PlakTable[i].X[k], PlakTable[i].Y[k], PlakTable[i].Z[k]);
+    return extents.facts();
+}
+
+int HeldNodes(int bit) {
+    int count = 0;
+    for (int i = 1; i <= NoktaCount; ++i)
+        count += (NoktaTable[i].Mesnet & bit) != 0 ? 1 : 0;
+    return count;
+}
+
+FactSection SupportFacts() {
+    int edges = 0;
+    for (int i = 1; i <= PanelCount; ++i)
+        for (int e = 1; e <= 4; ++e)
+            edges += PanelTable[i].KenarMesnet[e] != 0 ? 1 : 0;
+    return {"supports",
+            "supports",
+            {{"translationHeld", "nodes held against translation", HeldNodes(4) + 0.0, ""},
+             {"rotationXHeld", "nodes held against rotation x", HeldNodes(1) + 0.0, ""},
+             {"rotationYHeld", "nodes held against rotation y", HeldNodes(2) + 0.0, ""},
+             {"supportedEdges", "supported panel edges", edges + 0.0, ""}}};
+}
+
+FactSection LoadFacts() {
+    int nodes = 0;
+    double fx = 0.0;
+    double fy = 0.0;
+    double fz = 0.0;
+    for (int i = 1; i <= NoktaCount; ++i) {
+        const NokYukRecord &load = NokYukTable[i];
+        nodes += load.FX != 0.0 || load.FY != 0.0 || load.FZ != 0.0 ? 1 : 0;
+        fx += load.FX;
+        fy += load.FY;
+        fz += load.FZ;
+    }
+    std::vector<std::string> situations;
+    for (int i = 0; i <= kYukKombinasyonLast; ++i)
+        if (YukKombinasyon[i] > 0)
+            situations.push_back(LoadCodeWords(11 + i));
+    for (int i = 0; i <= kYukDurumLast; ++i)
+        if (YukDurum[i] > 0)
+            situations.push_back(LoadCodeWords(i + 1));
+    return {"loads",
+            "loads",
+            {{"situations", "load situations", situations, ""},
+             {"pointLoads", "nodes with a point load", nodes + 0.0, ""},
+             {"pointLoadSum", "sum of FX, FY, FZ", std::vector<double>{fx, fy, fz}, "t"}}};
+}
+
+FactSection ParameterFacts() {
+    std::vector<double> diameters;
+    for (int i = 1; i <= 13; ++i)
+        if (DonatiCaplari[i] > 0)
+            diameters.push_back(DonatiCaplari[i]);
+    return {"parameters",
+            "parameters",
+            {{"ZeminKo", "Ko subgrade coefficient", ZeminKo, "t/m3"},
+             {"ZeminGzem", "Gzem allowable soil stress", ZeminGzem, "t/m2"},
+             {"ZeminKa", "Ka lateral soil load", ZeminKa, ""},
+             {"ZeminYogunluk", "soil density", ZeminYogunluk, "t/m3"},
+             {"SiviYogunluk", "liquid density", SiviYogunluk, "t/m3"},
+             {"YeraltiSuKotu", "groundwater level", YeraltiSuKotu, "m"},
+             {"SiviKotu", "liquid level", SiviKotu, "m"},
+             {"ToprakKotu", "soil level", ToprakKotu, "m"},
+             {"UstKot", "top level", UstKot, "m"},
+             {"AltKot", "bottom level", AltKot, "m"},
+             {"Lx", HavuzTip == 2 ? "Lx diameter" : "Lx length in x", Lx, "m"},
+             {"Ly", "Ly length in y", Ly, "m"},
+             {"Bk", "Bk width of the top strip", Bk, "m"},
+             {"KenarKalinlik", "dp wall thickness", KenarKalinlik, "cm"},
+             {"AltKalinlik", "ds base thickness", AltKalinlik, "cm"},
+             {"Fck", "concrete strength fck", Fck, "kg/cm2"},
+             {"Fyk", "steel strength fyk", Fyk, "kg/cm2"},
+             {"HesapYontem", "design method", HesapYontem == 0 ? "EMNIYET GERILMESI" : "TASIMA GUCU", ""},
+             {"DonatiCaplari", "bar diameters", diameters, "mm"}}};
+}
+
+// The sizes that a run would have; the model in the store keeps its section data and equation numbers.
+FactSection AnalysisFacts() {
+    AnalysisWindow none;
+    MeshPass();
+    NumberEquations();
+    ProfileBuild(none);
+    LoadColumnSetup(none);
+    std::vector<std::string> results;
+    for (const char *extension : {".DEP", ".SON"})
+        if (FileExists(ProjeYolu + extension))
+            results.push_back(ProjeYolu + extension);
+    return {"analysis",
+            "analysis",
+            {{"equations", "equations", EquationCount + 0.0, ""},
+             {"profileSize", "profile size S()", ProfileSize + 0.0, "cells"},
+             {"loadColumns", "load columns", YukSayisi + 0.0, ""},
+             {"fits", "fits the arrays of the analysis", SystemFits(), ""},
+             {"resultFiles", "result files", results, ""}}};
+}
+
+void PrintInfo(const std::string &file, bool json) {
+    OpenProject(file);
+    const std::vector<FactSection> sections = {ProjectFacts(file), ExtentFacts(),   SupportFacts(),
+                                               LoadFacts(),        ParameterFacts(), AnalysisFacts()};
+    if (json)
+        PrintFactsAsJson(sections, std::cout);
+    else
+        PrintFacts(sections, std::cout);
+}
+
+} // namespace
+
+void AddInfoCommand(CLI::App &parser, Job &job) {
+    struct Options {
+        std::string file;
+        bool json = false;
+    };
+    const auto o = std::make_shared<Options>();
+    CLI::App *command = parser.add_subcommand("info", "what is in a project");
+    command->add_option("file", o->file, "project file")->required()->type_name("FILE.POL");
+    command->add_flag("--json", o->json, "the same for programs");
+    command->callback([o, &job] { job = {o->file, [o] { PrintInfo(o->file, o->json); }}; });
+}
+
+} // namespace havuz

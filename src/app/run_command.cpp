@@ -1,2 +1,144 @@
+// havuz-cli run: the analysis of a meshed project, its result files and a summary of them.
 #include "app/cli.h"
-namespace havuz { void AddRunCommand(CLI::App &, Job &) {} }
+#include "app/project.h"
+#include "fea/analysis.h"
+#include "fea/result_summary.h"
+#include "model/files.h"
+#include "model/options.h"
+#include "model/store.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <spawn.h>
+#include <unistd.h>
+
+namespace havuz {
+
+namespace {
+
+// The private folder of a run for its scratch file.
+class ScratchFolder {
+public:
+    ScratchFolder() : path_((std::filesystem::temp_directory_path() / "havuz-XXXXXX").string()) {
+        if (mkdtemp(path_.data()) == nullptr)
+            throw RuntimeFailure(File, path_ + ": cannot be created");
+    }
+    ~ScratchFolder() {
+        std::error_code error;
+        std::filesystem::remove_all(path_, error);
+    }
+    ScratchFolder(const ScratchFolder &) = delete;
+    ScratchFolder &operator=(const ScratchFolder &) = delete;
+    const std::string &path() const { return path_; }
+
+private:
+    std::string path_;
+};
+
+// The three sizes on standard output, as the window shows them; the progress as a bar on a terminal.
+class ShellAnalysisWindow : public AnalysisWindow {
+public:
+    ShellAnalysisWindow(std::string scratch, bool quiet)
+        : scratch_(std::move(scratch)), bar_(!quiet && isatty(STDERR_FILENO) != 0), quiet_(quiet) {}
+    ~ShellAnalysisWindow() override {
+        if (bar_)
+            std::cerr << "\r\033[K";
+    }
+    void Label(const std::string &text, bool /*white*/) override {
+        if (!bar_)
+            return;
+        const auto filled = static_cast<std::size_t>(std::atoi(text.c_str())) * 2 / 5;
+        std::cerr << "\r[" << std::string(filled, '#') << std::string(40 - filled, '.') << "] " << text << std::flush;
+    }
+    void TextLine(int height, const std::string &text) override {
+        if (height < 120)
+            std::cout << text << std::endl; // also before a failure
+        else if (!quiet_)
+            std::cerr << text << "\n";
+    }
+    std::string ScratchFile() const override { return scratch_ + "/STIF001"; }
+    void StartProgram(const std::string &command, const std::string &projectPath) override {
+        std::string script = command + " \"$1\"";
+        std::string path = projectPath;
+        char shell[] = "sh";
+        char option[] = "-c";
+        char *arguments[] = {shell, option, script.data(), shell, path.data(), nullptr};
+        std::cout.flush();
+        pid_t child = 0;
+        if (posix_spawn(&child, "/bin/sh", nullptr, nullptr, arguments, environ) != 0)
+            throw RuntimeFailure(File, command + ": cannot be started");
+    }
+
+private:
+    std::string scratch_;
+    bool bar_, quiet_;
+};
+
+std::string Place(int node) {
+    const NoktaRecord &n = NoktaTable[node];
+    char text[96];
+    std::snprintf(text, sizeof text, "(%.2f, %.2f, %.2f)", n.X + 0.0, n.Y + 0.0, n.Z + 0.0);
+    return text;
+}
+
+void PrintExtreme(const char *label, double value, const char *unit, const NodeExtreme &e) {
+    if (e.node == 0)
+        return;
+    std::printf("  %-34s %10.3f %-6s %s %d at %s\n", label, value, unit, e.mesh != 0 ? "mesh" : "node",
+                e.mesh != 0 ? e.mesh : e.node, Place(e.node).c_str());
+}
+
+void PrintColumn(int c, const ColumnSummary &s) {
+    std::printf("\nload column %d: %s\n", c, LoadCodeWords(s.code).c_str());
+    if (s.settlement.value >= 0.0)
+        PrintExtreme("greatest settlement", s.settlement.value * 1000.0, "mm", s.settlement);
+    else
+        PrintExtreme("everything rises, least by", -s.settlement.value * 1000.0, "mm", s.settlement);
+    PrintExtreme("greatest wall displacement", s.wall.value * 1000.0, "mm", s.wall);
+    PrintExtreme("greatest Mx", s.mx.value, "t.m/m", s.mx);
+    PrintExtreme("greatest My", s.my.value, "t.m/m", s.my);
+    std::printf("  %-34s %10.3f t\n  %-34s %10.3f t\n", "sum of vertical loads, downward", s.verticalLoad,
+                "sum of spring forces, upward", s.springForce);
+}
+
+void PrintSummary() {
+    int c = 0;
+    for (const ColumnSummary &column : SummariseResults(ProjeYolu))
+        PrintColumn(++c, column);
+    std::fflush(stdout);
+}
+
+void RunProject(const std::string &file, const std::string &outputProgram, bool quiet) {
+    OpenProject(file);
+    if (MeshCount == 0)
+        std::cerr << file << ": the model has no mesh, the result files stay empty; havuz-cli mesh makes one\n";
+    const ScratchFolder scratch;
+    try {
+        ShellAnalysisWindow window(scratch.path(), quiet);
+        AnalysisRun({ProjeYolu, CalismaDizini + "/WORKPOOL", outputProgram}, window);
+    } catch (const ProgramEnd &) { // the end of a run that went well
+    }
+    if (!quiet)
+        PrintSummary();
+}
+
+} // namespace
+
+void AddRunCommand(CLI::App &parser, Job &job) {
+    struct Options {
+        std::string file, outputProgram;
+        bool quiet = false;
+    };
+    const auto o = std::make_shared<Options>();
+    CLI::App *command = parser.add_subcommand("run", "analyse a meshed project: FILE.DEP, FILE.SON, WORKPOOL");
+    command->add_option("file", o->file, "project file")->required()->type_name("FILE.POL");
+    command->add_option("--output-program", o->outputProgram, "started at the end with the project path")
+        ->type_name("CMD");
+    command->add_flag("--quiet", o->quiet, "no summary, no progress");
+    command->callback([o, &job] { job = {o->file, [o] { RunProject(o->file, o->outputProgram, o->quiet); }}; });
+}
+
+} // namespace havuz

@@ -3,6 +3,7 @@
 #include "fea/assembly.h"
 #include "fea/element_pass.h"
 #include "fea/equations.h"
+#include "fea/loads.h"
 #include "fea/profile_solve.h"
 #include "fea/progress_bar.h"
 #include "fea/record_file.h"
@@ -52,6 +53,7 @@ void BuildEquations(AnalysisWindow &window) {
 void SolveSystem(double E, RecordFile &stif, AnalysisWindow &window) {
     ElementPass(E, stif, window);
     AssembleSystem(stif, window);
+    SumVerticalLoads();
     window.ShowProgLab(false);
     ProfileSolve(window);
     window.ShowProgLab(true);
@@ -77,7 +79,7 @@ void AnalysisRun(const AnalysisPaths &paths, AnalysisWindow &window) {
         WriteWholeFile(paths.handOver, ToCodePage(paths.project) + "\r\n");
     }
     if (!paths.outputProgram.empty())
-        window.StartProgram(paths.outputProgram + " " + paths.project);
+        window.StartProgram(paths.outputProgram, paths.project);
     window.EndProgram();
     throw ProgramEnd{0}; // EndProgram does not return
 }

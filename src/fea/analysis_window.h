@@ -36,7 +36,8 @@ public:
     virtual void TextLine(int /*height*/, const std::string & /*text*/) {}
 
     virtual std::string ScratchFile() const { return "STIF001"; } // in the current directory
-    virtual void StartProgram(const std::string & /*commandLine*/) {} // without waiting for it
+    // without waiting for it
+    virtual void StartProgram(const std::string & /*command*/, const std::string & /*projectPath*/) {}
     [[noreturn]] virtual void EndProgram() { throw ProgramEnd{0}; }
 };
 

@@ -161,4 +161,12 @@ void AddPressures() {
     }
 }
 
+void SumVerticalLoads() {
+    VerticalLoad = {};
+    for (int i = 1; i <= NoktaCount; ++i)
+        if (const int e = NoktaTable[i].Denklem[kUz]; e > 0)
+            for (int c = 1; c <= YukSayisi; ++c)
+                VerticalLoad[c] += SolutionValue(e, c);
+}
+
 } // namespace havuz

@@ -18,4 +18,7 @@ double OutlineSign();
 // naming the mesh.
 void AddPressures();
 
+// VerticalLoad of each column from the assembled right-hand sides, before they become the solution.
+void SumVerticalLoads();
+
 } // namespace havuz

@@ -3,6 +3,8 @@
 // takes what the unguarded indices of held translations send there.
 #pragma once
 
+#include "model/fields.h"
+
 #include <cstdint>
 
 namespace havuz {
@@ -22,10 +24,14 @@ extern std::int32_t ProfileDiag[kLargestEquation + 2]; // first cell of row i in
 extern float S[kSCapacity + 1];                        // K(i,j), j >= i, lies at ProfileDiag(i)+j-i
 extern float Rhs[kRhsCapacity + 1];                    // column c of equation e lies at YukSayisi*(e-1)+c
 
+// Sum of each column's vertical loads that no support takes at once, t, positive downward; for the summary of a run.
+extern Row<double, 16> VerticalLoad;
+
 void ResetSystem();
 
 // N, the profile or the right-hand sides past their arrays: Subscript, naming the array and the size.
 void CheckSystemSizes();
+bool SystemFits(); // the same as a question
 
 inline int ProfileIndex(int i, int j) { return ProfileDiag[i] + j - i; }
 int RhsIndex(int e, int c);
