@@ -1,0 +1,171 @@
+// The start sequence: option files, directories, defaults, the project of the command line, failures.
+#include "model/files.h"
+#include "model/options.h"
+#include "model/startup.h"
+#include "model/store.h"
+#include "support.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace havuz {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// A program folder of one's own, named by HAVUZ_HOME.
+class ProgramFolder {
+public:
+    ProgramFolder() {
+        fs::copy(std::string(HAVUZ_SOURCE_DIR) + "/programdir", folder_.path(), fs::copy_options::recursive);
+        setenv("HAVUZ_HOME", folder_.path().c_str(), 1);
+        ResetStore();
+        ResetOptions();
+    }
+    ~ProgramFolder() { unsetenv("HAVUZ_HOME"); }
+    ProgramFolder(const ProgramFolder &) = delete;
+    ProgramFolder &operator=(const ProgramFolder &) = delete;
+    std::string file(const std::string &name) const { return folder_.file(name); }
+    const std::string &path() const { return folder_.path(); }
+
+private:
+    TemporaryFolder folder_;
+};
+
+struct RecordingWindow : StartWindow {
+    std::string log;
+    bool instance = false;
+    bool AnotherInstanceRuns() override { return instance; }
+    void TakePlanState() override { log += "plan "; }
+    void PutFirstState() override { log += "first "; }
+    void ComputeExtents() override { log += "extents "; }
+    void DrawMeshes() override { log += "meshes "; }
+    void DrawPlates() override { log += "plates "; }
+    void SetUpDynamicView() override { log += "dynamic "; }
+    void EnableMainWindow() override { log += "enable "; }
+    void ReportFailure(const std::string &what) override { failure = what; }
+    std::string failure;
+};
+
+int EndOf(const std::string &commandLine, RecordingWindow &window) {
+    try {
+        StartProgram(commandLine, HAVUZ_CLI, window);
+    } catch (const ProgramEnd &end) {
+        return end.status;
+    }
+    return -1;
+}
+
+} // namespace
+
+TEST(Start, WithoutAProjectEndsInThePlanViewOfAnEmptyModel) {
+    const ProgramFolder program;
+    RecordingWindow window;
+    EXPECT_EQ(EndOf("", window), -1);
+    EXPECT_EQ(window.log, "first plan plates dynamic ");
+    EXPECT_EQ(ProgramDizini, program.path());
+    EXPECT_EQ(CalismaDizini, program.path() + "/VEK9DATA");
+    EXPECT_EQ(BetonTablosu[3], 250);
+    EXPECT_EQ(CelikTablosu[5], 5000);
+    EXPECT_EQ(YukFaktorP, 1.6);
+    EXPECT_EQ(Fck, 200); // whatever the card holds
+    EXPECT_EQ(IsoView, 0);
+    EXPECT_EQ(DonatiCaplari[1], 8);
+}
+
+TEST(Start, AProjectOfTheCommandLineLosesItsPoolParameters) {
+    const ProgramFolder program;
+    WriteBytes(program.file("P.POL"), "t\r\n1,0,0,0,1\r\n0,1,2,3,4,5,6\r\n9,9,9,9,9,9,9,9,9,9,9\r\n");
+    RecordingWindow window;
+    EXPECT_EQ(EndOf(program.file("P"), window), -1);
+    EXPECT_EQ(window.log, "first extents meshes dynamic ");
+    EXPECT_EQ(ZeminGzem, 2);
+    EXPECT_EQ(Lx, 10);
+    EXPECT_EQ(Bk, 1);
+    EXPECT_EQ(IsoView, 1);
+    EXPECT_EQ(ProjeAdi, program.file("P"));
+}
+
+TEST(Start, FailuresEndTheProgramWithStatusOneAndOneLine) {
+    for (const char *missing : {"VEKCARD.OPS", "DIMS.OPS", "VEK9DATA/WORKING"}) {
+        const ProgramFolder program;
+        fs::remove(program.file(missing));
+        RecordingWindow window;
+        EXPECT_EQ(EndOf("", window), 1);
+        EXPECT_EQ(window.log.substr(window.log.size() - 7), "enable ");
+        EXPECT_EQ(window.failure, program.file(missing) + ": cannot be opened");
+    }
+    const ProgramFolder program;
+    RecordingWindow window;
+    EXPECT_EQ(EndOf(program.file("NONE"), window), 1);
+    WriteBytes(program.file("VEKCARD.OPS"), "x\r\n1,2,3,4,5,6,7\r\n1,2,3,4,5\r\n160,abc\r\n");
+    EXPECT_EQ(EndOf("", window), 1);
+    EXPECT_EQ(window.failure, program.file("VEKCARD.OPS") + ": line 4, field 2 (record(4) value): \"abc\" is not a number");
+}
+
+TEST(Start, ASecondInstanceEndsAtOnceAndSilently) {
+    const ProgramFolder program;
+    RecordingWindow window;
+    window.instance = true;
+    EXPECT_EQ(EndOf("", window), 0);
+    EXPECT_EQ(window.log + window.failure, "");
+}
+
+TEST(Start, TheWorkingDirectory) {
+    const ProgramFolder program;
+    const TemporaryFolder data;
+    WriteBytes(data.file("WORKING"), "x");
+    RecordingWindow window;
+    const std::string inner = "C:" + data.path() + "\\\r\n"; // drive dropped, separators turned
+    WriteBytes(program.file("working.dir"), inner);          // whatever the case of its name
+    EXPECT_EQ(EndOf("", window), -1);
+    EXPECT_EQ(CalismaDizini, data.path());
+    setenv("HOME", data.path().c_str(), 1);
+    WriteBytes(program.file("working.dir"), "~");
+    EXPECT_EQ(EndOf("", window), -1);
+    EXPECT_EQ(CalismaDizini, data.path());
+    for (const char *fallsBack : {"/no/such/directory\r\n", ""}) {
+        WriteBytes(program.file("working.dir"), fallsBack);
+        EXPECT_EQ(EndOf("", window), -1);
+        EXPECT_EQ(CalismaDizini, program.path() + "/VEK9DATA");
+    }
+}
+
+TEST(Start, TheLoadFactorFile) {
+    const ProgramFolder program;
+    RecordingWindow window;
+    const std::tuple<const char *, double, double> cases[] = {{"x\r\n1.2,1.5,0,0,0\r\n", 1.2, 1.5}, {"x\r\n", 0, 0}};
+    for (const auto &[text, g, p] : cases) {
+        WriteBytes(program.file("VEK9.COD"), text);
+        EXPECT_EQ(EndOf("", window), -1);
+        EXPECT_EQ(YukFaktorG, g);
+        EXPECT_EQ(YukFaktorP, p);
+    }
+    fs::remove(program.file("VEK9.COD"));
+    EXPECT_EQ(EndOf("", window), -1);
+    EXPECT_EQ(YukFaktorG, 1.4);
+}
+
+TEST(Start, TheFontIsIndexedByItsSignedCodes) {
+    const ProgramFolder program;
+    WriteBytes(program.file("ROMANS.FON"), std::string("A\0....A\0....\xFF\xFF....B\0..", 22));
+    RecordingWindow window;
+    EXPECT_EQ(EndOf("", window), -1);
+    EXPECT_EQ(FontTablosu[65].first, 1);
+    EXPECT_EQ(FontTablosu[65].last, 2);
+    EXPECT_EQ(FontTablosu[-1].last, 3);
+    EXPECT_EQ(FontTablosu.count(66), 0U); // a rest of 4 bytes is no record
+}
+
+TEST(Start, TheProgramDirectoryOfAnInstalledProgram) {
+    const ProgramFolder program;
+    unsetenv("HAVUZ_HOME");
+    EXPECT_EQ(FindProgramDirectory("/opt/x/bin/havuz"), "/opt/x/share/havuz");
+    EXPECT_EQ(FindProgramDirectory(program.file("havuz-cli")), program.path());
+    setenv("HAVUZ_HOME", "/a/VBVEK/b", 1);
+    EXPECT_EQ(FindProgramDirectory("/opt/x/bin/havuz"), "/VEK9V12");
+}
+
+} // namespace havuz
