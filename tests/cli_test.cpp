@@ -1,0 +1,144 @@
+// havuz-cli as a shell sees it: results on standard output, one line of failure on standard error, the exit status, the
+// files it leaves.
+#include "support.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace havuz {
+
+namespace {
+
+struct Ended {
+    int status = -1;
+    std::string out, error;
+};
+
+// Runs havuz-cli in the folder.
+Ended Cli(const TemporaryFolder &folder, const std::string &arguments) {
+    const std::string command = "cd " + folder.path() + " && " + HAVUZ_CLI + " " + arguments + " >out 2>error";
+    const int status = std::system(command.c_str());
+    const Ended ended{WEXITSTATUS(status), ReadBytes(folder.file("out")), ReadBytes(folder.file("error"))};
+    std::filesystem::remove(folder.file("out"));
+    std::filesystem::remove(folder.file("error"));
+    return ended;
+}
+
+bool Contains(const std::string &text, const std::string &part) { return text.find(part) != std::string::npos; }
+
+} // namespace
+
+TEST(Cli, FromParametersToResults) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(Cli(folder, "pool rectangular -o P.POL --set Lx=4 --set Ly=3 --set UstKot=2,5 --set 'YukDurum(3)=0'").status,
+              0);
+    EXPECT_EQ(Cli(folder, "mesh P.POL").status, 0);
+    EXPECT_EQ(Cli(folder, "set P.POL ZeminKo=1500 'FZ(3)=2' 'Sil(2)=1' 'KenarMesnet(1,2)=0' 'D(1)=40'").status, 0);
+    const Ended info = Cli(folder, "info p.pol --json"); // whatever the case of its name
+    EXPECT_TRUE(Contains(info.out, "\"ZeminKo\": 1500")) << info.out << info.error;
+    EXPECT_TRUE(Contains(info.out, "\"pointLoadSum\": [0, 0, 2]"));
+    EXPECT_TRUE(Contains(info.out, "\"situations\": [\"liquid and soil\", \"liquid\", \"soil\"]"));
+    EXPECT_TRUE(Contains(info.out, "\"resultFiles\": []"));
+    const std::string before = ReadBytes(folder.file("P.POL"));
+    const Ended run = Cli(folder, "run P.POL --output-program 'printf %s >started'");
+    EXPECT_EQ(run.status, 0) << run.error;
+    EXPECT_EQ(run.out.rfind("Denklem       : ", 0), 0U);
+    EXPECT_TRUE(Contains(run.out, "load column 4: soil\n  greatest settlement"));
+    EXPECT_TRUE(Contains(Cli(folder, "info P.POL").out, folder.file("P.SON")));
+    EXPECT_EQ(ReadBytes(folder.file("WORKPOOL")), folder.file("P") + "\r\n");
+    EXPECT_EQ(ReadBytes(folder.file("P.POL")), before); // a run writes no project
+    for (int i = 0; i < 100 && ReadBytes(folder.file("started")).empty(); ++i)
+        usleep(20000); // it is not waited for
+    EXPECT_EQ(ReadBytes(folder.file("started")), folder.file("P"));
+    const std::string dep = ReadBytes(folder.file("P.DEP"));
+    const std::string son = ReadBytes(folder.file("P.SON"));
+    const Ended quiet = Cli(folder, "run P.POL --quiet");
+    EXPECT_EQ(std::count(quiet.out.begin(), quiet.out.end(), '\n'), 3);
+    EXPECT_EQ(ReadBytes(folder.file("P.DEP")), dep); // the same bytes again
+    EXPECT_EQ(ReadBytes(folder.file("P.SON")), son);
+}
+
+TEST(Cli, ADirectoryWithAPointAndAnotherOutputFile) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder.file("v1.2"));
+    EXPECT_EQ(Cli(folder, "pool circular -o v1.2/C.POL --set Lx=4").status, 0);
+    EXPECT_EQ(Cli(folder, "set v1.2/C.POL -o v1.2/D.POL Fck=300").status, 0);
+    EXPECT_EQ(Cli(folder, "run v1.2/D.POL --quiet").status, 0);
+    EXPECT_NE(ReadBytes(folder.file("v1.2/D.SON")), "");
+}
+
+TEST(Cli, WrongUsageIsTwo) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(Cli(folder, "pool rectangular -o P.POL").status, 0);
+    for (const char *arguments :
+         {"", "bogus", "pool square -o X.POL", "pool rectangular", "pool rectangular -o X.POL --set Lx",
+          "pool rectangular -o X.POL --set Lx=abc", "pool rectangular -o X.POL --set 'Mesnet(1)=4'", "mesh",
+          "mesh P.POL --mesh-width x", "set P.POL", "set P.POL Nosuch=1", "set P.POL 'D=1'", "set P.POL 'D(1,2)=1'",
+          "set P.POL 'Lx(1)=2'", "run P.POL --loud"}) {
+        const Ended ended = Cli(folder, arguments);
+        EXPECT_EQ(ended.status, 2) << arguments << ended.error;
+        EXPECT_EQ(std::count(ended.error.begin(), ended.error.end(), '\n'), 1) << ended.error;
+        EXPECT_FALSE(std::filesystem::exists(folder.file("X.POL"))) << arguments;
+    }
+}
+
+// One line that names the file and the place, status 1, nothing written.
+TEST(Cli, FailuresNameFileAndPlaceAndWriteNothing) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(Cli(folder, "pool rectangular -o P.POL").status, 0);
+    ASSERT_EQ(Cli(folder, "mesh P.POL").status, 0);
+    const std::string good = ReadBytes(folder.file("P.POL"));
+    std::string damaged = good;
+    damaged.replace(damaged.find("0,2000"), 6, "0,2x00");
+    WriteBytes(folder.file("BAD.POL"), damaged);
+    WriteBytes(folder.file("CUT.POL"), good.substr(0, good.size() / 2));
+    ASSERT_EQ(Cli(folder, "set P.POL -o ZERO.POL 'Nx(2)=0'").status, 0);
+    ASSERT_EQ(Cli(folder, "pool rectangular -o SAME.POL --set Lx=1 --set Ly=1 --set UstKot=1 --set Bk=0").status, 0);
+    ASSERT_EQ(Cli(folder, "mesh SAME.POL").status, 0);
+    std::string coincident = "set SAME.POL";
+    for (int i = 1; i <= 8; ++i)
+        coincident += " 'X(" + std::to_string(i) + ")=0'";
+    ASSERT_EQ(Cli(folder, coincident).status, 0);
+    ASSERT_EQ(Cli(folder, "pool rectangular -o MANY.POL --set Lx=55 --set Ly=45 --set UstKot=5").status, 0);
+    ASSERT_EQ(Cli(folder, "mesh MANY.POL").status, 0);
+    const std::pair<const char *, const char *> cases[] = {
+        {"mesh NONE.POL", "havuz-cli: NONE.POL: cannot be opened"},
+        {"info BAD.POL", "havuz-cli: BAD.POL: line 3, field 2 (soil ZeminKo): \"2x00\" is not a number"},
+        {"run CUT.POL", "havuz-cli: CUT.POL: line "},
+        {"mesh ZERO.POL", "havuz-cli: ZERO.POL: PanelTable(2) Nx: division by zero"},
+        {"set P.POL 'Mesnet(9999)=4'", "havuz-cli: P.POL: NoktaTable(9999) lies outside 1..194"},
+        {"set P.POL 'Nx(1)=40000'", "havuz-cli: P.POL: a 16-bit field cannot hold 40000"},
+        {"pool rectangular -o X.POL --set MeshGenisligi=0", "havuz-cli: X.POL: MeshGenisligi: division by zero"},
+        {"pool circular -o X.POL --set Lx=200", "havuz-cli: X.POL: NoktaTable(5001) lies outside 0..5000"},
+        {"pool rectangular -o none/X.POL", "havuz-cli: none/X.POL: cannot be created"},
+        {"run MANY.POL", "havuz-cli: MANY.POL: "},
+        {"run SAME.POL", "havuz-cli: SAME.POL: MeshTable(1) has no extent or no area: division by zero"},
+    };
+    for (const auto &[arguments, words] : cases) {
+        const Ended ended = Cli(folder, arguments);
+        EXPECT_EQ(ended.status, 1) << arguments;
+        EXPECT_EQ(ended.error.rfind(words, 0), 0U) << arguments << "\n" << ended.error;
+        EXPECT_EQ(std::count(ended.error.begin(), ended.error.end(), '\n'), 1) << ended.error;
+        EXPECT_FALSE(std::filesystem::exists(folder.file("X.POL")));
+    }
+    EXPECT_EQ(ReadBytes(folder.file("P.POL")), good);
+    const Ended many = Cli(folder, "run MANY.POL"); // the sizes are shown before the failure
+    EXPECT_TRUE(Contains(many.out, "Denklem       : ")) << many.out;
+    EXPECT_TRUE(Contains(Cli(folder, "info MANY.POL").out, "fits the arrays of the analysis   no"));
+}
+
+TEST(Cli, HelpAndVersionAreResults) {
+    const TemporaryFolder folder;
+    const Ended help = Cli(folder, "--help");
+    EXPECT_EQ(help.status, 0);
+    for (const char *command : {"pool", "mesh", "set", "run", "info"})
+        EXPECT_TRUE(Contains(help.out, command)) << command;
+    EXPECT_EQ(Cli(folder, "run --help").status, 0);
+    EXPECT_EQ(Cli(folder, "--version").out.rfind("havuz-cli ", 0), 0U);
+}
+
+} // namespace havuz
