@@ -2,6 +2,7 @@
 #include "fea/profile_solve.h"
 #include "fea/system.h"
 #include "model/store.h"
+#include "plain_solve.h"
 #include "support.h"
 
 #include <algorithm>
@@ -14,55 +15,6 @@
 namespace havuz {
 
 namespace {
-
-// Row by row with the chain of non-zero places, every store cut to 32 bits.
-void SolveLiteral(int N, int columns, std::vector<float> &s, std::vector<float> &rhs) {
-    const auto index = [](int i, int j) { return static_cast<std::size_t>(ProfileDiag[i] + j - i); };
-    const auto at = [columns](int e, int c) { return static_cast<std::size_t>(columns * (e - 1) + c); };
-    std::vector<double> R(static_cast<std::size_t>(N) + 2);
-    std::vector<int> NextLink(static_cast<std::size_t>(N) + 2);
-    for (int i = 1; i <= N - 1; ++i) {
-        for (int j = i; j <= N; ++j)
-            R[static_cast<std::size_t>(j)] =
-                index(i, j) < static_cast<std::size_t>(ProfileDiag[i + 1]) ? static_cast<double>(s[index(i, j)]) : 0.0;
-        int last = i;
-        for (int j = i + 1; j <= N; ++j)
-            if (R[static_cast<std::size_t>(j)] != 0) {
-                NextLink[static_cast<std::size_t>(last)] = j;
-                last = j;
-            }
-        NextLink[static_cast<std::size_t>(last)] = N + 1;
-        if (R[static_cast<std::size_t>(i)] == 0)
-            continue;
-        for (int j = NextLink[static_cast<std::size_t>(i)]; j <= N; j = NextLink[static_cast<std::size_t>(j)]) {
-            const double factor = R[static_cast<std::size_t>(j)] / R[static_cast<std::size_t>(i)];
-            for (int k = j; k <= N; k = NextLink[static_cast<std::size_t>(k)])
-                if (index(j, k) < static_cast<std::size_t>(ProfileDiag[j + 1]))
-                    s[index(j, k)] = static_cast<float>(static_cast<double>(s[index(j, k)]) -
-                                                        factor * R[static_cast<std::size_t>(k)]);
-            for (int c = 1; c <= columns; ++c)
-                rhs[at(j, c)] = static_cast<float>(static_cast<double>(rhs[at(j, c)]) -
-                                                   factor * static_cast<double>(rhs[at(i, c)]));
-        }
-    }
-    for (int c = 1; c <= columns; ++c) {
-        const double p = static_cast<double>(s[index(N, N)]);
-        rhs[at(N, c)] = p == 0 ? 0.0F : static_cast<float>(-static_cast<double>(rhs[at(N, c)]) / p);
-    }
-    for (int i = N - 1; i >= 1; --i)
-        for (int c = 1; c <= columns; ++c) {
-            const double p = static_cast<double>(s[index(i, i)]);
-            double sum = 0.0;
-            for (int k = i + 1; k <= N; ++k) {
-                const std::size_t cell = index(i, k);
-                if (cell >= static_cast<std::size_t>(ProfileDiag[i + 1]))
-                    k = N + 1;
-                sum += static_cast<double>(s[cell]) * static_cast<double>(rhs[at(k, c)]);
-            }
-            const double x = p == 0 ? 0.0 : (-static_cast<double>(rhs[at(i, c)]) - sum) / p;
-            rhs[at(i, c)] = std::fabs(x) < 1e-30 ? 0.0F : static_cast<float>(x);
-        }
-}
 
 // A closed envelope of random row lengths; the last rows reach behind column N, as those of a real profile do.
 void PutSystem(int N, int columns, unsigned seed, double zeros) {

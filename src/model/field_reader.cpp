@@ -12,7 +12,7 @@ namespace havuz {
 std::string FieldReader::place() const {
     std::string words = record_;
     if (recordNo_ != 0)
-        words += "(" + std::to_string(recordNo_) + ")";
+        words.append("(").append(std::to_string(recordNo_)).append(")");
     if (!words.empty())
         words += " ";
     return path_ + ": line " + std::to_string(line_) + ", field " + std::to_string(field_) + " (" + words + fieldName_ +

@@ -109,7 +109,7 @@ DecimalDigits RoundToDigits(double value, int significant) {
 static std::string ExponentForm(const DecimalDigits &d) {
     std::string s = d.digits.substr(0, 1);
     if (d.digits.size() > 1)
-        s += "." + d.digits.substr(1);
+        s.append(".").append(d.digits, 1);
     const int exponent = d.point - 1;
     const std::string power = std::to_string(std::abs(exponent));
     return s + (exponent < 0 ? "E-" : "E+") + (power.size() < 2 ? "0" : "") + power;
@@ -117,12 +117,14 @@ static std::string ExponentForm(const DecimalDigits &d) {
 
 static std::string PlainForm(const DecimalDigits &d) {
     const int count = static_cast<int>(d.digits.size());
+    std::string s = d.digits;
     if (d.point <= 0)
-        return "." + std::string(static_cast<std::size_t>(-d.point), '0') + d.digits;
-    if (d.point >= count)
-        return d.digits + std::string(static_cast<std::size_t>(d.point - count), '0');
-    return d.digits.substr(0, static_cast<std::size_t>(d.point)) + "." +
-           d.digits.substr(static_cast<std::size_t>(d.point));
+        s.insert(0, static_cast<std::size_t>(-d.point), '0').insert(0, 1, '.');
+    else if (d.point >= count)
+        s.append(static_cast<std::size_t>(d.point - count), '0');
+    else
+        s.insert(static_cast<std::size_t>(d.point), 1, '.');
+    return s;
 }
 
 // The limits hold for the digits shown: the 32-bit number nearest to 0.01 lies just below it and is written .01.
@@ -131,7 +133,10 @@ static std::string FileForm(double value, int significant, int largestPoint) {
     if (d.digits.empty())
         return "0";
     const bool exponent = d.point < -1 || d.point > largestPoint;
-    return (d.negative ? "-" : "") + (exponent ? ExponentForm(d) : PlainForm(d));
+    std::string s = exponent ? ExponentForm(d) : PlainForm(d);
+    if (d.negative)
+        s.insert(0, 1, '-');
+    return s;
 }
 
 std::string NumberText(double value) { return FileForm(value, 15, 10); }
@@ -181,8 +186,10 @@ std::string PictureText(double value, std::string_view picture) {
     const bool isZero = (whole + part).find_first_not_of('0') == std::string::npos;
     std::string text = whole;
     if (!part.empty())
-        text += "." + part;
-    return (value < 0.0 && !isZero ? "-" : "") + text;
+        text.append(".").append(part);
+    if (value < 0.0 && !isZero)
+        text.insert(0, 1, '-');
+    return text;
 }
 
 } // namespace havuz
