@@ -1,5 +1,7 @@
 #include "support.h"
 
+#include "fea/plane_stress.h"
+#include "fea/quad_work.h"
 #include "model/options.h"
 #include "model/startup.h"
 #include "model/store.h"
@@ -16,6 +18,8 @@ namespace havuz {
 void ResetAll() {
     ResetStore();
     ResetOptions();
+    ResetPlaneD();
+    ResetQuadWork();
     StartModel(HAVUZ_CLI);
 }
 
