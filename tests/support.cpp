@@ -2,6 +2,7 @@
 
 #include "fea/plane_stress.h"
 #include "fea/quad_work.h"
+#include "fea/system.h"
 #include "model/options.h"
 #include "model/startup.h"
 #include "model/store.h"
@@ -18,6 +19,7 @@ namespace havuz {
 void ResetAll() {
     ResetStore();
     ResetOptions();
+    ResetSystem();
     ResetPlaneD();
     ResetQuadWork();
     StartModel(HAVUZ_CLI);
