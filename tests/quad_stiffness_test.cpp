@@ -114,12 +114,13 @@ TEST(QuadShellStiffness, WeakFreedomsAreDroppedByTheirOwnDiagonal) {
     }
     // The centre's rotation about the normal goes once the element is all but flat: turning it then meets a small
     // force.
-    for (const auto &[warp, dropped] : {std::pair{0.01, false}, {0.001, true}}) {
-        PutQuad(kShapes[2], kFlat, 0.2);
-        QuadCorner[3].z = warp;
-        QuadShellStiffness(4);
-        EXPECT_EQ(RigidForce(5, 24) > 1e6, dropped) << warp;
-    }
+    for (const Plane &plane : {kFlat, Tilted()})
+        for (const auto &[warp, dropped] : {std::pair{0.01, false}, {0.001, true}}) {
+            PutQuad(kShapes[2], plane, 0.2);
+            QuadCorner[3] = QuadCorner[3] + warp * plane.n;
+            QuadShellStiffness(4);
+            EXPECT_EQ(RigidForce(5, 24) > 1e6, dropped) << warp << " " << RigidForce(5, 24);
+        }
 }
 
 TEST(QuadShellStiffness, ElementsWithoutAreaAreDivisionByZero) {
