@@ -12,8 +12,8 @@ namespace havuz {
 //   3          124 234 314, centre 4           18 by 18; corner 4 becomes the mean of 1..3
 //   4          125 235 345 415, centre 5       24 by 24; corner 5 becomes the mean of 1..4
 // Rows and columns of a centre hold the eliminated freedoms, in the axes of QuadBasis. Overwrites the shared work data.
-// A triangle without area is DivisionByZero. Source: Clough and Felippa (triangle_bending.h); condensation as in
-// Zienkiewicz, "The Finite Element Method".
+// A triangle without area is DivisionByZero. Source: Clough and Felippa (triangle_bending.h); Wilson, "The static
+// condensation algorithm", International Journal for Numerical Methods in Engineering 8 (1974).
 void QuadShellStiffness(int triangles);
 
 } // namespace havuz
