@@ -17,7 +17,8 @@ void ElementPass(double E, RecordFile &stif, AnalysisWindow &window);
 // Displacements of every node: the solution, or exactly 0 for a held freedom.
 void WriteDisplacements(RecordFile &dep);
 
-// Corner results of every mesh in every column by the element of ElementSwitch; 0 for a switched-off mesh and for the columns above YukSayisi.
+// Corner results of every mesh in every column, by the element of ElementSwitch; 0 for a switched-off mesh and for the
+// columns above YukSayisi.
 void StressPass(double E, RecordFile &son);
 
 } // namespace havuz
