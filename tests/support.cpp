@@ -1,5 +1,8 @@
 #include "support.h"
 
+#include "fea/plane_stress.h"
+#include "fea/quad_work.h"
+#include "fea/system.h"
 #include "model/options.h"
 #include "model/startup.h"
 #include "model/store.h"
@@ -16,6 +19,9 @@ namespace havuz {
 void ResetAll() {
     ResetStore();
     ResetOptions();
+    ResetSystem();
+    ResetPlaneD();
+    ResetQuadWork();
     StartModel(HAVUZ_CLI);
 }
 

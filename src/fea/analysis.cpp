@@ -4,6 +4,7 @@
 #include "fea/element_pass.h"
 #include "fea/equations.h"
 #include "fea/loads.h"
+#include "fea/plane_stress.h"
 #include "fea/profile_solve.h"
 #include "fea/progress_bar.h"
 #include "fea/record_file.h"
@@ -64,6 +65,7 @@ void SolveSystem(double E, RecordFile &stif, AnalysisWindow &window) {
 void AnalysisRun(const AnalysisPaths &paths, AnalysisWindow &window) {
     PrepareScreen(window);
     const double E = ConcreteE(Fck);
+    FillPlaneD(E, PoissonRatio);
     ElementSwitch = 0;
     {
         ScratchFile stif(window.ScratchFile());

@@ -41,8 +41,7 @@ static Vector3 Normalised(const Vector3 &v, int mesh) {
 static std::array<Vector3, 3> LocalAxes(const MeshNodes &m) {
     const Vector3 vx = MeanSide(m, 1, 2, 4, 3);
     const Vector3 vy = MeanSide(m, 1, 4, 2, 3);
-    const Vector3 n = {vx.y * vy.z - vx.z * vy.y, vx.z * vy.x - vx.x * vy.z, vx.x * vy.y - vx.y * vy.x};
-    return {Normalised(vx, m.mesh), Normalised(vy, m.mesh), Normalised(n, m.mesh)};
+    return {Normalised(vx, m.mesh), Normalised(vy, m.mesh), Normalised(Cross(vx, vy), m.mesh)};
 }
 
 void ElementAxes(Matrix<24, 24> &T, const MeshNodes &m) {
@@ -59,8 +58,7 @@ void ElementAxes(Matrix<24, 24> &T, const MeshNodes &m) {
 
 Vector3 LoadToLocal(const Vector3 &f, const MeshNodes &m) {
     const std::array<Vector3, 3> axes = LocalAxes(m);
-    const auto on = [&f](const Vector3 &axis) { return f.x * axis.x + f.y * axis.y + f.z * axis.z; };
-    return {on(axes[0]), on(axes[1]), on(axes[2])};
+    return {Dot(f, axes[0]), Dot(f, axes[1]), Dot(f, axes[2])};
 }
 
 void UniformLoadVector(double area, const Vector3 &f, std::array<double, 25> &F) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "fea/matrix.h"
+#include "fea/vector3.h"
 
 #include <array>
 
@@ -12,10 +13,6 @@ struct MeshNodes {
     int mesh = 0;
     std::array<int, 5> n{};
     std::array<double, 5> x{}, y{}, z{};
-};
-
-struct Vector3 {
-    double x = 0.0, y = 0.0, z = 0.0;
 };
 
 // Node numbers and coordinates of a mesh. A corner outside 1..NoktaCount is Subscript, naming the mesh.

@@ -1,9 +1,12 @@
 #include "fea/element_pass.h"
 
+#include "fea/analysis.h"
 #include "fea/element_geometry.h"
 #include "fea/equations.h"
-#include "fea/analysis.h"
 #include "fea/progress_bar.h"
+#include "fea/quad_stiffness.h"
+#include "fea/quad_stress.h"
+#include "fea/quad_work.h"
 #include "fea/rect_shell.h"
 #include "fea/system.h"
 #include "model/arithmetic.h"
@@ -64,8 +67,8 @@ bool Differs(const Matrix<24, 24> &a, const Matrix<24, 24> &b) {
     return false;
 }
 
-// Stiffness of the rectangular element in global axes. The product is kept for a mesh like the last transformed one: the
-// normal case on a regular panel. The tolerance is absolute.
+// Stiffness of the rectangular element in global axes. The product is kept for a mesh like the last transformed one:
+// the normal case on a regular panel. The tolerance is absolute.
 class RectGlobalStiffness {
 public:
     const Matrix<24, 24> &of(const MeshRecord &mesh, double E, const Matrix<24, 24> &ElementT) {
@@ -97,7 +100,17 @@ void PutSurfaceLoad(const MeshRecord &mesh, const MeshNodes &m, const Matrix<24,
     }
 }
 
-void PackUpperTriangle(const Matrix<24, 24> &K, ElementRecord &record) {
+// The mesh as the general quadrilateral takes it.
+void PlaceQuad(const MeshRecord &mesh, const MeshNodes &m) {
+    for (std::size_t k = 1; k <= 4; ++k)
+        QuadCorner[static_cast<int>(k)] = {m.x[k], m.y[k], m.z[k]};
+    for (int i = 1; i <= 3; ++i)
+        TriThickness[i] = mesh.Kalinlik / 100.0;
+}
+
+// The 24 by 24 corner of K.
+template <int Size>
+void PackUpperTriangle(const Matrix<Size, Size> &K, ElementRecord &record) {
     std::size_t term = 0;
     for (int i = 1; i <= 24; ++i)
         for (int j = i; j <= 24; ++j)
@@ -128,10 +141,16 @@ void PutCornerResults(int mesh, double E, SonRecord &record) {
     const std::array<int, 25> MeshEqs = MeshEquations(nodes);
     Matrix<24, 24> ElementT;
     Matrix<24, 24> StressMatrix;
-    ElementAxes(ElementT, nodes);
-    RectShellStress(StressMatrix, m.KenarA, m.KenarB, E, PoissonRatio, m.Kalinlik / 100.0);
+    if (ElementSwitch == 0) {
+        ElementAxes(ElementT, nodes);
+        RectShellStress(StressMatrix, m.KenarA, m.KenarB, E, PoissonRatio, m.Kalinlik / 100.0);
+    } else { // the step to local axes lies inside the matrix
+        PlaceQuad(m, nodes);
+        QuadShellStress(StressMatrix, 4, 4);
+    }
     for (int c = 1; c <= YukSayisi; ++c) {
-        const std::array<double, 25> s = Multiply(StressMatrix, Multiply(ElementT, ElementDisplacements(MeshEqs, c)));
+        const std::array<double, 25> g = ElementDisplacements(MeshEqs, c);
+        const std::array<double, 25> s = Multiply(StressMatrix, ElementSwitch == 0 ? Multiply(ElementT, g) : g);
         for (std::size_t r = 1; r <= 24; ++r)
             record[static_cast<std::size_t>(c - 1) * 24 + r - 1] = s[r];
     }
@@ -167,7 +186,13 @@ void ElementPass(double E, RecordFile &stif, AnalysisWindow &window) {
         const MeshNodes m = MeshNodeData(i);
         ElementAxes(ElementT, m);
         PutSurfaceLoad(mesh, m, ElementT, record);
-        PackUpperTriangle(rect.of(mesh, E, ElementT), record);
+        if (ElementSwitch == 0) {
+            PackUpperTriangle(rect.of(mesh, E, ElementT), record);
+        } else {
+            PlaceQuad(mesh, m);
+            QuadShellStiffness(4);
+            PackUpperTriangle(QuadK, record);
+        }
         stif.PutRecord(record, i);
     }
 }

@@ -11,13 +11,14 @@ namespace havuz {
 void MeshPass();
 
 // Stiffness and surface load of every active mesh, in global axes, into its record of STIF001. ElementSwitch chooses the
-// element. E in t/m2.
+// element: 0 the rectangular one of modulus E (t/m2), else the general quadrilateral of PlaneD (plane_stress.h).
 void ElementPass(double E, RecordFile &stif, AnalysisWindow &window);
 
 // Displacements of every node: the solution, or exactly 0 for a held freedom.
 void WriteDisplacements(RecordFile &dep);
 
-// Corner results of every mesh in every column; 0 for a switched-off mesh and for the columns above YukSayisi.
+// Corner results of every mesh in every column, by the element of ElementSwitch; 0 for a switched-off mesh and for the
+// columns above YukSayisi.
 void StressPass(double E, RecordFile &son);
 
 } // namespace havuz

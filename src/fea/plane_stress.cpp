@@ -1,0 +1,20 @@
+#include "fea/plane_stress.h"
+
+#include "model/arithmetic.h"
+
+namespace havuz {
+
+Matrix<3, 3> PlaneD;
+
+void ResetPlaneD() {
+    PlaneD.clear();
+}
+
+void FillPlaneD(double e, double v) {
+    PlaneD.clear();
+    PlaneD(1, 1) = PlaneD(2, 2) = Divide(e, 1.0 - v * v, "PlaneD");
+    PlaneD(1, 2) = PlaneD(2, 1) = Divide(e * v, 1.0 - v * v, "PlaneD");
+    PlaneD(3, 3) = Divide(0.5 * e, 1.0 + v, "PlaneD");
+}
+
+} // namespace havuz

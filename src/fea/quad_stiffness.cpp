@@ -1,0 +1,150 @@
+#include "fea/quad_stiffness.h"
+
+#include "fea/quad_work.h"
+#include "fea/triangle_bending.h"
+#include "fea/triangle_membrane.h"
+
+#include <cassert>
+
+namespace havuz {
+
+namespace {
+
+struct Triangle {
+    int vertex[4]; // corners of its vertices 1..3; place 0 is not in use
+};
+
+// How the element is cut into triangles; the centre is 0 where there is none.
+struct Scheme {
+    int centre;
+    Triangle triangle[4];
+};
+
+constexpr Scheme kSchemes[] = {
+    {0, {{{0, 1, 2, 3}}}},
+    {0, {{{0, 1, 2, 3}}, {{0, 1, 3, 4}}}},
+    {4, {{{0, 1, 2, 4}}, {{0, 2, 3, 4}}, {{0, 3, 1, 4}}}},
+    {5, {{{0, 1, 2, 5}}, {{0, 2, 3, 5}}, {{0, 3, 4, 5}}, {{0, 4, 1, 5}}}},
+};
+
+// How the six freedoms of a node give the Rows freedoms of its vertex in the plane of the triangle.
+template <int Rows>
+using VertexMap = Matrix<Rows, 6>;
+
+} // namespace
+
+static void PlaceCentre(int centre) {
+    Vector3 sum = QuadCorner[1];
+    for (int n = 2; n < centre; ++n)
+        sum = sum + QuadCorner[n];
+    const double count = centre - 1;
+    QuadCorner[centre] = {sum.x / count, sum.y / count, sum.z / count};
+}
+
+// Axis v of the triangle into row r, columns first..first+2: its components on the axes that the node's freedoms refer
+// to.
+template <int Rows>
+static void SetAxis(VertexMap<Rows> &map, int r, int first, const Vector3 &v, bool centre) {
+    for (int a = 1; a <= 3; ++a)
+        map(r, first + a - 1) = centre ? Dot(v, QuadBasisAxis(a)) : v(a);
+}
+
+static VertexMap<2> MembraneMap(bool centre) {
+    VertexMap<2> map;
+    SetAxis(map, 1, 1, TriAxes[1], centre); // u
+    SetAxis(map, 2, 1, TriAxes[2], centre); // v
+    return map;
+}
+
+static VertexMap<3> BendingMap(bool centre) {
+    VertexMap<3> map;
+    SetAxis(map, 1, 1, TriAxes[3], centre); // w
+    SetAxis(map, 2, 4, TriAxes[1], centre); // r1
+    SetAxis(map, 3, 4, TriAxes[2], centre); // r2
+    return map;
+}
+
+// WorkK += transpose(row map) * block of TriK * column map, for the vertices n and m, written to both halves.
+template <int Rows>
+static void ExpandBlock(const Triangle &t, int n, int m, const VertexMap<Rows> &rowMap, const VertexMap<Rows> &colMap) {
+    for (int a = 1; a <= 6; ++a) {
+        double left[Rows + 1] = {};
+        for (int q = 1; q <= Rows; ++q)
+            for (int p = 1; p <= Rows; ++p)
+                left[q] += rowMap(p, a) * TriK(Rows * (n - 1) + p, Rows * (m - 1) + q);
+        for (int b = n == m ? a : 1; b <= 6; ++b) {
+            double sum = 0.0;
+            for (int q = 1; q <= Rows; ++q)
+                sum += left[q] * colMap(q, b);
+            const int row = 6 * (t.vertex[n] - 1) + a;
+            const int col = 6 * (t.vertex[m] - 1) + b;
+            WorkK(row, col) = WorkK(col, row) = WorkK(row, col) + sum;
+        }
+    }
+}
+
+template <int Rows>
+static void ExpandTriangle(const Triangle &t, int centre, VertexMap<Rows> (*mapOf)(bool)) {
+    Row<VertexMap<Rows>, 3> map;
+    for (int n = 1; n <= 3; ++n)
+        map[n] = mapOf(t.vertex[n] == centre);
+    for (int n = 1; n <= 3; ++n)
+        for (int m = n; m <= 3; ++m)
+            ExpandBlock(t, n, m, map[n], map[m]);
+}
+
+static void AddTriangle(const Triangle &t, int centre) {
+    WorkK.clear();
+    TriK.clear();
+    TriangleBasis(t.vertex[1], t.vertex[2], t.vertex[3]);
+    TriangleMembrane();
+    ExpandTriangle(t, centre, MembraneMap);
+    TriangleBending();
+    ExpandTriangle(t, centre, BendingMap);
+    for (int i = 1; i <= 30; ++i)
+        for (int j = 1; j <= 30; ++j)
+            QuadK(i, j) += WorkK(i, j);
+}
+
+// A freedom with next to no stiffness beside the two before it is taken out.
+static void DropWeakFreedom(int g) {
+    if (!(QuadK(g, g) < (QuadK(g - 1, g - 1) + QuadK(g - 2, g - 2)) * 0.000001))
+        return;
+    for (int i = 1; i <= 30; ++i)
+        QuadK(g, i) = QuadK(i, g) = 0.0;
+}
+
+// Eliminates freedom e from those before it. A pivot of 0 leaves them as they are: wanted.
+static void CondenseFreedom(int e) {
+    const double p = QuadK(e, e);
+    if (p == 0.0)
+        return;
+    for (int c = 1; c < e; ++c) {
+        if (QuadK(c, e) == 0.0)
+            continue;
+        const double f = QuadK(c, e) / p;
+        QuadK(c, e) = f;
+        for (int d = c; d < e; ++d)
+            QuadK(c, d) = QuadK(d, c) = QuadK(c, d) - f * QuadK(e, d);
+    }
+}
+
+void QuadShellStiffness(int triangles) {
+    assert(triangles >= 1 && triangles <= 4);
+    const Scheme &scheme = kSchemes[triangles - 1];
+    const int lastOfCentre = 6 * scheme.centre;
+    if (scheme.centre != 0)
+        PlaceCentre(scheme.centre);
+    QuadK.clear();
+    QuadBasisBuild(1);
+    for (int t = 0; t < triangles; ++t)
+        AddTriangle(scheme.triangle[t], scheme.centre);
+    DropWeakFreedom(15); // uz of node 3, for itself and not for its neighbours: wanted
+    if (scheme.centre == 0)
+        return;
+    DropWeakFreedom(lastOfCentre);
+    for (int e = lastOfCentre; e > lastOfCentre - 6; --e)
+        CondenseFreedom(e);
+}
+
+} // namespace havuz

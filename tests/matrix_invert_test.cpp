@@ -1,0 +1,88 @@
+// The inverse of a full matrix: residuals, the choice of the pivot, singular matrices.
+#include "fea/matrix.h"
+#include "fea/matrix_invert.h"
+#include "support.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <random>
+#include <vector>
+
+namespace havuz {
+
+static double SumOfRow(const std::vector<double> &a, int n) { // the largest sum of magnitudes in a row
+    double largest = 0.0;
+    for (int i = 0; i < n; ++i) {
+        double sum = 0.0;
+        for (int j = 0; j < n; ++j)
+            sum += std::fabs(a[static_cast<std::size_t>(j * n + i)]);
+        largest = std::max(largest, sum);
+    }
+    return largest;
+}
+
+// |A * B - 1| / (n * |A| * |B| * eps)
+static double Residual(const std::vector<double> &a, const std::vector<double> &b, int n) {
+    std::vector<double> r(a.size());
+    for (int i = 0; i < n; ++i)
+        for (int j = 0; j < n; ++j) {
+            double sum = i == j ? -1.0 : 0.0;
+            for (int k = 0; k < n; ++k)
+                sum += a[static_cast<std::size_t>(k * n + i)] * b[static_cast<std::size_t>(j * n + k)];
+            r[static_cast<std::size_t>(j * n + i)] = sum;
+        }
+    return SumOfRow(r, n) / (n * SumOfRow(a, n) * SumOfRow(b, n) * 2.220446049250313e-16);
+}
+
+TEST(MatrixInvert, TheProductIsOneForEveryOrder) {
+    ResetAll();
+    std::mt19937 random(7);
+    for (int n = 1; n <= 24; ++n) {
+        std::vector<double> a(static_cast<std::size_t>(n) * static_cast<std::size_t>(n));
+        for (double &v : a)
+            v = std::ldexp(static_cast<double>(random()) / 4294967296.0 - 0.5, static_cast<int>(random() % 20U));
+        std::vector<double> b = a;
+        MatrixInvert(b.data(), n);
+        EXPECT_LT(Residual(a, b, n), 30.0) << n;
+    }
+}
+
+TEST(MatrixInvert, RowsAreBackInTheirOrder) { // 1 goes to 3, 2 to 1, 3 to 4, 4 to 2: the inverse goes the other way
+    ResetAll();
+    Matrix<4, 4> a;
+    a(3, 1) = a(1, 2) = a(4, 3) = a(2, 4) = 2.0;
+    MatrixInvert(a.data(), 4);
+    Matrix<4, 4> want;
+    want(1, 3) = want(2, 1) = want(3, 4) = want(4, 2) = 0.5;
+    EXPECT_EQ(a, want);
+}
+
+TEST(MatrixInvert, AmongEqualsTheLastOneFoundIsThePivot) {
+    ResetAll();
+    const double d = 3.0, p = 0.1, q = 0.7;
+    Matrix<2, 2> a;
+    a(1, 1) = a(2, 2) = d;
+    a(1, 2) = p;
+    a(2, 1) = q;
+    MatrixInvert(a.data(), 2);
+    const double last = 1.0 / (d - p * (q / d));                             // pivot (2, 2) first
+    const double first = 1.0 / d - (p / d) * ((-q / d) / (d - q * (p / d))); // pivot (1, 1) first
+    ASSERT_NE(last, first);
+    EXPECT_EQ(a(1, 1), last);
+}
+
+TEST(MatrixInvert, ASingularMatrixIsDivisionByZero) {
+    ResetAll();
+    Matrix<3, 3> a;
+    for (int j = 1; j <= 3; ++j) {
+        a(1, j) = j;
+        a(2, j) = 2.0 * j;
+        a(3, j) = j == 1 ? 1.0 : 0.0;
+    }
+    const Failed failed = FailureOf([&a] { MatrixInvert(a.data(), 3); });
+    EXPECT_EQ(failed.kind, DivisionByZero);
+    EXPECT_EQ(failed.words, "MatrixInvert: division by zero");
+}
+
+} // namespace havuz
