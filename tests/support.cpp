@@ -3,6 +3,7 @@
 #include "fea/plane_stress.h"
 #include "fea/quad_work.h"
 #include "fea/system.h"
+#include "mesh/plak_mesh.h"
 #include "model/options.h"
 #include "model/startup.h"
 #include "model/store.h"
@@ -22,6 +23,7 @@ void ResetAll() {
     ResetSystem();
     ResetPlaneD();
     ResetQuadWork();
+    ResetPlakMesh();
     StartModel(HAVUZ_CLI);
 }
 

@@ -16,6 +16,11 @@ constexpr int PlateLink(int plate, int edge) { return -(100 * plate + edge); }
 inline int LinkPanel(int code) { return FloorToWhole(code / 100.0); }
 inline int LinkEdge(int code) { return code - 100 * LinkPanel(code); }
 
+// Node code from the place of the node: 0 inside the plate, +e on its edge e, -c at its corner c.
+constexpr int NodePlakKodu(int plate, int place) { return (place > 0 ? 1000 : -1000) * plate + place; }
+// The edge or corner of a node code, 0 for an interior node.
+constexpr int PlakKoduPlace(int code) { return (code < 0 ? -code : code) % 1000; }
+
 constexpr int kPlateOwner = 1000;
 constexpr int PlateOwner(int plate) { return kPlateOwner + plate; }
 constexpr bool OwnerIsPlate(int owner) { return owner >= kPlateOwner; }

@@ -1,0 +1,79 @@
+#include "mesh/plak_mesh.h"
+
+#include "mesh/plak_mesh_work.h"
+
+namespace havuz {
+
+Table<DortluRecord, kDortluCapacity> DortluTable("DortluTable");
+std::array<PlanPoint, 5> StoredHits;
+
+void ResetPlakMesh() {
+    DortluTable.reset();
+    StoredHits = {};
+}
+
+std::string PlakInWords(int plak) {
+    return "plate " + std::to_string(plak);
+}
+
+void PlakMeshWork::put(int p, PlanPoint at, int code) {
+    gx(p) = at.x;
+    gy(p) = at.y;
+    gk(p) = code;
+}
+
+int PlakMeshWork::newPoint() {
+    const int p = points() + 1;
+    if (p > kPlakMeshPoints)
+        FailSubscript(PlakInWords(plak) + ": point", p, kPlakMeshPoints);
+    GX.push_back(0.0);
+    GY.push_back(0.0);
+    GK.push_back(0);
+    return p;
+}
+
+int PlakMeshWork::newPointAt(int i, int j) {
+    const int p = newPoint();
+    GridNo(i, j) = p;
+    return p;
+}
+
+int PlakMeshWork::newQuad(const int (&kose)[4], int ci, int cj) {
+    if (++quads > kDortluCapacity)
+        FailSubscript(PlakInWords(plak) + ": DortluTable", quads, kDortluCapacity);
+    DortluRecord &quad = DortluTable[quads];
+    for (int k = 1; k <= 4; ++k)
+        quad.Kose[k] = kose[k - 1];
+    quad.CI = ci;
+    quad.CJ = cj;
+    return quads;
+}
+
+PlakMeshWork BeginPlak(int plak) {
+    PlakMeshWork w;
+    w.plak = plak;
+    w.GX = w.GY = {0.0};
+    w.GK = {0};
+    for (int q = 1; q <= kDortluCapacity; ++q)
+        DortluTable[q] = DortluRecord{};
+    return w;
+}
+
+void PlakMeshle(int plak) {
+    PlakMeshWork w = BeginPlak(plak);
+    CopyOutline(w);
+    LayGrid(w);
+    TestInside(w);
+    PullOntoEdges(w);
+    PinCorners(w);
+    EasePoints(w);
+    MakeFullCells(w);
+    MakeLoneCorners(w);
+    DoubleDiagonalPoints(w);
+    RepairTriangles(w);
+    NumberUsedPoints(w);
+    HandOverCorners(w);
+    AppendNodesAndMeshes(w);
+}
+
+} // namespace havuz

@@ -1,0 +1,164 @@
+// Plate meshing, first steps: the outline and its bounds, the grid, and which grid points lie inside.
+#include "mesh/plak_mesh_work.h"
+#include "model/arithmetic.h"
+
+#include <algorithm>
+
+namespace havuz {
+
+constexpr int kScratchPlak = 10;     // the working copy lies this far behind the last plate
+constexpr double kFarAway = 1000.0;  // m: start of minima and maxima, half length of a probe, first distance of a hit
+constexpr double kInsideSlack = 0.1; // m: how far two opposite hits may miss the line through the point
+
+// The closed working copy of the plate. The last point's Sonraki is that point itself: wanted.
+static void FillScratchPlak(const PlakMeshWork &w) {
+    PlakRecord &plate = PlakTable[w.plak];
+    PlakRecord &copy = PlakTable[PlakCount + kScratchPlak];
+    copy = plate;
+    copy.X[w.n + 1] = plate.X[w.n + 1] = plate.X[1];
+    copy.Y[w.n + 1] = plate.Y[w.n + 1] = plate.Y[1];
+    copy.X[0] = plate.X[w.n];
+    copy.Y[0] = plate.Y[w.n];
+    for (int k = 1; k <= w.n; ++k) {
+        copy.Sonraki[k] = static_cast<std::uint8_t>(k < w.n ? k + 1 : k);
+        copy.Onceki[k] = static_cast<std::uint8_t>(k > 1 ? k - 1 : w.n);
+    }
+}
+
+static void FindBounds(PlakMeshWork &w) {
+    const PlakRecord &plate = PlakTable[w.plak];
+    double zmin = kFarAway, zmax = -kFarAway;
+    w.xmin = w.ymin = kFarAway;
+    w.xmax = w.ymax = -kFarAway;
+    for (int k = 1; k <= w.n; ++k) {
+        const PlanPoint at = w.outline(k);
+        const double z = plate.Z[k];
+        if (at.x < w.xmin)
+            w.xmin = at.x;
+        if (at.x > w.xmax)
+            w.xmax = at.x;
+        if (at.y < w.ymin)
+            w.ymin = at.y;
+        if (at.y > w.ymax)
+            w.ymax = at.y;
+        if (z < zmin) {
+            zmin = z;
+            w.ZminNo = k;
+        }
+        if (z > zmax) {
+            zmax = z;
+            w.ZmaxNo = k;
+        }
+    }
+}
+
+void CopyOutline(PlakMeshWork &w) {
+    const PlakRecord &plate = PlakTable[w.plak];
+    w.n = plate.NoktaSayisi;
+    if (w.n < 0 || w.n > kMeshedPlakPoints)
+        FailSubscript(PlakInWords(w.plak) + ": outline point", w.n, kMeshedPlakPoints);
+    FillScratchPlak(w);
+    w.OX.assign(static_cast<std::size_t>(w.n + 2), 0.0);
+    w.OY = w.OX;
+    for (int k = 0; k <= w.n + 1; ++k) {
+        const int from = k == 0 ? w.n : k == w.n + 1 ? 1 : k;
+        w.OX[static_cast<std::size_t>(k)] = plate.X[from];
+        w.OY[static_cast<std::size_t>(k)] = plate.Y[from];
+    }
+    FindBounds(w);
+}
+
+// The first edge of the greatest length, 0 when all are points.
+static int LongestEdge(const PlakMeshWork &w) {
+    int longest = 0;
+    double length = 0.0;
+    for (int k = 1; k <= w.n; ++k) {
+        const double d = PlanDistance(w.outline(k), w.outline(k + 1));
+        if (d > length) {
+            length = d;
+            longest = k;
+        }
+    }
+    return longest;
+}
+
+void LayGrid(PlakMeshWork &w) {
+    if (w.xmax - w.xmin == 0.0 || w.ymax - w.ymin == 0.0)
+        throw RuntimeFailure(DivisionByZero, PlakInWords(w.plak) + ": its outline has no width or no height in plan");
+    const PlanPoint start = w.outline(LongestEdge(w));
+    w.h = 2 * (MeshGenisligi / 2);
+    const auto steps = [&w](double length) { return FloorToWhole(Divide(length, w.h, "MeshGenisligi")); };
+    w.imax = steps(w.xmax - w.xmin) + 2;
+    w.jmax = steps(w.ymax - w.ymin) + 2;
+    if (w.imax > kPlakGrid || w.jmax > kPlakGrid)
+        FailSubscript(PlakInWords(w.plak) + ": grid step", w.imax > kPlakGrid ? w.imax : w.jmax, kPlakGrid);
+    w.x0 = start.x + (-steps(start.x - w.xmin) - 1) * w.h;
+    w.y0 = start.y + (-steps(start.y - w.ymin) - 1) * w.h;
+    w.Durum.size(w.plak, "Durum", w.imax, w.jmax);
+    w.GridNo.size(w.plak, "GridNo", w.imax, w.jmax);
+    w.Hucre.size(w.plak, "Hucre", w.imax, w.jmax);
+}
+
+// What the four probes from one grid point met: 1 left, 2 right, 3 below, 4 above.
+struct Hits {
+    bool filled[5] = {};
+    double distance[5] = {kFarAway, kFarAway, kFarAway, kFarAway, kFarAway};
+
+    // A later hit in the same direction is measured from the place stored in the slot, not from the grid point: wanted.
+    void take(int slot, PlanPoint hit) {
+        const double d = PlanDistance(hit, StoredHits[static_cast<std::size_t>(slot)]);
+        if (filled[slot] && !(d < distance[slot]))
+            return;
+        filled[slot] = true;
+        distance[slot] = d;
+        StoredHits[static_cast<std::size_t>(slot)] = hit;
+    }
+    bool all() const { return filled[1] && filled[2] && filled[3] && filled[4]; }
+};
+
+static bool Between(PlanPoint a, PlanPoint at, PlanPoint b) {
+    return PlanDistance(a, at) + PlanDistance(b, at) < PlanDistance(a, b) + kInsideSlack;
+}
+
+// A probe that passes an edge's end by more than this cannot hit it: the crossing of the two lines lies at least so far
+// beyond the end, and more than 0.005 m is off the edge. Most edges fall out here, before any division.
+constexpr double kClearOfEdge = 0.05; // m
+
+static bool MayMeet(double probe, double from, double to) {
+    return probe >= std::min(from, to) - kClearOfEdge && probe <= std::max(from, to) + kClearOfEdge;
+}
+
+// Inside is a point that meets the outline in all four directions, on a straight line each: a point in a re-entrant
+// corner may be inside too, wanted.
+static bool LiesInside(const PlakMeshWork &w, PlanPoint at, Kesisim &k) {
+    Hits hits;
+    for (int e = 1; e <= w.n; ++e) {
+        const PlanPoint from = w.outline(e), to = w.outline(e + 1);
+        if (MayMeet(at.y, from.y, to.y)) {
+            DogruKesisimi({at.x - kFarAway, at.y}, {at.x + kFarAway, at.y}, from, to, k);
+            if (k.kod == 2)
+                hits.take(k.xi <= at.x ? 1 : 2, {k.xi, k.yi});
+        }
+        if (MayMeet(at.x, from.x, to.x)) {
+            DogruKesisimi({at.x, at.y - kFarAway}, {at.x, at.y + kFarAway}, from, to, k);
+            if (k.kod == 2)
+                hits.take(k.yi <= at.y ? 3 : 4, {k.xi, k.yi});
+        }
+    }
+    return hits.all() && Between(StoredHits[1], at, StoredHits[2]) && Between(StoredHits[3], at, StoredHits[4]);
+}
+
+void TestInside(PlakMeshWork &w) {
+    Kesisim k;
+    for (int i = 0; i <= w.imax; ++i) {
+        for (int j = 0; j <= w.jmax; ++j) {
+            const PlanPoint at = w.grid(i, j);
+            if (!LiesInside(w, at, k))
+                continue;
+            w.Durum(i, j) = Inside;
+            w.put(w.newPointAt(i, j), at, 0);
+        }
+    }
+}
+
+} // namespace havuz
