@@ -1,0 +1,22 @@
+// What is wrong with a mesh as it stands, in words for an engineer: torn, overlapping or unfinished places. It reads
+// panels, plates, meshes and nodes alone, so that a project read from its file gives the same report as the command
+// that meshed it, and it changes nothing. Lengths in m.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace havuz {
+
+// One line for each warning, with the plate, wall, mesh or node and its place; of many alike the first few and their
+// number. Empty for a mesh without a fault. Warnings:
+//   a plate's meshes cover more than 0.5 % more or less than its own area in plan, leave its outline or lose a corner;
+//   meshes without area, folded, overlapping, or naming a node that does not exist (node 0);
+//   two nodes in one place; panels without a mesh or with meshes beside them; open joints of panels and plates;
+//   divisions that were raised after the mesh was made.
+std::vector<std::string> MeshReport();
+
+// Whether every corner of every active mesh is a node: without that there can be no analysis.
+bool EveryCornerIsANode();
+
+} // namespace havuz
