@@ -3,6 +3,7 @@
 #include "support.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -28,14 +29,17 @@ Ended Cli(const TemporaryFolder &folder, const std::string &arguments) {
     return ended;
 }
 
-bool Contains(const std::string &text, const std::string &part) { return text.find(part) != std::string::npos; }
+bool Contains(const std::string &text, const std::string &part) {
+    return text.find(part) != std::string::npos;
+}
 
 } // namespace
 
 TEST(Cli, FromParametersToResults) {
     const TemporaryFolder folder;
-    EXPECT_EQ(Cli(folder, "pool rectangular -o P.POL --set Lx=4 --set Ly=3 --set UstKot=2,5 --set 'YukDurum(3)=0'").status,
-              0);
+    EXPECT_EQ(
+        Cli(folder, "pool rectangular -o P.POL --set Lx=4 --set Ly=3 --set UstKot=2,5 --set 'YukDurum(3)=0'").status,
+        0);
     EXPECT_EQ(Cli(folder, "mesh P.POL").status, 0);
     EXPECT_EQ(Cli(folder, "set P.POL ZeminKo=1500 'FZ(3)=2' 'Sil(2)=1' 'KenarMesnet(1,2)=0' 'D(1)=40'").status, 0);
     const Ended info = Cli(folder, "info p.pol --json"); // whatever the case of its name
@@ -71,14 +75,97 @@ TEST(Cli, ADirectoryWithAPointAndAnotherOutputFile) {
     EXPECT_NE(ReadBytes(folder.file("v1.2/D.SON")), "");
 }
 
+// Three to eight corners around a circle of 5 m.
+TEST(Cli, PolygonPoolsFromCornersToResults) {
+    const TemporaryFolder folder;
+    for (int n = 3; n <= 8; ++n) {
+        std::string points;
+        for (int k = 0; k < n; ++k)
+            points += std::to_string(5 * std::cos(2 * M_PI * k / n)) + "," +
+                      std::to_string(5 * std::sin(2 * M_PI * k / n)) + " ";
+        const std::string name = "P" + std::to_string(n) + ".POL";
+        ASSERT_EQ(
+            Cli(folder, "polygon -o " + name + " --points '" + points + "' --dp 25 --ds 30 --top 3 --bottom 0").status,
+            0);
+        const Ended mesh = Cli(folder, "mesh " + name);
+        EXPECT_EQ(mesh.status, 0) << mesh.error;
+        EXPECT_EQ(mesh.error.rfind("mesh report: ", 0), 0U);
+        const Ended run = Cli(folder, "run " + name);
+        EXPECT_EQ(run.status, 0) << n << run.error;
+        EXPECT_TRUE(Contains(run.out, "greatest settlement")) << run.out;
+    }
+}
+
+TEST(Cli, AMeshReportComesWithEveryMeshAndWithInfo) {
+    const TemporaryFolder folder;
+    const std::string walls = " --dp 20 --ds 30 --top 3 --bottom 0";
+    ASSERT_EQ(Cli(folder, "polygon -o L.POL --points '0,0 6,0 6,3 3,3 3,6 0,6'" + walls).status, 0);
+    EXPECT_FALSE(Contains(Cli(folder, "info L.POL").out, "mesh report")); // nothing to report yet
+    const Ended mesh = Cli(folder, "mesh L.POL");
+    EXPECT_EQ(mesh.error.rfind("mesh report: 112 nodes, 96 meshes, WARNINGS:\n", 0), 0U) << mesh.error;
+    const Ended info = Cli(folder, "info L.POL");
+    const Ended json = Cli(folder, "info L.POL --json");
+    for (const char *words : {"plate 1: its meshes cover 27.5 m2 in plan, its area is 27 m2 (+1.9 %), from (0, 0, 0)",
+                              "plate 1: corner 4 at (3, 3, 0) is no node of its meshes"}) {
+        EXPECT_TRUE(Contains(mesh.error, std::string("  ") + words + "\n")) << mesh.error;
+        EXPECT_TRUE(Contains(info.out, std::string("    ") + words + "\n")) << info.out;
+        EXPECT_TRUE(Contains(json.out, std::string("\"") + words + "\"")) << json.out;
+    }
+    ASSERT_EQ(Cli(folder, "pool rectangular -o P.POL --set Bk=1.5").status, 0);
+    EXPECT_TRUE(Contains(Cli(folder, "mesh P.POL").error, "needs one more auto mesh"));
+    EXPECT_TRUE(Contains(Cli(folder, "mesh P.POL").error, "no warnings"));
+    // A mesh with a corner that is no node is reported; nothing is said of its analysis.
+    std::string text = ReadBytes(folder.file("L.POL"));
+    const std::size_t at = text.find("\r\n1001,") + 7;
+    text.replace(at, text.find(',', at) - at, "0");
+    WriteBytes(folder.file("L.POL"), text);
+    const Ended torn = Cli(folder, "info L.POL");
+    EXPECT_EQ(torn.status, 0) << torn.error;
+    EXPECT_TRUE(Contains(torn.out, "names node 0")) << torn.out;
+    EXPECT_FALSE(Contains(torn.out, "equations"));
+}
+
+TEST(Cli, CutsAndAddedPolygons) {
+    const TemporaryFolder folder;
+    const std::string walls = " --dp 20 --ds 30 --top 3 --bottom 0";
+    ASSERT_EQ(Cli(folder, "polygon -o P.POL --points '0,0 4,0 4,3 0,3'" + walls).status, 0);
+    const std::string before = ReadBytes(folder.file("P.POL"));
+    const Ended none = Cli(folder, "cut P.POL -o Q.POL --line '9,9 10,10'");
+    EXPECT_EQ(none.status, 0);
+    EXPECT_EQ(none.error, "the line cuts no plate\n");
+    EXPECT_EQ(ReadBytes(folder.file("Q.POL")), before);
+    EXPECT_EQ(Cli(folder, "cut P.POL -o Q.POL --line '1,-1 1,4' --mesh-width 0.5").error, "");
+    EXPECT_TRUE(Contains(Cli(folder, "info Q.POL --json").out, "\"panels\": 6,\n    \"plates\": 2,"));
+    EXPECT_TRUE(Contains(ReadBytes(folder.file("Q.POL")), "\r\n2,6,3,20,1,0,0\r\n")); // 3 m by 0.5 m
+    EXPECT_EQ(ReadBytes(folder.file("P.POL")), before);
+    EXPECT_TRUE(Contains(Cli(folder, "mesh Q.POL").error, "plate 1 and plate 2 are not joined over 3 m of 3 m"));
+    ASSERT_EQ(Cli(folder, "polygon --onto P.POL -o R.POL --points '9,0 12,0 9,4'" + walls).status, 0);
+    EXPECT_TRUE(Contains(Cli(folder, "info R.POL --json").out, "\"panels\": 7,\n    \"plates\": 2,"));
+}
+
 TEST(Cli, WrongUsageIsTwo) {
     const TemporaryFolder folder;
     ASSERT_EQ(Cli(folder, "pool rectangular -o P.POL").status, 0);
-    for (const char *arguments :
-         {"", "bogus", "pool square -o X.POL", "pool rectangular", "pool rectangular -o X.POL --set Lx",
-          "pool rectangular -o X.POL --set Lx=abc", "pool rectangular -o X.POL --set 'Mesnet(1)=4'", "mesh",
-          "mesh P.POL --mesh-width x", "set P.POL", "set P.POL Nosuch=1", "set P.POL 'D=1'", "set P.POL 'D(1,2)=1'",
-          "set P.POL 'Lx(1)=2'", "run P.POL --loud"}) {
+    for (const char *arguments : {"",
+                                  "bogus",
+                                  "pool square -o X.POL",
+                                  "pool rectangular",
+                                  "pool rectangular -o X.POL --set Lx",
+                                  "pool rectangular -o X.POL --set Lx=abc",
+                                  "pool rectangular -o X.POL --set 'Mesnet(1)=4'",
+                                  "mesh",
+                                  "mesh P.POL --mesh-width x",
+                                  "set P.POL",
+                                  "set P.POL Nosuch=1",
+                                  "set P.POL 'D=1'",
+                                  "set P.POL 'D(1,2)=1'",
+                                  "set P.POL 'Lx(1)=2'",
+                                  "run P.POL --loud",
+                                  "polygon -o X.POL --points '0,0 4,0 4,3' --dp 20 --ds 30 --top 3",
+                                  "polygon -o X.POL --points '0,0 4,0 4;3' --dp 20 --ds 30 --top 3 --bottom 0",
+                                  "polygon -o X.POL --points '0,0 4,0' --dp 20 --ds 30 --top 3 --bottom 0",
+                                  "cut P.POL",
+                                  "cut P.POL -o X.POL --line '0,0 1,1 2,2'"}) {
         const Ended ended = Cli(folder, arguments);
         EXPECT_EQ(ended.status, 2) << arguments << ended.error;
         EXPECT_EQ(std::count(ended.error.begin(), ended.error.end(), '\n'), 1) << ended.error;
@@ -105,7 +192,15 @@ TEST(Cli, FailuresNameFileAndPlaceAndWriteNothing) {
     ASSERT_EQ(Cli(folder, coincident).status, 0);
     ASSERT_EQ(Cli(folder, "pool rectangular -o MANY.POL --set Lx=55 --set Ly=45 --set UstKot=5").status, 0);
     ASSERT_EQ(Cli(folder, "mesh MANY.POL").status, 0);
+    const std::string walls = " --dp 20 --ds 30 --top 3 --bottom 0";
+    ASSERT_EQ(Cli(folder, "polygon -o WIDE.POL --points '0,0 25,0 25,3 0,3'" + walls).status, 0);
+    ASSERT_EQ(Cli(folder, "polygon -o BIG.POL --points '0,0 40,0 40,40 0,40'" + walls).status, 0);
+    const std::string wide = ReadBytes(folder.file("WIDE.POL"));
     const std::pair<const char *, const char *> cases[] = {
+        {"mesh WIDE.POL", "havuz-cli: WIDE.POL: plate 1, wall 1: column(21) lies outside 0..20\n"},
+        {"mesh WIDE.POL --mesh-width 0.05", "havuz-cli: WIDE.POL: plate 1: grid step(502) lies outside 0..500\n"},
+        {"mesh BIG.POL -o X.POL", "havuz-cli: BIG.POL: plate 1: point(1001) lies outside 0..1000\n"},
+        {"cut WIDE.POL --line '1,-1 1,4' --mesh-width 0", "havuz-cli: WIDE.POL: MeshGenisligi: division by zero\n"},
         {"mesh NONE.POL", "havuz-cli: NONE.POL: cannot be opened"},
         {"info BAD.POL", "havuz-cli: BAD.POL: line 3, field 2 (soil ZeminKo): \"2x00\" is not a number"},
         {"run CUT.POL", "havuz-cli: CUT.POL: line "},
@@ -126,6 +221,7 @@ TEST(Cli, FailuresNameFileAndPlaceAndWriteNothing) {
         EXPECT_FALSE(std::filesystem::exists(folder.file("X.POL")));
     }
     EXPECT_EQ(ReadBytes(folder.file("P.POL")), good);
+    EXPECT_EQ(ReadBytes(folder.file("WIDE.POL")), wide);
     const Ended many = Cli(folder, "run MANY.POL"); // the sizes are shown before the failure
     EXPECT_TRUE(Contains(many.out, "Denklem       : ")) << many.out;
     EXPECT_TRUE(Contains(Cli(folder, "info MANY.POL").out, "fits the arrays of the analysis   no"));
@@ -135,7 +231,7 @@ TEST(Cli, HelpAndVersionAreResults) {
     const TemporaryFolder folder;
     const Ended help = Cli(folder, "--help");
     EXPECT_EQ(help.status, 0);
-    for (const char *command : {"pool", "mesh", "set", "run", "info"})
+    for (const char *command : {"pool", "polygon", "mesh", "cut", "set", "run", "info"})
         EXPECT_TRUE(Contains(help.out, command)) << command;
     EXPECT_EQ(Cli(folder, "run --help").status, 0);
     EXPECT_EQ(Cli(folder, "--version").out.rfind("havuz-cli ", 0), 0U);

@@ -22,7 +22,9 @@ class UsageError : public std::runtime_error {
 };
 
 void AddPoolCommand(CLI::App &parser, Job &job);
+void AddPolygonCommand(CLI::App &parser, Job &job);
 void AddMeshCommand(CLI::App &parser, Job &job);
+void AddCutCommand(CLI::App &parser, Job &job);
 void AddSetCommand(CLI::App &parser, Job &job);
 void AddRunCommand(CLI::App &parser, Job &job);
 void AddInfoCommand(CLI::App &parser, Job &job);

@@ -19,7 +19,9 @@ template <class... Ts>
 Overloaded(Ts...) -> Overloaded<Ts...>;
 
 // A number for a person: at most six decimals, a digit before the point.
-std::string Plain(double value) { return PictureText(value, "##0.######"); }
+std::string Plain(double value) {
+    return PictureText(value, "##0.######");
+}
 
 std::string Text(const FactValue &value) {
     return std::visit(Overloaded{
@@ -36,6 +38,12 @@ std::string Text(const FactValue &value) {
                               std::string all;
                               for (const std::string &s : v)
                                   all += (all.empty() ? "" : ", ") + s;
+                              return all.empty() ? std::string("none") : all;
+                          },
+                          [](const Lines &v) {
+                              std::string all;
+                              for (const std::string &line : v.lines)
+                                  all += "\n    " + line;
                               return all.empty() ? std::string("none") : all;
                           },
                       },
@@ -80,6 +88,7 @@ std::string Json(const FactValue &value) {
                           [](const std::string &v) { return JsonString(v); },
                           [](const std::vector<double> &v) { return JsonArray(v, JsonNumber); },
                           [](const std::vector<std::string> &v) { return JsonArray(v, JsonString); },
+                          [](const Lines &v) { return JsonArray(v.lines, JsonString); },
                       },
                       value);
 }

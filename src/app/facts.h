@@ -8,7 +8,12 @@
 
 namespace havuz {
 
-using FactValue = std::variant<double, bool, std::string, std::vector<double>, std::vector<std::string>>;
+// Texts too long to stand in a row: a person gets one line for each.
+struct Lines {
+    std::vector<std::string> lines;
+};
+
+using FactValue = std::variant<double, bool, std::string, std::vector<double>, std::vector<std::string>, Lines>;
 
 struct Fact {
     std::string key;   // name in JSON

@@ -6,6 +6,7 @@
 #include "fea/equations.h"
 #include "fea/result_summary.h"
 #include "fea/system.h"
+#include "mesh/mesh_report.h"
 #include "model/files.h"
 #include "model/store.h"
 
@@ -175,10 +176,25 @@ FactSection AnalysisFacts() {
              {"resultFiles", "result files", results, ""}}};
 }
 
+// The same lines that the mesh command prints.
+FactSection MeshFacts() {
+    return {"mesh", "mesh report", {{"warnings", "warnings", Lines{MeshReport()}, ""}}};
+}
+
+// A mesh with a corner that is no node can be reported, not analysed.
+std::vector<FactSection> AllFacts(const std::string &file) {
+    std::vector<FactSection> sections = {ProjectFacts(file), ExtentFacts(), SupportFacts(), LoadFacts(),
+                                         ParameterFacts()};
+    if (MeshCount > 0)
+        sections.push_back(MeshFacts());
+    if (EveryCornerIsANode())
+        sections.push_back(AnalysisFacts());
+    return sections;
+}
+
 void PrintInfo(const std::string &file, bool json) {
     OpenProject(file);
-    const std::vector<FactSection> sections = {ProjectFacts(file), ExtentFacts(),   SupportFacts(),
-                                               LoadFacts(),        ParameterFacts(), AnalysisFacts()};
+    const std::vector<FactSection> sections = AllFacts(file);
     if (json)
         PrintFactsAsJson(sections, std::cout);
     else

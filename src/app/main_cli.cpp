@@ -1,5 +1,5 @@
-// havuz-cli: the jobs of the program from a shell or a script. Results go to standard output, everything else to standard
-// error; a failure is one line and status 1, wrong usage is status 2.
+// havuz-cli: the jobs of the program from a shell or a script. Results go to standard output, everything else to
+// standard error; a failure is one line and status 1, wrong usage is status 2.
 #include "app/cli.h"
 #include "model/failure.h"
 
@@ -12,7 +12,7 @@ namespace havuz {
 using AddCommand = void (*)(CLI::App &parser, Job &job);
 
 static constexpr std::array kCommands = {
-    AddPoolCommand, AddMeshCommand, AddSetCommand, AddRunCommand, AddInfoCommand,
+    AddPoolCommand, AddPolygonCommand, AddMeshCommand, AddCutCommand, AddSetCommand, AddRunCommand, AddInfoCommand,
 };
 
 static int Fail(const std::string &words, int status) {
@@ -63,4 +63,6 @@ static int Main(int argc, char **argv) {
 
 } // namespace havuz
 
-int main(int argc, char **argv) { return havuz::Main(argc, argv); }
+int main(int argc, char **argv) {
+    return havuz::Main(argc, argv);
+}

@@ -1,22 +1,31 @@
 // havuz-cli mesh: what "auto mesh" does for the model.
 #include "app/cli.h"
 #include "app/project.h"
-#include "mesh/numbering.h"
-#include "mesh/panel_mesh.h"
+#include "mesh/mesh_report.h"
+#include "mesh/oto_mesh.h"
 #include "model/store.h"
 
+#include <iostream>
 #include <memory>
 
 namespace havuz {
+
+static void PrintMeshReport() {
+    const std::vector<std::string> report = MeshReport();
+    std::cerr << "mesh report: " << NoktaCount << " nodes, " << MeshCount << " meshes, "
+              << (report.empty() ? "no warnings" : "WARNINGS:") << "\n";
+    for (const std::string &warning : report)
+        std::cerr << "  " << warning << "\n";
+}
 
 static void MeshProject(const std::string &file, const std::string &out, const double *width) {
     OpenProject(file);
     if (width != nullptr)
         MeshGenisligi = *width;
     MeshWindow none;
-    PanelMeshle(none);
-    NoktaNumarala();
+    AutoMesh(none);
     StoreProject(out.empty() ? file : out);
+    PrintMeshReport();
 }
 
 void AddMeshCommand(CLI::App &parser, Job &job) {
