@@ -36,13 +36,7 @@ FactSection ProjectFacts(const std::string &file) {
 // The box around everything the model has: panel corners, plate points, nodes.
 class Extents {
 public:
-    template <class Point>
-    void take(const Point &p) {
-        add(0, p.X);
-        add(1, p.Y);
-        add(2, p.Z);
-    }
-    void takePoint(double x, double y, double z) {
+    void take(double x, double y, double z) {
         add(0, x);
         add(1, y);
         add(2, z);
@@ -70,15 +64,15 @@ private:
 FactSection ExtentFacts() {
     Extents extents;
     for (int i = 1; i <= NoktaCount; ++i)
-        extents.take(NoktaTable[i]);
+        extents.take(NoktaTable[i].X, NoktaTable[i].Y, NoktaTable[i].Z);
     if (NoktaCount > 0)
         return extents.facts();
     for (int i = 1; i <= PanelCount; ++i)
         for (int k = 1; k <= 4; ++k)
-            extents.takePoint(PanelTable[i].X[k], PanelTable[i].Y[k], PanelTable[i].Z[k]);
+            extents.take(PanelTable[i].X[k], PanelTable[i].Y[k], PanelTable[i].Z[k]);
     for (int i = 1; i <= PlakCount; ++i)
         for (int k = 1; k <= PlakTable[i].NoktaSayisi; ++k)
-            extents.takePoint(PlakTable[i].X[k], PlakTable[i].Y[k], PlakTable[i].Z[k]);
+            extents.take(PlakTable[i].X[k], PlakTable[i].Y[k], PlakTable[i].Z[k]);
     return extents.facts();
 }
 

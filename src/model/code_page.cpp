@@ -12,7 +12,7 @@ namespace havuz {
 static std::array<std::string, 256> MakeBytes() {
     std::array<std::string, 256> text;
     const iconv_t converter = iconv_open("UTF-8", "WINDOWS-1254");
-    if (converter == iconv_t(-1))
+    if (converter == iconv_t(-1)) // NOLINT(performance-no-int-to-ptr): how iconv tells a failure
         throw std::runtime_error("iconv knows no Windows-1254");
     for (unsigned b = 0; b < text.size(); ++b) {
         char in = static_cast<char>(b);
