@@ -175,6 +175,7 @@ TEST(PlakMesh, ShapesMatchTheirGoldenMesh) {
         {"triangle, other sense", {{0, 0}, {0, 6}, {6, 0}}, 1},
         {"turned rectangle", Turned(Rectangle(0, 0, 6, 3), 0.5), 0.8},
         {"two corners near one grid point", {{0, 0}, {6, 0}, {6, 3}, {5.8, 3.2}, {0, 3}}, 2},
+        {"narrow", {{3.5, 2.5}, {3.5, 4.7}, {0.2, 4.7}, {0.2, 2.5}}, 2},
         {"re-entrant", {{0, 0}, {8, 0}, {8, 5}, {5, 5}, {5, 2}, {3, 2}, {3, 5}, {0, 5}}, 0.9},
     };
     std::string text;
@@ -258,6 +259,8 @@ TEST(PlakMesh, LimitsAreFailuresThatNamePlateAndLimit) {
         {Rectangle(0, 0, 40, 40), 1, 0, Subscript, "plate 1: point(1001) lies outside 0..1000"},
         {Rectangle(0, 0, 600, 2), 1, 2, Subscript, "plate 3: grid step(602) lies outside 0..500"},
         {{{0, 0}, {498, 0}, {498, 0.2}, {0, 0.2}}, 1, 0, Subscript, "plate 1: grid Durum(501) lies outside 0..500"},
+        {Rectangle(0, 0, 4, 3), 1e-12, 0, Subscript, "plate 1: grid step(4000000000002) lies outside 0..500"},
+        {Rectangle(0, 0, 4, 3), 1, 91, Subscript, "plate 92: working copy, PlakTable(102) lies outside 0..100"},
         {star(200), 1, 0, Subscript, "plate 1: outline point(200) lies outside 0..199"},
         {Rectangle(0, 0, 4, 3), 1, 32, Overflow,
          "plate 33: PlakKodu -33001 leaves the 16-bit range, plates are meshed up to number 32"},

@@ -112,7 +112,7 @@ Warnings WarnOfPanelsWithoutMesh() {
     const std::map<int, int> meshes = MeshesByOwner();
     Warnings found;
     for (int w = 1; w <= PanelCount; ++w)
-        if (meshes.count(w) == 0)
+        if (PanelTable[w].No != 0 && meshes.count(w) == 0)
             found.add(
                 [w] { return OwnerInWords(w) + " got no mesh, at " + PlaceInWords(PanelCorner(PanelTable[w], 4)); });
     return found;
@@ -198,7 +198,7 @@ Warnings WarnOfPlateAreas() {
 
 bool EveryCornerIsANode() {
     for (int i = 1; i <= MeshCount; ++i)
-        if (MeshTable[i].Sil == 0 && !CornersOf(i))
+        if (MeshTable[i].Sil != 1 && !CornersOf(i))
             return false;
     return true;
 }

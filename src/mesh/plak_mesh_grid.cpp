@@ -12,6 +12,8 @@ constexpr double kInsideSlack = 0.1; // m: how far two opposite hits may miss th
 
 // The closed working copy of the plate. The last point's Sonraki is that point itself: wanted.
 static void FillScratchPlak(const PlakMeshWork &w) {
+    if (PlakCount + kScratchPlak > kPlakCapacity)
+        FailSubscript(PlakInWords(w.plak) + ": working copy, PlakTable", PlakCount + kScratchPlak, kPlakCapacity);
     PlakRecord &plate = PlakTable[w.plak];
     PlakRecord &copy = PlakTable[PlakCount + kScratchPlak];
     copy = plate;
@@ -82,18 +84,24 @@ static int LongestEdge(const PlakMeshWork &w) {
     return longest;
 }
 
+// Whole steps in a length. Two more of them, the spare rows, still lie on the grid.
+static int WholeSteps(const PlakMeshWork &w, double length) {
+    const double steps = Divide(length, w.h, "MeshGenisligi");
+    if (steps >= kPlakGrid - 1)
+        FailSubscript(PlakInWords(w.plak) + ": grid step", static_cast<long long>(std::min(steps, 1e15)) + 2,
+                      kPlakGrid);
+    return FloorToWhole(steps);
+}
+
 void LayGrid(PlakMeshWork &w) {
     if (w.xmax - w.xmin == 0.0 || w.ymax - w.ymin == 0.0)
         throw RuntimeFailure(DivisionByZero, PlakInWords(w.plak) + ": its outline has no width or no height in plan");
     const PlanPoint start = w.outline(LongestEdge(w));
     w.h = 2 * (MeshGenisligi / 2);
-    const auto steps = [&w](double length) { return FloorToWhole(Divide(length, w.h, "MeshGenisligi")); };
-    w.imax = steps(w.xmax - w.xmin) + 2;
-    w.jmax = steps(w.ymax - w.ymin) + 2;
-    if (w.imax > kPlakGrid || w.jmax > kPlakGrid)
-        FailSubscript(PlakInWords(w.plak) + ": grid step", w.imax > kPlakGrid ? w.imax : w.jmax, kPlakGrid);
-    w.x0 = start.x + (-steps(start.x - w.xmin) - 1) * w.h;
-    w.y0 = start.y + (-steps(start.y - w.ymin) - 1) * w.h;
+    w.imax = WholeSteps(w, w.xmax - w.xmin) + 2;
+    w.jmax = WholeSteps(w, w.ymax - w.ymin) + 2;
+    w.x0 = start.x + (-WholeSteps(w, start.x - w.xmin) - 1) * w.h;
+    w.y0 = start.y + (-WholeSteps(w, start.y - w.ymin) - 1) * w.h;
     w.Durum.size(w.plak, "Durum", w.imax, w.jmax);
     w.GridNo.size(w.plak, "GridNo", w.imax, w.jmax);
     w.Hucre.size(w.plak, "Hucre", w.imax, w.jmax);
@@ -130,8 +138,9 @@ static bool MayMeet(double probe, double from, double to) {
 
 // Inside is a point that meets the outline in all four directions, on a straight line each: a point in a re-entrant
 // corner may be inside too, wanted.
-static bool LiesInside(const PlakMeshWork &w, PlanPoint at, Kesisim &k) {
+static bool LiesInside(const PlakMeshWork &w, PlanPoint at) {
     Hits hits;
+    Kesisim k;
     for (int e = 1; e <= w.n; ++e) {
         const PlanPoint from = w.outline(e), to = w.outline(e + 1);
         if (MayMeet(at.y, from.y, to.y)) {
@@ -149,11 +158,10 @@ static bool LiesInside(const PlakMeshWork &w, PlanPoint at, Kesisim &k) {
 }
 
 void TestInside(PlakMeshWork &w) {
-    Kesisim k;
     for (int i = 0; i <= w.imax; ++i) {
         for (int j = 0; j <= w.jmax; ++j) {
             const PlanPoint at = w.grid(i, j);
-            if (!LiesInside(w, at, k))
+            if (!LiesInside(w, at))
                 continue;
             w.Durum(i, j) = Inside;
             w.put(w.newPointAt(i, j), at, 0);
