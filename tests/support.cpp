@@ -1,11 +1,13 @@
 #include "support.h"
 
+#include "export/export_file.h"
 #include "fea/plane_stress.h"
 #include "fea/quad_work.h"
 #include "fea/system.h"
 #include "model/options.h"
 #include "model/startup.h"
 #include "model/store.h"
+#include "view/view_state.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -22,6 +24,8 @@ void ResetAll() {
     ResetSystem();
     ResetPlaneD();
     ResetQuadWork();
+    ResetView();
+    ResetExport();
     StartModel(HAVUZ_CLI);
 }
 

@@ -25,6 +25,8 @@ void AddPoolCommand(CLI::App &parser, Job &job);
 void AddMeshCommand(CLI::App &parser, Job &job);
 void AddSetCommand(CLI::App &parser, Job &job);
 void AddRunCommand(CLI::App &parser, Job &job);
+void AddExportCommand(CLI::App &parser, Job &job);
+void AddRenderCommand(CLI::App &parser, Job &job);
 void AddInfoCommand(CLI::App &parser, Job &job);
 
 } // namespace havuz

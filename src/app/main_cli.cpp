@@ -12,7 +12,8 @@ namespace havuz {
 using AddCommand = void (*)(CLI::App &parser, Job &job);
 
 static constexpr std::array kCommands = {
-    AddPoolCommand, AddMeshCommand, AddSetCommand, AddRunCommand, AddInfoCommand,
+    AddPoolCommand,   AddMeshCommand,   AddSetCommand,  AddRunCommand,
+    AddExportCommand, AddRenderCommand, AddInfoCommand,
 };
 
 static int Fail(const std::string &words, int status) {

@@ -64,11 +64,6 @@ void DrawAxisMark(Surface &scr) {
 
 // Point loads
 
-static bool HasPointLoad(int node) {
-    const NokYukRecord &load = NokYukTable[node];
-    return load.FX != 0.0 || load.FY != 0.0 || load.FZ != 0.0;
-}
-
 static ScreenPoint AtAngle(ScreenPoint from, double angle, double length) {
     return {from.x + length * std::cos(angle), from.y + length * std::sin(angle)};
 }
@@ -84,7 +79,7 @@ static void DrawArrow(Surface &scr, ScreenPoint head, ScreenPoint tail, int colo
 }
 
 void DrawPointLoadArrow(Surface &scr, int node) {
-    if (!RotatedView() || !HasPointLoad(node))
+    if (!RotatedView() || !HasPointLoad(NokYukTable[node]))
         return;
     const NoktaRecord &n = NoktaTable[node];
     const ScreenPoint head = NodePixels(node);
