@@ -79,10 +79,14 @@ std::vector<std::vector<std::string>> Block(const std::vector<std::string> &line
     return rows;
 }
 
-double Number(const std::string &word) { return std::stod(word); }
+double Number(const std::string &word) {
+    return std::stod(word);
+}
 
 // Fields of four places show the last three digits of a number.
-int Cut(int number) { return number % 1000; }
+int Cut(int number) {
+    return number % 1000;
+}
 
 void ExpectNodes(const std::vector<std::vector<std::string>> &rows, std::size_t x, std::size_t y, std::size_t z) {
     ASSERT_EQ(rows.size(), static_cast<std::size_t>(NoktaCount));
@@ -183,8 +187,8 @@ TEST(Exports, FilesOfAPoolToTheByteAndReadBack) {
         const char *name;
         double meshWidth, method, f1, f2;
     };
-    const Case cases[] = {{"pool_method0", 1.0, 0, 1.0, 1.0}, {"pool_method1", 1.0, 1, 1.4, 1.6},
-                          {"over_999_nodes", 0.4, 1, 1.4, 1.6}};
+    const Case cases[] = {
+        {"pool_method0", 1.0, 0, 1.0, 1.0}, {"pool_method1", 1.0, 1, 1.4, 1.6}, {"over_999_nodes", 0.4, 1, 1.4, 1.6}};
     for (const Case &c : cases) {
         SCOPED_TRACE(c.name);
         MakeExportPool(c.meshWidth, c.method);

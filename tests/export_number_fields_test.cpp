@@ -25,8 +25,9 @@ TEST(ExportNumbers, PlainTextShowsTheDigitsOfTheWidth) {
     for (const auto &[value, text] : doubles)
         EXPECT_EQ(PlainNumberText(value), text) << value;
     const std::pair<double, const char *> singles[] = {
-        {0.1, " .1"}, {1.0 / 3, " .3333333"}, {9999999, " 9999999"}, {1e7, " 1E+07"}, {-12345678, "-1.234568E+07"},
-        {1e-7, " .0000001"}, {1e-8, " 1E-08"}};
+        {0.1, " .1"},    {1.0 / 3, " .3333333"},       {9999999, " 9999999"},
+        {1e7, " 1E+07"}, {-12345678, "-1.234568E+07"}, {1e-7, " .0000001"},
+        {1e-8, " 1E-08"}};
     for (const auto &[value, text] : singles)
         EXPECT_EQ(PlainNumberText(Float32(value)), text) << value;
     EXPECT_EQ(PlainNumberText(-7), "-7");
@@ -70,7 +71,8 @@ TEST(ExportNumbers, FieldsAreRightAlignedAndFractionsNeverCut) {
 }
 
 TEST(ExportNumbers, NumbersOfFourPlacesLoseTheirThousands) {
-    const std::pair<int, const char *> cases[] = {{1, "   1"}, {999, " 999"}, {1000, " 000"}, {1234, " 234"}, {4999, " 999"}};
+    const std::pair<int, const char *> cases[] = {
+        {1, "   1"}, {999, " 999"}, {1000, " 000"}, {1234, " 234"}, {4999, " 999"}};
     for (const auto &[n, text] : cases)
         EXPECT_EQ(FixedField(n, 4, 0), text) << n;
 }

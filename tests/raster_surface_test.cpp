@@ -1,7 +1,6 @@
 // The drawing surface as a picture: pixels where they were asked for, in the modes they were asked for.
-#include "ui/qt/raster_surface.h"
-
 #include "support.h"
+#include "ui/qt/raster_surface.h"
 #include "ui/qt/small_font.h"
 
 #include <gtest/gtest.h>
@@ -89,7 +88,8 @@ TEST(RasterSurface, PolygonsTakeThePensColoursAndStyles) {
 }
 
 TEST(RasterSurface, LineStylesAndWidths) {
-    for (const auto &[style, whole] : {std::pair(LineStyle::Solid, true), {LineStyle::Dash, false}, {LineStyle::Dot, false}}) {
+    for (const auto &[style, whole] :
+         {std::pair(LineStyle::Solid, true), {LineStyle::Dash, false}, {LineStyle::Dot, false}}) {
         RasterSurface scr(60, 1);
         scr.pen.lineStyle = style;
         scr.Line(0, 0, 59, 0, kRed);
@@ -156,7 +156,8 @@ TEST(RasterSurface, PngHoldsTheSamePixels) {
     RasterSurface scr(33, 17);
     scr.Line(0, 0, 32, 16, kRed);
     const std::string png = scr.png();
-    const QImage read = QImage::fromData(reinterpret_cast<const uchar *>(png.data()), static_cast<int>(png.size()), "PNG");
+    const QImage read =
+        QImage::fromData(reinterpret_cast<const uchar *>(png.data()), static_cast<int>(png.size()), "PNG");
     EXPECT_EQ(read.convertToFormat(QImage::Format_RGB32), scr.image());
     EXPECT_EQ(FailureOf([] { RasterSurface none(0, 5); }).kind, Overflow);
 }

@@ -1,5 +1,5 @@
-// A surface that paints nothing: it keeps one line of text for each request, in the order they came. QB colours stand by
-// their index, others as #rrggbb; pen state other than the plain one stands at the end of a line.
+// A surface that paints nothing: it keeps one line of text for each request, in the order they came. QB colours stand
+// by their index, others as #rrggbb; pen state other than the plain one stands at the end of a line.
 #pragma once
 
 #include "view/surface.h"
@@ -32,9 +32,9 @@ struct RecordingSurface : Surface {
     }
     void Polygon(std::span<const Pixel> points) override {
         log += "polygon " + name(pen.colour) + " on ";
-        log += pen.fillStyle == FillStyle::Solid ? name(pen.fillColour)
-                                                 : name(pen.fillColour) + " style " +
-                                                       std::to_string(static_cast<int>(pen.fillStyle));
+        log += pen.fillStyle == FillStyle::Solid
+                   ? name(pen.fillColour)
+                   : name(pen.fillColour) + " style " + std::to_string(static_cast<int>(pen.fillStyle));
         for (const Pixel p : points)
             log += at(p.x, p.y);
         log += state();

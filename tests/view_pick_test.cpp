@@ -19,7 +19,9 @@ namespace {
 struct LoggingWindow : ViewWindow {
     std::string log;
     double left = 0, top = 0;
-    void ShowPol(int i, double x1, double y1, double x2, double y2) override { put("pol", {double(i), x1, y1, x2, y2}); }
+    void ShowPol(int i, double x1, double y1, double x2, double y2) override {
+        put("pol", {double(i), x1, y1, x2, y2});
+    }
     void ShowOverview(bool on) override { put("overview", {on ? 1.0 : 0.0}); }
     void ShowOverviewButton(bool on) override { put("SCR1", {on ? 1.0 : 0.0}); }
     void CopySurfaceToOverview() override { put("copy", {}); }
@@ -140,7 +142,7 @@ TEST(NodeMove, InPlanTheHeightComesFromThePanel) {
     FinishNodeMove(80, 25, scr, window);
     EXPECT_EQ(NoktaTable[1].X, 8.0);
     EXPECT_EQ(NoktaTable[1].Y, 2.5);
-    EXPECT_FLOAT_EQ(NoktaTable[1].Z.raw(), 2.6F); // a quarter of the way from 1.6 to 5.6
+    EXPECT_FLOAT_EQ(NoktaTable[1].Z.raw(), 2.6F);              // a quarter of the way from 1.6 to 5.6
     AddPanel(1, {0, 0, 3}, {10, 0, 5}, {10, 0, 0}, {0, 0, 0}); // upright: equal Y on both, the top stands
     NoktaTable[1].PanelNo = 2;
     FinishNodeMove(50, 0, scr, window);

@@ -61,7 +61,8 @@ TEST(Projection, EachRotationTurnsItsOwnAxesAndTheEyeShortensWhatIsFar) {
 }
 
 TEST(Projection, WholePixelsAreTheNearestTiesToEven) {
-    const std::pair<double, int> cases[] = {{0.5, 0}, {1.5, 2}, {2.4999, 2}, {-0.5, 0}, {-1.5, -2}, {2147483647.0, 2147483647}};
+    const std::pair<double, int> cases[] = {{0.5, 0},  {1.5, 2},   {2.4999, 2},
+                                            {-0.5, 0}, {-1.5, -2}, {2147483647.0, 2147483647}};
     for (const auto &[v, pixel] : cases)
         EXPECT_EQ(ToPixel(v), pixel) << v;
     for (const double v : {2147483648.0, -1e300, std::nan("")})

@@ -31,8 +31,7 @@ void AddExportCommand(CLI::App &parser, Job &job) {
     command->add_option("-o", o->out, "file to write")->required()->type_name("OUT");
     command->add_option("--name", o->name, "project name in the title; else that of the file")->type_name("ProjeAdi");
     command->callback([o, &job] {
-        job = {o->file,
-               [o] { ExportProject(o->file, o->out, o->name, o->format == "staad" ? StaadText : SapText); }};
+        job = {o->file, [o] { ExportProject(o->file, o->out, o->name, o->format == "staad" ? StaadText : SapText); }};
     });
 }
 

@@ -1,5 +1,5 @@
-// What both export formats share: the chosen path, the load factors, lines, the way to the disk. Files have lines ended by
-// CR LF, in Windows-1254.
+// What both export formats share: the chosen path, the load factors, lines, the way to the disk. Files have lines ended
+// by CR LF, in Windows-1254.
 #pragma once
 
 #include "export/file_dialog.h"

@@ -9,7 +9,8 @@ class FileDialog {
 public:
     virtual ~FileDialog() = default;
     // Runs as a save dialog: the chosen path, or "" when it was cancelled. It adds no extension.
-    virtual std::string AskSaveName(const std::string &title, const std::string &directory, const std::string &name) = 0;
+    virtual std::string AskSaveName(const std::string &title, const std::string &directory,
+                                    const std::string &name) = 0;
 };
 
 } // namespace havuz

@@ -1,6 +1,6 @@
 #include "export/number_fields.h"
 
-#include "model/failure.h"
+#include "model/arithmetic.h"
 #include "model/number_text.h"
 
 #include <algorithm>
@@ -18,24 +18,28 @@ static std::string SignedText(double value, int significant) {
     if (d.digits.empty())
         return " 0";
     const bool plain = d.point <= significant && d.point > -significant;
-    return (d.negative ? "-" : " ") + (plain ? PlainForm(d) : ExponentForm(d));
+    std::string text(1, d.negative ? '-' : ' ');
+    text += plain ? PlainForm(d) : ExponentForm(d);
+    return text;
 }
 
-std::string PlainNumberText(double value) { return SignedText(value, kDoubleDigits); }
-std::string PlainNumberText(Float32 value) { return SignedText(value, kSingleDigits); }
-std::string PlainNumberText(int value) { return SignedText(value, kDoubleDigits); }
-
-std::string BareNumber(int value) { return PlainNumberText(value) + " "; }
-
-// The store into a 32-bit integer: to nearest, ties to even.
-static std::int32_t ToWhole(double v) {
-    const double r = std::nearbyint(v);
-    if (!(r >= -2147483648.0 && r <= 2147483647.0))
-        FailOverflow("the field value " + std::to_string(v) + " leaves the 32-bit range");
-    return static_cast<std::int32_t>(r);
+std::string PlainNumberText(double value) {
+    return SignedText(value, kDoubleDigits);
+}
+std::string PlainNumberText(Float32 value) {
+    return SignedText(value, kSingleDigits);
+}
+std::string PlainNumberText(int value) {
+    return SignedText(value, kDoubleDigits);
 }
 
-static std::string WithoutLeftBlanks(const std::string &s) { return s.substr(std::min(s.find_first_not_of(' '), s.size())); }
+std::string BareNumber(int value) {
+    return PlainNumberText(value) + " ";
+}
+
+static std::string WithoutLeftBlanks(const std::string &s) {
+    return s.substr(std::min(s.find_first_not_of(' '), s.size()));
+}
 
 // One character less than the width leaves room for is kept, so 1000 in a field of 4 shows 000: wanted.
 static std::string WholePart(std::int32_t value, int width, int places) {
@@ -55,9 +59,9 @@ static std::string FieldOf(const Number &value, int width, int decimals) {
         if (shown < places)
             s.append(static_cast<std::size_t>(places - shown), '0');
     } else {
-        s = WholePart(ToWhole(value), width, places);
+        s = WholePart(RoundToWhole32(value), width, places);
         if (decimals > 0)
-            s += "." + std::string(static_cast<std::size_t>(places), '0');
+            s.append(1, '.').append(static_cast<std::size_t>(places), '0');
     }
     if (static_cast<int>(s.size()) < width)
         s.insert(0, static_cast<std::size_t>(width) - s.size(), ' ');
@@ -69,13 +73,17 @@ static std::string RoundedField(Number &value, int width, int decimals) {
     if (std::fabs(value) > kLargestField)
         return "ì";
     const double scale = std::pow(10.0, std::abs(decimals));
-    const std::int32_t r = ToWhole(value * scale);
+    const std::int32_t r = RoundToWhole32(value * scale);
     value = r / scale;
     return FieldOf(value, width, decimals);
 }
 
-std::string FixedField(double &value, int width, int decimals) { return RoundedField(value, width, decimals); }
-std::string FixedField(Float32 &value, int width, int decimals) { return RoundedField(value, width, decimals); }
+std::string FixedField(double &value, int width, int decimals) {
+    return RoundedField(value, width, decimals);
+}
+std::string FixedField(Float32 &value, int width, int decimals) {
+    return RoundedField(value, width, decimals);
+}
 std::string FixedField(int value, int width, int decimals) {
     double whole = value;
     return RoundedField(whole, width, decimals);

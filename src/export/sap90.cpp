@@ -12,12 +12,16 @@ namespace havuz {
 static constexpr double kLevel = 0.01; // m: a side whose ends differ by no more is level
 
 // One entry for each node number.
-using SlopeFlags = std::vector<int>;     // 1: the node lies on a mesh side that is not level
-using NodeForces = std::vector<double>;  // vertical force from the surface load, t
+using SlopeFlags = std::vector<int>;    // 1: the node lies on a mesh side that is not level
+using NodeForces = std::vector<double>; // vertical force from the surface load, t
 
-static std::size_t Slot(int node) { return static_cast<std::size_t>(node); }
+static std::size_t Slot(int node) {
+    return static_cast<std::size_t>(node);
+}
 
-static std::string NodeField(int n) { return FixedField(n, 4, 0); }
+static std::string NodeField(int n) {
+    return FixedField(n, 4, 0);
+}
 
 static void AddHead(std::string &text) {
     AddLine(text, "SAP90 " + ProjeAdi + " BRIRUG ORNEGI");
@@ -53,7 +57,8 @@ static SlopeFlags FindSlopes() {
     return flag;
 }
 
-// The sixth place is held when either rotation is, and bit 4 holds all translations: not as in the other export. Wanted.
+// The sixth place is held when either rotation is, and bit 4 holds all translations: not as in the other export.
+// Wanted.
 static std::string RestraintText(int code, int slope) {
     if (code == 0)
         return slope == 0 ? "0,0,0,0,0,0" : "1,1,0,0,0,0";
@@ -71,7 +76,9 @@ static void AddRestraints(std::string &text) {
     AddLine(text, "");
 }
 
-static double Cross(const NoktaRecord &a, const NoktaRecord &b) { return (a.X * b.Y - b.X * a.Y) / 2.0; }
+static double Cross(const NoktaRecord &a, const NoktaRecord &b) {
+    return (a.X * b.Y - b.X * a.Y) / 2.0;
+}
 
 // Plan area, m2: a wall has that of its plan projection, a vertical one none.
 static double PlanArea(const MeshRecord &m) {
@@ -138,6 +145,8 @@ std::string SapText() {
     return text;
 }
 
-void ExportSap(FileDialog &dialog) { RunExport(dialog, "SAP90 PROGRAMI ICIN BIR DOSYA ADI GIRINIZ", SapText); }
+void ExportSap(FileDialog &dialog) {
+    RunExport(dialog, "SAP90 PROGRAMI ICIN BIR DOSYA ADI GIRINIZ", SapText);
+}
 
 } // namespace havuz

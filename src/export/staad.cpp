@@ -31,7 +31,9 @@ static void AddMeshes(std::string &text) {
 }
 
 // All mesh numbers, also of meshes that are off: wanted.
-static std::string AllMeshes() { return "1 TO" + PlainNumberText(MeshCount); }
+static std::string AllMeshes() {
+    return "1 TO" + PlainNumberText(MeshCount);
+}
 
 // The thickness goes out in cm as it is stored, though the file is in metres: wanted.
 static void AddProperties(std::string &text) {
@@ -77,8 +79,8 @@ static void AddPointLoads(std::string &text, const LoadFactors &f) {
     for (int i = 1; i <= NoktaCount; ++i) {
         const NokYukRecord &load = NokYukTable[i];
         if (HasPointLoad(load))
-            AddLine(lines, PlainNumberText(i) + ForceText(" FX ", f.f1, load.FX) +
-                               ForceText(" FY ", f.f1, load.FY) + ForceText(" FZ ", -f.f1, load.FZ));
+            AddLine(lines, PlainNumberText(i) + ForceText(" FX ", f.f1, load.FX) + ForceText(" FY ", f.f1, load.FY) +
+                               ForceText(" FZ ", -f.f1, load.FZ));
     }
     if (lines.empty())
         return;

@@ -12,8 +12,8 @@ struct Displacement {
     double x = 0.0, y = 0.0, z = 0.0; // m
 };
 
-// Of a node in a column 1..16 (else Subscript). Where there is no file, or it ends before the node's record, the node has
-// no displacement: a model that was not analysed yet, or was meshed anew since.
+// Of a node in a column 1..16 (else Subscript). Where there is no file, or it ends before the node's record, the node
+// has no displacement: a model that was not analysed yet, or was meshed anew since.
 Displacement ReadDisplacement(int node, int column);
 
 // What the mesh view shows of one column.

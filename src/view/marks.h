@@ -12,7 +12,8 @@ namespace havuz {
 // Small text whose foot stands at (x, y).
 void DrawLabel(Surface &scr, const std::string &text, double x, double y, int colour);
 
-// The axes in the bottom right corner. In the rotated view it sets the eye point as well, from which depths are measured.
+// The axes in the bottom right corner. In the rotated view it sets the eye point as well, from which depths are
+// measured.
 void DrawAxisMark(Surface &scr);
 
 // The point load of a node as an arrow of 30 pixels down to it; nothing without a load, and in plan.

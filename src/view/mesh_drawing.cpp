@@ -23,7 +23,9 @@ static constexpr int kBlue = 1, kWhite = 7, kLightBlue = 9, kLightRed = 12, kLig
 static constexpr int kTranslationHeld = 4; // support bit
 static constexpr int kResults = 5;
 
-static bool Held(int node) { return (NoktaTable[node].Mesnet & kTranslationHeld) != 0; }
+static bool Held(int node) {
+    return (NoktaTable[node].Mesnet & kTranslationHeld) != 0;
+}
 
 static std::array<ScreenPoint, 5> MeshRing(int mesh) {
     const std::array<int, 4> n = MeshNodes(mesh);
@@ -72,7 +74,9 @@ static void SortMeshes() {
     }
 }
 
-static int MeshFill(int owner) { return !OwnerIsPlate(owner) && PanelTable[owner].Tip != 0 ? kLightBlue : kBlue; }
+static int MeshFill(int owner) {
+    return !OwnerIsPlate(owner) && PanelTable[owner].Tip != 0 ? kLightBlue : kBlue;
+}
 
 static void DrawMeshesRotated(Surface &scr) {
     for (int k = 1; k <= MeshCount; ++k) {

@@ -18,8 +18,8 @@ static bool IsNeighbour(int node) {
     return false;
 }
 
-// The nodes before and after the given one in each mesh around it, mesh by mesh. A mesh that holds the node at two places
-// is listed for each.
+// The nodes before and after the given one in each mesh around it, mesh by mesh. A mesh that holds the node at two
+// places is listed for each.
 static std::vector<int> ListMeshesAround(int node) {
     std::vector<int> beside;
     NeighbourMeshCount = 0;

@@ -6,7 +6,8 @@
 
 namespace havuz {
 
-// Lists the meshes around node SeciliNo and their neighbour nodes (15 at most), and shows a rubber line to each of these.
+// Lists the meshes around node SeciliNo and their neighbour nodes (15 at most), and shows a rubber line to each of
+// these.
 void BeginNodeMove(ViewWindow &window);
 
 // Ends the move of node SeciliNo at pixel (x, y). Over a node, the listed meshes take that node in place of SeciliNo,

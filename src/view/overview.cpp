@@ -76,8 +76,8 @@ static void SizeRectangle(ViewWindow &window) {
 static void ZoomToRectangle(Surface &scr, ViewWindow &window) {
     const double overviewWidth = window.OverviewWidth();
     const double overviewHeight = window.OverviewHeight();
-    const double r = std::min(Divide(scr.width(), overviewWidth, "overview"),
-                              Divide(scr.height(), overviewHeight, "overview"));
+    const double r =
+        std::min(Divide(scr.width(), overviewWidth, "overview"), Divide(scr.height(), overviewHeight, "overview"));
     const double left = DynRectLeft * r;
     const double top = DynRectTop * r;
     double w = DynRectRight * r - left;

@@ -30,8 +30,8 @@ void PickNode(double x, double y) {
     }
 }
 
-// Heights at which the vertical line through x crosses the sides of a ring. A side that is vertical on the screen has no
-// crossing.
+// Heights at which the vertical line through x crosses the sides of a ring. A side that is vertical on the screen has
+// no crossing.
 static std::vector<double> Crossings(double x, const std::array<ScreenPoint, 5> &ring) {
     std::vector<double> heights;
     for (std::size_t k = 0; k < 4; ++k) {

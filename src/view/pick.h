@@ -6,8 +6,8 @@
 
 namespace havuz {
 
-// SeciliNo becomes the first node, in rising order, less than 7 pixels from (x, y) in both axes, or 0. The first hit wins,
-// not the nearest: wanted. AnchorX, AnchorY take the pixel position of a hit.
+// SeciliNo becomes the first node, in rising order, less than 7 pixels from (x, y) in both axes, or 0. The first hit
+// wins, not the nearest: wanted. AnchorX, AnchorY take the pixel position of a hit.
 void PickNode(double x, double y);
 
 // SeciliNo becomes the first mesh whose outline encloses (x, y), on or off, or 0; text its note, or empty.

@@ -41,7 +41,9 @@ void NodeToScreen(int node, double &px, double &py, int &support) {
     py = MeshOffsetY + MeshScale * sy;
 }
 
-bool RotatedView() { return IsoView > 0; }
+bool RotatedView() {
+    return IsoView > 0;
+}
 
 ScreenPoint MeshScreen(double x, double y, double z) {
     if (RotatedView())
@@ -63,14 +65,5 @@ ScreenPoint NodePixels(int node) {
     NodeToScreen(node, p.x, p.y, support);
     return p;
 }
-
-int ToPixel(double v) {
-    const double r = std::nearbyint(v); // the default mode is to nearest, ties to even
-    if (!(r >= -2147483648.0 && r <= 2147483647.0))
-        FailOverflow("the pixel position " + std::to_string(v) + " leaves the 32-bit range");
-    return static_cast<int>(r);
-}
-
-Pixel ToPixel(ScreenPoint p) { return {ToPixel(p.x), ToPixel(p.y)}; }
 
 } // namespace havuz

@@ -1,7 +1,8 @@
-// From model points to pixels: the one 3D projection, and the plan and rotated mappings of the two views. Model lengths in
-// m, angles in radians. Positions stay double until they are handed to a surface.
+// From model points to pixels: the one 3D projection, and the plan and rotated mappings of the two views. Model lengths
+// in m, angles in radians. Positions stay double until they are handed to a surface.
 #pragma once
 
+#include "model/arithmetic.h"
 #include "view/surface.h"
 
 namespace havuz {
@@ -10,10 +11,12 @@ struct ScreenPoint {
     double x = 0.0, y = 0.0; // pixels
 };
 
-inline ScreenPoint operator+(ScreenPoint p, Pixel by) { return {p.x + by.x, p.y + by.y}; }
+inline ScreenPoint operator+(ScreenPoint p, Pixel by) {
+    return {p.x + by.x, p.y + by.y};
+}
 
-// A model point on the view plane, under ViewAngleA, ViewAngleB, ViewAngleC and ViewDistance. A point in the plane of the
-// eye is DivisionByZero.
+// A model point on the view plane, under ViewAngleA, ViewAngleB, ViewAngleC and ViewDistance. A point in the plane of
+// the eye is DivisionByZero.
 void ProjectToView(double x, double y, double z, double &sx, double &sy);
 
 // Mesh view pixels of a node in the rotated view, with its support code. With DeformScale above 0 the displacements of
@@ -29,9 +32,13 @@ ScreenPoint PlateScreen(double x, double y, double z);
 // Mesh view pixels of a node: NodeToScreen in the rotated view, of X and Y alone in plan.
 ScreenPoint NodePixels(int node);
 
-// What a surface takes: the nearest whole pixel, ties to even, as a store into a 32-bit integer. A position that does not
-// fit is Overflow.
-int ToPixel(double v);
-Pixel ToPixel(ScreenPoint p);
+// What a surface takes: the nearest whole pixel, ties to even, as a store into a 32-bit integer. A position that does
+// not fit is Overflow.
+inline int ToPixel(double v) {
+    return RoundToWhole32(v);
+}
+inline Pixel ToPixel(ScreenPoint p) {
+    return {ToPixel(p.x), ToPixel(p.y)};
+}
 
 } // namespace havuz

@@ -23,8 +23,8 @@ constexpr Colour Rgb(std::uint32_t red, std::uint32_t green, std::uint32_t blue)
 }
 
 // The 16 standard colours by their indices, called QB colours: 0 black, 1 blue, 2 green, 3 cyan, 4 red, 5 magenta,
-// 6 brown, 7 white, 8 grey, 9 to 15 the light ones, 14 yellow, 15 bright white. Their shades are those of an EGA screen.
-// An index outside 0..15 counts modulo 16.
+// 6 brown, 7 white, 8 grey, 9 to 15 the light ones, 14 yellow, 15 bright white. Their shades are those of an EGA
+// screen. An index outside 0..15 counts modulo 16.
 constexpr Colour QbColour(int index) {
     constexpr std::uint32_t rgb[16] = {0x000000, 0x0000AA, 0x00AA00, 0x00AAAA, 0xAA0000, 0xAA00AA, 0xAA5500, 0xAAAAAA,
                                        0x555555, 0x5555FF, 0x55FF55, 0x55FFFF, 0xFF5555, 0xFF55FF, 0xFFFF55, 0xFFFFFF};
@@ -65,10 +65,10 @@ public:
     virtual void FillBox(int x1, int y1, int x2, int y2, Colour colour) = 0; // both corners included
     virtual void Point(int x, int y, Colour colour) = 0;                     // a dot as wide as the pen
     virtual void Circle(int x, int y, int radius, Colour colour) = 0;
-    virtual Colour ReadPoint(int x, int y) = 0;                  // outside the surface: the background
-    virtual void Polygon(std::span<const Pixel> points) = 0;     // closed, with the pen's colours and styles
+    virtual Colour ReadPoint(int x, int y) = 0;                   // outside the surface: the background
+    virtual void Polygon(std::span<const Pixel> points) = 0;      // closed, with the pen's colours and styles
     virtual void Text(int x, int y, const std::string &text) = 0; // x, y: its top left
-    virtual void Refresh() {}                                    // shows what was drawn
+    virtual void Refresh() {}                                     // shows what was drawn
 
     PenState pen;
 };

@@ -41,13 +41,14 @@ static void SetViewSize(int width, int height) {
 }
 
 void ResetView() {
-    for (double *p : {&PlateScale, &PlateOffsetX, &PlateOffsetY, &MeshScale, &MeshOffsetX, &MeshOffsetY, &HomeOffsetX,
-                      &HomeOffsetY, &Xmin, &Xmax, &Ymin, &Ymax, &Zmin, &Zmax, &Pxmin, &Pxmax, &Pymin, &Pymax,
-                      &DeformScale, &ViewerX, &ViewerY, &ViewerZ, &AnchorX, &AnchorY, &DynRectLeft, &DynRectTop,
-                      &DynRectRight, &DynRectBottom, &EdgeMarkerX, &EdgeMarkerY})
+    for (double *p : {&PlateScale,  &PlateOffsetX, &PlateOffsetY, &MeshScale,     &MeshOffsetX, &MeshOffsetY,
+                      &HomeOffsetX, &HomeOffsetY,  &Xmin,         &Xmax,          &Ymin,        &Ymax,
+                      &Zmin,        &Zmax,         &Pxmin,        &Pxmax,         &Pymin,       &Pymax,
+                      &DeformScale, &ViewerX,      &ViewerY,      &ViewerZ,       &AnchorX,     &AnchorY,
+                      &DynRectLeft, &DynRectTop,   &DynRectRight, &DynRectBottom, &EdgeMarkerX, &EdgeMarkerY})
         *p = 0.0;
-    for (int *p : {&KeepZoom, &NeighbourMeshCount, &NeighbourNodeCount, &DynStage, &CommandState, &SelectedPanel,
-                   &EdgeHitCount})
+    for (int *p :
+         {&KeepZoom, &NeighbourMeshCount, &NeighbourNodeCount, &DynStage, &CommandState, &SelectedPanel, &EdgeHitCount})
         *p = 0;
     HomeScale = 1.0;
     ActiveLoadCase = 1;
@@ -62,6 +63,8 @@ void ResetView() {
     SetViewSize(kDesignWidth, kDesignHeight);
 }
 
-void TakeSurfaceSize(const Surface &scr) { SetViewSize(scr.width(), scr.height()); }
+void TakeSurfaceSize(const Surface &scr) {
+    SetViewSize(scr.width(), scr.height());
+}
 
 } // namespace havuz

@@ -1,5 +1,6 @@
-// The variables of the views that are not run-time state of the model store: transforms, surface size, eye point, bounds,
-// picks, and what the drawings read of the armed command. Lengths in m on the model side, pixels on the screen side.
+// The variables of the views that are not run-time state of the model store: transforms, surface size, eye point,
+// bounds, picks, and what the drawings read of the armed command. Lengths in m on the model side, pixels on the screen
+// side.
 #pragma once
 
 #include "model/fields.h"
@@ -20,13 +21,13 @@ extern double Xmin, Xmax, Ymin, Ymax, Zmin, Zmax;
 extern double Pxmin, Pxmax, Pymin, Pymax;
 
 // Displacements in the mesh view, from the displacement file.
-extern double DeformScale;  // magnification added to node positions; 0 leaves the file unread
-extern int ActiveLoadCase;  // column whose displacement is added
+extern double DeformScale; // magnification added to node positions; 0 leaves the file unread
+extern int ActiveLoadCase; // column whose displacement is added
 
 extern double ViewerX, ViewerY, ViewerZ; // eye point, for distances only, m
 
-// Depth order of the rotated plate view, far to near: entries 1..PanelCount + PlakCount. DepthOrder holds a panel number,
-// or 1000 + plate number.
+// Depth order of the rotated plate view, far to near: entries 1..PanelCount + PlakCount. DepthOrder holds a panel
+// number, or 1000 + plate number.
 constexpr int kDepthEntries = kPanelCapacity + kPlakCapacity;
 extern Row<double, kDepthEntries> DepthKey; // m
 extern Row<int, kDepthEntries> DepthOrder;
@@ -42,16 +43,16 @@ extern Row<int, 4 * kMeshCapacity> NeighbourMeshList; // elements 1..NeighbourMe
 extern Row<int, kNeighbourNodes> NeighbourNodeList;   // elements 1..NeighbourNodeCount
 
 // Dynamic zoom.
-extern int DynStage;                          // 0 closed, 1 the rectangle follows the pointer, 2 it is being sized
-extern double DynWidthRatio, DynHeightRatio;  // rectangle size as a share of the overview
-extern double DynLeft, DynTop;                // remembered place of the overview window, twips
+extern int DynStage;                         // 0 closed, 1 the rectangle follows the pointer, 2 it is being sized
+extern double DynWidthRatio, DynHeightRatio; // rectangle size as a share of the overview
+extern double DynLeft, DynTop;               // remembered place of the overview window, twips
 extern double DynRectLeft, DynRectTop, DynRectRight, DynRectBottom; // the rectangle, overview pixels
 
 // What is armed and what lies under the pointer, as far as the drawings show it.
-extern int CommandState;                 // 0 idle, else the armed command
-extern int SelectedPanel;                // panel number, or 1000 + plate number, 0 none
-extern int EdgeHitCount;                 // edges or points caught by the pointer
-extern double EdgeMarkerX, EdgeMarkerY;  // reference point of the caught ones, pixels
+extern int CommandState;                // 0 idle, else the armed command
+extern int SelectedPanel;               // panel number, or 1000 + plate number, 0 none
+extern int EdgeHitCount;                // edges or points caught by the pointer
+extern double EdgeMarkerX, EdgeMarkerY; // reference point of the caught ones, pixels
 
 // Initial values of all of them.
 void ResetView();

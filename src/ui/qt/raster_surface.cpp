@@ -9,7 +9,9 @@
 
 namespace havuz {
 
-static QRgb Opaque(Colour colour) { return 0xFF000000U | colour.rgb; }
+static QRgb Opaque(Colour colour) {
+    return 0xFF000000U | colour.rgb;
+}
 
 RasterSurface::RasterSurface(int width, int height) : image_(width, height, QImage::Format_RGB32) {
     if (image_.isNull())
@@ -18,7 +20,9 @@ RasterSurface::RasterSurface(int width, int height) : image_(width, height, QIma
     RasterSurface::Clear();
 }
 
-void RasterSurface::Clear() { image_.fill(Opaque(kBackground)); }
+void RasterSurface::Clear() {
+    image_.fill(Opaque(kBackground));
+}
 
 void RasterSurface::takeMode() {
     if (mode_ == pen.mode)
@@ -42,8 +46,9 @@ void RasterSurface::takePen(Colour colour) {
 }
 
 void RasterSurface::takeBrush() {
-    static constexpr Qt::BrushStyle styles[] = {Qt::SolidPattern, Qt::NoBrush,      Qt::HorPattern,   Qt::VerPattern,
-                                                Qt::BDiagPattern, Qt::FDiagPattern, Qt::CrossPattern, Qt::DiagCrossPattern};
+    static constexpr Qt::BrushStyle styles[] = {Qt::SolidPattern, Qt::NoBrush,         Qt::HorPattern,
+                                                Qt::VerPattern,   Qt::BDiagPattern,    Qt::FDiagPattern,
+                                                Qt::CrossPattern, Qt::DiagCrossPattern};
     takeMode();
     if (brushStyle_ == pen.fillStyle && brushColour_ == pen.fillColour)
         return;

@@ -1,6 +1,6 @@
-// The drawing surface as a picture in memory: QPainter on a QImage, no antialiasing, so that every pixel has exactly one of
-// the colours asked for. Text is drawn in the program's own small font, whatever font is named. Needs no display and no
-// QGuiApplication.
+// The drawing surface as a picture in memory: QPainter on a QImage, no antialiasing, so that every pixel has exactly
+// one of the colours asked for. Text is drawn in the program's own small font, whatever font is named. Needs no display
+// and no QGuiApplication.
 #pragma once
 
 #include "view/surface.h"

@@ -1,5 +1,5 @@
-// The small font of the drawings: the printable ASCII characters as pixels, drawn for this program, so that a picture is
-// the same on every machine and needs no font of the system. Capitals are 7 pixels high; one row hangs below.
+// The small font of the drawings: the printable ASCII characters as pixels, drawn for this program, so that a picture
+// is the same on every machine and needs no font of the system. Capitals are 7 pixels high; one row hangs below.
 #pragma once
 
 #include <span>
