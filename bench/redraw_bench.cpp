@@ -89,7 +89,7 @@ private:
     Kind kind_;
 };
 
-void FullRedraw(benchmark::State &state) {
+void BM_FullRedraw(benchmark::State &state) {
     MakeFullModel();
     RasterSurface scr(1024, 768);
     TakeSurfaceSize(scr);
@@ -98,7 +98,7 @@ void FullRedraw(benchmark::State &state) {
         DrawMeshView(scr, none);
 }
 
-void FullRedrawPart(benchmark::State &state) {
+void BM_FullRedrawPart(benchmark::State &state) {
     static const char *const names[] = {"arithmetic and sort alone", "polygons", "sides", "dots", "circles", "numbers"};
     MakeFullModel();
     RasterSurface painted(1024, 768);
@@ -110,7 +110,7 @@ void FullRedrawPart(benchmark::State &state) {
     state.SetLabel(names[state.range(0)]);
 }
 
-void DragOutline(benchmark::State &state) {
+void BM_DragOutline(benchmark::State &state) {
     MakeFullModel();
     RasterSurface scr(1024, 768);
     TakeSurfaceSize(scr);
@@ -118,7 +118,7 @@ void DragOutline(benchmark::State &state) {
         QuickMeshOutline(scr);
 }
 
-void PictureAsPng(benchmark::State &state) {
+void BM_PictureAsPng(benchmark::State &state) {
     MakeFullModel();
     RasterSurface scr(1024, 768);
     TakeSurfaceSize(scr);
@@ -129,7 +129,7 @@ void PictureAsPng(benchmark::State &state) {
 }
 
 // The quadratic sort that the drawing's order was first told with.
-void ExchangeSort(benchmark::State &state) {
+void BM_ExchangeSort(benchmark::State &state) {
     MakeFullModel();
     std::vector<std::pair<float, int>> keys;
     for (int i = 1; i <= MeshCount; ++i)
@@ -145,12 +145,14 @@ void ExchangeSort(benchmark::State &state) {
     }
 }
 
-BENCHMARK(FullRedraw)->Unit(benchmark::kMillisecond);
-BENCHMARK(FullRedrawPart)->DenseRange(Nothing, Texts)->Unit(benchmark::kMillisecond);
-BENCHMARK(DragOutline)->Unit(benchmark::kMillisecond);
-BENCHMARK(PictureAsPng)->Unit(benchmark::kMillisecond);
-BENCHMARK(ExchangeSort)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_FullRedraw)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_FullRedrawPart)->DenseRange(Nothing, Texts)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_DragOutline)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PictureAsPng)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ExchangeSort)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
 } // namespace havuz
+
+BENCHMARK_MAIN();

@@ -5,9 +5,10 @@
 
 #include "view/surface.h"
 
-#include <QImage>
-#include <QPainter>
+#include <memory>
 #include <string>
+
+class QImage;
 
 namespace havuz {
 
@@ -15,9 +16,10 @@ class RasterSurface : public Surface {
 public:
     // width, height in pixels, above 0. A picture that memory cannot hold is Overflow.
     RasterSurface(int width, int height);
+    ~RasterSurface() override;
 
-    int width() const override { return image_.width(); }
-    int height() const override { return image_.height(); }
+    int width() const override;
+    int height() const override;
     void Clear() override;
     void Line(int x1, int y1, int x2, int y2, Colour colour) override;
     void Box(int x1, int y1, int x2, int y2, Colour colour) override;
@@ -28,23 +30,12 @@ public:
     void Polygon(std::span<const Pixel> points) override;
     void Text(int x, int y, const std::string &text) override;
 
-    const QImage &image() const { return image_; }
+    const QImage &image() const;
     std::string png() const; // the bytes of a PNG file
 
 private:
-    void takeMode();
-    void takePen(Colour colour);
-    void takeBrush();
-    void put(int x, int y, std::uint32_t rgb);
-
-    QImage image_;
-    QPainter painter_; // open as long as the image: goes first
-    // what the painter holds now, to tell it only what changes
-    DrawMode mode_ = DrawMode::Copy;
-    Colour penColour_, brushColour_;
-    LineStyle penStyle_ = LineStyle::Solid;
-    FillStyle brushStyle_ = FillStyle::None;
-    int penWidth_ = 0;
+    struct Painting; // the image and its painter: who only draws needs no Qt
+    std::unique_ptr<Painting> painting_;
 };
 
 } // namespace havuz
