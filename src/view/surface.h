@@ -23,11 +23,12 @@ constexpr Colour Rgb(std::uint32_t red, std::uint32_t green, std::uint32_t blue)
 }
 
 // The 16 standard colours by their indices, called QB colours: 0 black, 1 blue, 2 green, 3 cyan, 4 red, 5 magenta,
-// 6 brown, 7 white, 8 grey, 9 to 15 the light ones, 14 yellow, 15 bright white. Their shades are those of an EGA
-// screen. An index outside 0..15 counts modulo 16.
+// 6 brown, 7 white, 8 grey, 9 to 15 the light ones, 14 yellow, 15 bright white. The light ones are deep enough for
+// white text to be read on them, also where light green is merged with light blue. An index outside 0..15 counts
+// modulo 16.
 constexpr Colour QbColour(int index) {
     constexpr std::uint32_t rgb[16] = {0x000000, 0x0000AA, 0x00AA00, 0x00AAAA, 0xAA0000, 0xAA00AA, 0xAA5500, 0xAAAAAA,
-                                       0x555555, 0x5555FF, 0x55FF55, 0x55FFFF, 0xFF5555, 0xFF55FF, 0xFFFF55, 0xFFFFFF};
+                                       0x555555, 0x4040FF, 0x40C040, 0x40FFFF, 0xFF4040, 0xFF40FF, 0xFFFF40, 0xFFFFFF};
     return {rgb[static_cast<unsigned>(index) % 16U]};
 }
 
