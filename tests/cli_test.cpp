@@ -227,11 +227,74 @@ TEST(Cli, FailuresNameFileAndPlaceAndWriteNothing) {
     EXPECT_TRUE(Contains(Cli(folder, "info MANY.POL").out, "fits the arrays of the analysis   no"));
 }
 
+// Width and height as the head of a PNG file has them.
+static std::pair<int, int> PngSize(const std::string &png) {
+    if (png.size() < 24 || png.substr(1, 3) != "PNG")
+        return {0, 0};
+    const auto number = [&](std::size_t at) {
+        int n = 0;
+        for (std::size_t k = at; k < at + 4; ++k)
+            n = n * 256 + static_cast<unsigned char>(png[k]);
+        return n;
+    };
+    return {number(16), number(20)};
+}
+
+TEST(Cli, PicturesNeedNoDisplayAndAreTheSameWithOne) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(Cli(folder, "pool rectangular -o P.POL").status, 0);
+    EXPECT_EQ(Cli(folder, "render P.POL -o plates.png").status, 0);
+    EXPECT_EQ(PngSize(ReadBytes(folder.file("plates.png"))), std::pair(1024, 768));
+    EXPECT_EQ(Cli(folder, "render P.POL -o NONE.png --view mesh").status, 1) << "not meshed";
+    ASSERT_EQ(Cli(folder, "mesh P.POL").status, 0);
+    std::vector<std::string> pictures = {ReadBytes(folder.file("plates.png"))};
+    for (const char *options : {"", "--plan", "--view plates --plan", "--angles -100,40", "--size 300x200"}) {
+        EXPECT_EQ(Cli(folder, std::string("render P.POL -o X.png ") + options).status, 0) << options;
+        const std::string picture = ReadBytes(folder.file("X.png"));
+        EXPECT_EQ(std::count(pictures.begin(), pictures.end(), picture), 0) << options;
+        pictures.push_back(picture);
+    }
+    EXPECT_EQ(PngSize(pictures.back()), std::pair(300, 200));
+    EXPECT_EQ(Cli(folder, "render P.POL -o X.png --view plates").status, 0);
+    EXPECT_EQ(ReadBytes(folder.file("X.png")), pictures.front());
+    for (const char *display : {":99", "", "wayland-0"}) {
+        const std::string environment = std::string("env DISPLAY=") + display + " QT_QPA_PLATFORM=xcb HOME=/nowhere ";
+        const std::string command =
+            "cd " + folder.path() + " && " + environment + HAVUZ_CLI + " render P.POL -o X.png --view plates";
+        EXPECT_EQ(std::system(command.c_str()), 0);
+        EXPECT_EQ(ReadBytes(folder.file("X.png")), pictures.front()) << display;
+    }
+    for (const char *wrong : {"--size 100x50", "--size 300", "--size 20000x300", "--size 300.5x200", "--angles 5",
+                              "--angles a,b", "--view above", "--plan --angles 1,2"})
+        EXPECT_EQ(Cli(folder, std::string("render P.POL -o Y.png ") + wrong).status, 2) << wrong;
+    EXPECT_EQ(Cli(folder, "render P.POL -o none/Y.png").status, 1);
+    EXPECT_FALSE(std::filesystem::exists(folder.file("Y.png")));
+    EXPECT_FALSE(std::filesystem::exists(folder.file("NONE.png")));
+}
+
+TEST(Cli, ExportsAreNamedAndNeedAMesh) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(Cli(folder, "pool rectangular -o P.POL").status, 0);
+    const Ended early = Cli(folder, "export staad P.POL -o X.std");
+    EXPECT_EQ(early.status, 1);
+    EXPECT_EQ(early.error, "havuz-cli: P.POL: the model has no nodes or no meshes to export; mesh it first\n");
+    EXPECT_FALSE(std::filesystem::exists(folder.file("X.std")));
+    ASSERT_EQ(Cli(folder, "mesh P.POL").status, 0);
+    const std::string project = ReadBytes(folder.file("P.POL"));
+    EXPECT_EQ(Cli(folder, "export staad P.POL -o X.std").status, 0);
+    EXPECT_EQ(ReadBytes(folder.file("X.std")).rfind("STAAD SPACE P BRIRUG ORNEGI\r\n", 0), 0U);
+    EXPECT_EQ(Cli(folder, "export sap90 P.POL -o X.s90 --name 'SU DEPOSU'").status, 0);
+    EXPECT_EQ(ReadBytes(folder.file("X.s90")).rfind("SAP90 SU DEPOSU BRIRUG ORNEGI\r\n", 0), 0U);
+    EXPECT_EQ(ReadBytes(folder.file("P.POL")), project) << "the project itself is not rounded";
+    EXPECT_EQ(Cli(folder, "export nastran P.POL -o X.dat").status, 2);
+    EXPECT_EQ(Cli(folder, "export staad P.POL").status, 2);
+}
+
 TEST(Cli, HelpAndVersionAreResults) {
     const TemporaryFolder folder;
     const Ended help = Cli(folder, "--help");
     EXPECT_EQ(help.status, 0);
-    for (const char *command : {"pool", "polygon", "mesh", "cut", "set", "run", "info"})
+    for (const char *command : {"pool", "polygon", "mesh", "cut", "set", "run", "export", "render", "info"})
         EXPECT_TRUE(Contains(help.out, command)) << command;
     EXPECT_EQ(Cli(folder, "run --help").status, 0);
     EXPECT_EQ(Cli(folder, "--version").out.rfind("havuz-cli ", 0), 0U);

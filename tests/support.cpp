@@ -1,5 +1,6 @@
 #include "support.h"
 
+#include "export/export_file.h"
 #include "fea/plane_stress.h"
 #include "fea/quad_work.h"
 #include "fea/system.h"
@@ -7,6 +8,7 @@
 #include "model/options.h"
 #include "model/startup.h"
 #include "model/store.h"
+#include "view/view_state.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -24,6 +26,8 @@ void ResetAll() {
     ResetPlaneD();
     ResetQuadWork();
     ResetPlakMesh();
+    ResetView();
+    ResetExport();
     StartModel(HAVUZ_CLI);
 }
 

@@ -27,6 +27,8 @@ void AddMeshCommand(CLI::App &parser, Job &job);
 void AddCutCommand(CLI::App &parser, Job &job);
 void AddSetCommand(CLI::App &parser, Job &job);
 void AddRunCommand(CLI::App &parser, Job &job);
+void AddExportCommand(CLI::App &parser, Job &job);
+void AddRenderCommand(CLI::App &parser, Job &job);
 void AddInfoCommand(CLI::App &parser, Job &job);
 
 } // namespace havuz

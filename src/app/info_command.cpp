@@ -109,7 +109,7 @@ FactSection LoadFacts() {
     double fz = 0.0;
     for (int i = 1; i <= NoktaCount; ++i) {
         const NokYukRecord &load = NokYukTable[i];
-        nodes += load.FX != 0.0 || load.FY != 0.0 || load.FZ != 0.0 ? 1 : 0;
+        nodes += HasPointLoad(load) ? 1 : 0;
         fx += load.FX;
         fy += load.FY;
         fz += load.FZ;

@@ -12,7 +12,8 @@ namespace havuz {
 using AddCommand = void (*)(CLI::App &parser, Job &job);
 
 static constexpr std::array kCommands = {
-    AddPoolCommand, AddPolygonCommand, AddMeshCommand, AddCutCommand, AddSetCommand, AddRunCommand, AddInfoCommand,
+    AddPoolCommand, AddPolygonCommand, AddMeshCommand,   AddCutCommand,  AddSetCommand,
+    AddRunCommand,  AddExportCommand,  AddRenderCommand, AddInfoCommand,
 };
 
 static int Fail(const std::string &words, int status) {

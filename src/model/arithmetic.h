@@ -4,6 +4,7 @@
 #include "model/failure.h"
 
 #include <cmath>
+#include <cstdint>
 
 namespace havuz {
 
@@ -39,6 +40,15 @@ inline int RoundToWhole(double v) {
     if (!(r >= -32768.0 && r <= 32767.0))
         FailOverflow("the count " + std::to_string(v) + " leaves the 16-bit range");
     return static_cast<int>(r);
+}
+
+// What a store into a 32-bit integer leaves of v: the whole number nearest to it, ties to even. Outside the range, or NaN,
+// it is Overflow.
+inline std::int32_t RoundToWhole32(double v) {
+    const double r = std::nearbyint(v);
+    if (!(r >= -2147483648.0 && r <= 2147483647.0))
+        FailOverflow("the whole number " + std::to_string(v) + " leaves the 32-bit range");
+    return static_cast<std::int32_t>(r);
 }
 
 // The greatest whole number not above v (Int of the formulas). Outside the 32-bit range it is Overflow.

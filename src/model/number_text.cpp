@@ -106,7 +106,7 @@ DecimalDigits RoundToDigits(double value, int significant) {
     return d;
 }
 
-static std::string ExponentForm(const DecimalDigits &d) {
+std::string ExponentForm(const DecimalDigits &d) {
     std::string s = d.digits.substr(0, 1);
     if (d.digits.size() > 1)
         s.append(".").append(d.digits, 1);
@@ -115,7 +115,7 @@ static std::string ExponentForm(const DecimalDigits &d) {
     return s + (exponent < 0 ? "E-" : "E+") + (power.size() < 2 ? "0" : "") + power;
 }
 
-static std::string PlainForm(const DecimalDigits &d) {
+std::string PlainForm(const DecimalDigits &d) {
     const int count = static_cast<int>(d.digits.size());
     std::string s = d.digits;
     if (d.point <= 0)

@@ -34,6 +34,10 @@ struct DecimalDigits {
 };
 DecimalDigits RoundToDigits(double value, int significant);
 
+// Such digits as text without a sign: ".05", "1200", "1.5" or "5E-02", "1.2E+03" (an exponent of two digits at least).
+std::string PlainForm(const DecimalDigits &d);
+std::string ExponentForm(const DecimalDigits &d);
+
 // A value in a picture such as "###0.###": "#" shows a digit only when there is one, "0" always, and the point stands
 // only before a digit. Rounding is of the decimal text, halves away from zero. A value that rounds to zero is empty
 // where the picture holds no "0".

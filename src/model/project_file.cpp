@@ -244,7 +244,7 @@ bool WalkShape(Channel &c) {
 void WriteLoads(Saver &c) {
     for (int i = 1; i <= NoktaCount; ++i) {
         const NokYukRecord &load = NokYukTable[i];
-        if (load.FX != 0.0 || load.FY != 0.0 || load.FZ != 0.0)
+        if (HasPointLoad(load))
             c.line(std::to_string(i) + "," + NumberText(load.FX) + "," + NumberText(load.FY) + "," +
                    NumberText(load.FZ));
     }

@@ -73,6 +73,8 @@ struct NokYukRecord {
     Float32 FX, FY, FZ; // t
 };
 
+inline bool HasPointLoad(const NokYukRecord &load) { return load.FX != 0.0 || load.FY != 0.0 || load.FZ != 0.0; }
+
 // Tables, records in use 1..count; slots above a count are scratch.
 extern Table<PlakRecord, kPlakCapacity> PlakTable;
 extern Table<PanelRecord, kPanelCapacity> PanelTable;

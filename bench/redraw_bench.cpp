@@ -1,0 +1,158 @@
+// Redraws of the fullest model there is, 5000 meshes on 5000 nodes, in the rotated mesh view on the raster surface of
+// 1024 x 768 pixels, and where their time goes: the drawing on a surface that paints nothing, then with one kind of
+// request painted at a time. The exchange sort stands beside the sort that the drawing uses.
+#include "model/options.h"
+#include "model/store.h"
+#include "ui/qt/raster_surface.h"
+#include "view/mesh_drawing.h"
+#include "view/view_state.h"
+
+#include <benchmark/benchmark.h>
+#include <cmath>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace havuz {
+
+namespace {
+
+constexpr int kAround = 100, kAcross = 50;
+
+// A ring-shaped tube: both ways round, so there are as many meshes as nodes.
+void MakeFullModel() {
+    ResetStore();
+    ResetView();
+    ViewAngleA = -140.0 / 180.0 * std::acos(-1.0);
+    ViewAngleB = 20.0 / 180.0 * std::acos(-1.0);
+    IsoView = 1;
+    PanelCount = 1;
+    PanelTable[1].Tip = 1;
+    const auto node = [](int i, int j) { return 1 + i % kAround * kAcross + j % kAcross; };
+    for (int i = 0; i < kAround; ++i)
+        for (int j = 0; j < kAcross; ++j) {
+            const double u = 2.0 * std::acos(-1.0) * i / kAround;
+            const double v = 2.0 * std::acos(-1.0) * j / kAcross;
+            NoktaRecord &n = NoktaTable[node(i, j)];
+            n.X = (20.0 + 5.0 * std::cos(v)) * std::cos(u);
+            n.Y = (20.0 + 5.0 * std::cos(v)) * std::sin(u);
+            n.Z = 5.0 * std::sin(v);
+            MeshRecord &m = MeshTable[node(i, j)];
+            m.N1 = node(i, j);
+            m.N2 = node(i + 1, j);
+            m.N3 = node(i + 1, j + 1);
+            m.N4 = node(i, j + 1);
+            m.PanelNo = 1;
+        }
+    NoktaCount = MeshCount = kAround * kAcross;
+}
+
+// Paints the requests of one kind and lets the others pass.
+enum Kind { Nothing, Polygons, Lines, Points, Circles, Texts };
+
+class PartSurface : public Surface {
+public:
+    PartSurface(Surface &painted, Kind kind) : to_(painted), kind_(kind) {}
+    int width() const override { return to_.width(); }
+    int height() const override { return to_.height(); }
+    void Clear() override {}
+    void Line(int x1, int y1, int x2, int y2, Colour colour) override {
+        if (kind_ == Lines)
+            to_.Line(x1, y1, x2, y2, colour);
+    }
+    void Box(int, int, int, int, Colour) override {}
+    void FillBox(int, int, int, int, Colour) override {}
+    void Point(int x, int y, Colour colour) override {
+        if (kind_ == Points)
+            to_.Point(x, y, colour);
+    }
+    void Circle(int x, int y, int radius, Colour colour) override {
+        if (kind_ == Circles)
+            to_.Circle(x, y, radius, colour);
+    }
+    Colour ReadPoint(int, int) override { return kBackground; }
+    void Polygon(std::span<const Pixel> points) override {
+        if (kind_ != Polygons)
+            return;
+        to_.pen = pen;
+        to_.Polygon(points);
+    }
+    void Text(int x, int y, const std::string &text) override {
+        if (kind_ != Texts)
+            return;
+        to_.pen = pen;
+        to_.Text(x, y, text);
+    }
+
+private:
+    Surface &to_;
+    Kind kind_;
+};
+
+void BM_FullRedraw(benchmark::State &state) {
+    MakeFullModel();
+    RasterSurface scr(1024, 768);
+    TakeSurfaceSize(scr);
+    ViewWindow none;
+    for (auto _ : state)
+        DrawMeshView(scr, none);
+}
+
+void BM_FullRedrawPart(benchmark::State &state) {
+    static const char *const names[] = {"arithmetic and sort alone", "polygons", "sides", "dots", "circles", "numbers"};
+    MakeFullModel();
+    RasterSurface painted(1024, 768);
+    TakeSurfaceSize(painted);
+    PartSurface scr(painted, static_cast<Kind>(state.range(0)));
+    ViewWindow none;
+    for (auto _ : state)
+        DrawMeshView(scr, none);
+    state.SetLabel(names[state.range(0)]);
+}
+
+void BM_DragOutline(benchmark::State &state) {
+    MakeFullModel();
+    RasterSurface scr(1024, 768);
+    TakeSurfaceSize(scr);
+    for (auto _ : state)
+        QuickMeshOutline(scr);
+}
+
+void BM_PictureAsPng(benchmark::State &state) {
+    MakeFullModel();
+    RasterSurface scr(1024, 768);
+    TakeSurfaceSize(scr);
+    ViewWindow none;
+    DrawMeshView(scr, none);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(scr.png());
+}
+
+// The quadratic sort that the drawing's order was first told with.
+void BM_ExchangeSort(benchmark::State &state) {
+    MakeFullModel();
+    std::vector<std::pair<float, int>> keys;
+    for (int i = 1; i <= MeshCount; ++i)
+        keys.emplace_back(static_cast<float>(std::hypot(NoktaTable[i].X + 300, NoktaTable[i].Y + 400, NoktaTable[i].Z)),
+                          i);
+    for (auto _ : state) {
+        auto order = keys;
+        for (std::size_t i = 0; i < order.size(); ++i)
+            for (std::size_t j = i + 1; j < order.size(); ++j)
+                if (order[i].first < order[j].first)
+                    std::swap(order[i], order[j]);
+        benchmark::DoNotOptimize(order.data());
+    }
+}
+
+BENCHMARK(BM_FullRedraw)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_FullRedrawPart)->DenseRange(Nothing, Texts)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_DragOutline)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PictureAsPng)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ExchangeSort)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+} // namespace havuz
+
+BENCHMARK_MAIN();

@@ -1,0 +1,53 @@
+#include "export/export_file.h"
+
+#include "model/code_page.h"
+#include "model/failure.h"
+#include "model/files.h"
+#include "model/options.h"
+#include "model/store.h"
+
+namespace havuz {
+
+std::string ExportPath;
+
+void ResetExport() {
+    ExportPath.clear();
+}
+
+LoadFactors ExportFactors() {
+    if (HesapYontem == 0.0)
+        return {};
+    return {YukFaktorG, YukFaktorP};
+}
+
+double ExportPressure(const LoadFactors &f) {
+    return -(f.f1 * PanelTable[1].G + f.f2 * PanelTable[1].P);
+}
+
+void AddLine(std::string &text, std::string_view line) {
+    text += line;
+    text += "\r\n";
+}
+
+bool NothingToExport() {
+    return NoktaCount == 0 || MeshCount == 0;
+}
+
+void WriteExport(const std::string &path, ExportText text) {
+    WriteWholeFile(path, ToCodePage(text()));
+}
+
+void RunExport(FileDialog &dialog, const char *title, ExportText text) {
+    if (NothingToExport())
+        return;
+    ExportPath = dialog.AskSaveName(title, "", ProjeAdi);
+    if (ExportPath.empty())
+        return;
+    try {
+        WriteExport(ExportPath, text);
+    } catch (const RuntimeFailure &) {
+        return; // an export that fails ends silently: wanted
+    }
+}
+
+} // namespace havuz

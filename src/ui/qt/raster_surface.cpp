@@ -1,0 +1,155 @@
+#include "ui/qt/raster_surface.h"
+
+#include "model/failure.h"
+#include "ui/qt/small_font.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QPainter>
+#include <QVarLengthArray>
+#include <algorithm>
+
+namespace havuz {
+
+static QRgb Opaque(Colour colour) {
+    return 0xFF000000U | colour.rgb;
+}
+
+struct RasterSurface::Painting {
+    QImage image;
+    QPainter painter; // open as long as the image: goes first
+    // what the painter holds now, to tell it only what changes
+    DrawMode mode = DrawMode::Copy;
+    Colour penColour, brushColour;
+    LineStyle penStyle = LineStyle::Solid;
+    FillStyle brushStyle = FillStyle::None;
+    int penWidth = 0;
+
+    Painting(int width, int height) : image(width, height, QImage::Format_RGB32) {}
+    void takeMode(const PenState &pen);
+    void takePen(const PenState &pen, Colour colour);
+    void takeBrush(const PenState &pen);
+    void put(int x, int y, Colour colour);
+};
+
+void RasterSurface::Painting::takeMode(const PenState &pen) {
+    if (mode == pen.mode)
+        return;
+    mode = pen.mode;
+    painter.setCompositionMode(mode == DrawMode::Merge ? QPainter::RasterOp_SourceOrDestination
+                                                       : QPainter::CompositionMode_SourceOver);
+}
+
+void RasterSurface::Painting::takePen(const PenState &pen, Colour colour) {
+    static constexpr Qt::PenStyle styles[] = {Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine,
+                                              Qt::DashDotDotLine};
+    takeMode(pen);
+    if (penWidth == pen.lineWidth && penColour == colour && penStyle == pen.lineStyle)
+        return;
+    penWidth = pen.lineWidth;
+    penColour = colour;
+    penStyle = pen.lineStyle;
+    // one pixel as the thinnest pen there is, which the painter draws fastest
+    painter.setPen(QPen(QColor(Opaque(colour)), penWidth > 1 ? penWidth : 0, styles[static_cast<int>(penStyle)]));
+}
+
+void RasterSurface::Painting::takeBrush(const PenState &pen) {
+    static constexpr Qt::BrushStyle styles[] = {Qt::SolidPattern, Qt::NoBrush,         Qt::HorPattern,
+                                                Qt::VerPattern,   Qt::BDiagPattern,    Qt::FDiagPattern,
+                                                Qt::CrossPattern, Qt::DiagCrossPattern};
+    takeMode(pen);
+    if (brushStyle == pen.fillStyle && brushColour == pen.fillColour)
+        return;
+    brushStyle = pen.fillStyle;
+    brushColour = pen.fillColour;
+    painter.setBrush(QBrush(QColor(Opaque(brushColour)), styles[static_cast<int>(brushStyle)]));
+}
+
+void RasterSurface::Painting::put(int x, int y, Colour colour) {
+    if (image.valid(x, y))
+        reinterpret_cast<QRgb *>(image.scanLine(y))[x] = Opaque(colour);
+}
+
+RasterSurface::RasterSurface(int width, int height) : painting_(std::make_unique<Painting>(width, height)) {
+    if (painting_->image.isNull())
+        FailOverflow("a picture of " + std::to_string(width) + "x" + std::to_string(height) + " pixels");
+    painting_->painter.begin(&painting_->image);
+    RasterSurface::Clear();
+}
+
+RasterSurface::~RasterSurface() = default;
+
+int RasterSurface::width() const {
+    return painting_->image.width();
+}
+
+int RasterSurface::height() const {
+    return painting_->image.height();
+}
+
+const QImage &RasterSurface::image() const {
+    return painting_->image;
+}
+
+void RasterSurface::Clear() {
+    painting_->image.fill(Opaque(kBackground));
+}
+
+void RasterSurface::Line(int x1, int y1, int x2, int y2, Colour colour) {
+    painting_->takePen(pen, colour);
+    painting_->painter.drawLine(x1, y1, x2, y2);
+}
+
+// A painter's rectangle reaches one pixel past its width and height, so its far corner is the one asked for.
+void RasterSurface::Box(int x1, int y1, int x2, int y2, Colour colour) {
+    painting_->takePen(pen, colour);
+    painting_->brushStyle = FillStyle::None;
+    painting_->painter.setBrush(Qt::NoBrush);
+    painting_->painter.drawRect(std::min(x1, x2), std::min(y1, y2), std::abs(x2 - x1), std::abs(y2 - y1));
+}
+
+void RasterSurface::FillBox(int x1, int y1, int x2, int y2, Colour colour) {
+    painting_->takeMode(pen);
+    painting_->painter.fillRect(std::min(x1, x2), std::min(y1, y2), std::abs(x2 - x1) + 1, std::abs(y2 - y1) + 1,
+                                QColor(Opaque(colour)));
+}
+
+void RasterSurface::Point(int x, int y, Colour colour) {
+    const int left = pen.lineWidth / 2;
+    FillBox(x - left, y - left, x - left + pen.lineWidth - 1, y - left + pen.lineWidth - 1, colour);
+}
+
+void RasterSurface::Circle(int x, int y, int radius, Colour colour) {
+    painting_->takePen(pen, colour);
+    painting_->takeBrush(pen);
+    painting_->painter.drawEllipse(QPoint(x, y), radius, radius);
+}
+
+Colour RasterSurface::ReadPoint(int x, int y) {
+    const QImage &image = painting_->image;
+    return image.valid(x, y) ? Colour{image.pixel(x, y) & 0xFFFFFFU} : kBackground;
+}
+
+void RasterSurface::Polygon(std::span<const Pixel> points) {
+    painting_->takePen(pen, pen.colour);
+    painting_->takeBrush(pen);
+    QVarLengthArray<QPoint, 8> corners;
+    for (const Pixel p : points)
+        corners.append(QPoint(p.x, p.y));
+    painting_->painter.drawPolygon(corners.constData(), static_cast<int>(corners.size()));
+}
+
+// Two pixels stay free at the left, as most labels stand on a line that would run into their first digit.
+void RasterSurface::Text(int x, int y, const std::string &text) {
+    ForEachTextPixel(text, [&](int column, int row) { painting_->put(x + 2 + column, y + row, pen.colour); });
+}
+
+std::string RasterSurface::png() const {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::WriteOnly) || !painting_->image.save(&buffer, "PNG"))
+        throw RuntimeFailure(File, "the picture cannot be made a PNG");
+    return bytes.toStdString();
+}
+
+} // namespace havuz

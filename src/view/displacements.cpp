@@ -1,0 +1,72 @@
+#include "view/displacements.h"
+
+#include "model/arithmetic.h"
+#include "model/failure.h"
+#include "model/store.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <fstream>
+
+namespace havuz {
+
+static constexpr int kRecordLength = 384;
+static constexpr int kColumnLength = 24;
+static constexpr double kLongestMark = 30.0; // pixels
+
+static double Single(const unsigned char *bytes) {
+    std::uint32_t bits = 0;
+    for (unsigned k = 0; k < 4; ++k)
+        bits |= static_cast<std::uint32_t>(bytes[k]) << (8U * k);
+    return static_cast<double>(std::bit_cast<float>(bits));
+}
+
+static std::ifstream OpenDisplacements() {
+    return std::ifstream(ProjeYolu + ".DEP", std::ios::binary);
+}
+
+static Displacement ReadRecord(std::ifstream &file, int node, int column) {
+    std::array<char, 12> bytes{};
+    file.seekg(static_cast<std::streamoff>(node - 1) * kRecordLength + (column - 1) * kColumnLength);
+    if (!file.read(bytes.data(), bytes.size()))
+        return {};
+    const auto *number = reinterpret_cast<const unsigned char *>(bytes.data());
+    return {Single(number), Single(number + 4), Single(number + 8)};
+}
+
+static void CheckColumn(int column) {
+    if (column < 1 || column > kDisplacementColumns)
+        FailSubscript("displacement column ", column, kDisplacementColumns);
+}
+
+Displacement ReadDisplacement(int node, int column) {
+    CheckColumn(column);
+    std::ifstream file = OpenDisplacements();
+    return ReadRecord(file, node, column);
+}
+
+// Of the marks of one displacement, drawn with twice its plan part, the longer.
+static double MarkLength(const Displacement &d) {
+    return std::max(Distance2(2.0 * d.x, 2.0 * d.y), std::fabs(d.z));
+}
+
+LoadCase ReadLoadCase(int column) {
+    CheckColumn(column);
+    std::ifstream file = OpenDisplacements();
+    LoadCase result;
+    result.node.resize(static_cast<std::size_t>(NoktaCount) + 1);
+    double longest = 0.0;
+    for (int i = 1; i <= NoktaCount; ++i) {
+        const Displacement d = ReadRecord(file, i, column);
+        result.node[static_cast<std::size_t>(i)] = d;
+        longest = std::max(longest, MarkLength(d));
+    }
+    if (longest > 0.0)
+        result.factor = kLongestMark / longest;
+    return result;
+}
+
+} // namespace havuz

@@ -1,0 +1,171 @@
+#include "view/mesh_drawing.h"
+
+#include "model/arithmetic.h"
+#include "model/link_code.h"
+#include "model/store.h"
+#include "view/fit.h"
+#include "view/marks.h"
+#include "view/pick.h"
+#include "view/polygons.h"
+#include "view/projection.h"
+#include "view/view_frames.h"
+#include "view/view_state.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <vector>
+
+namespace havuz {
+
+static constexpr int kBlue = 1, kWhite = 7, kLightBlue = 9, kLightRed = 12, kLightMagenta = 13, kYellow = 14,
+                     kBrightWhite = 15;
+static constexpr int kTranslationHeld = 4; // support bit
+static constexpr int kResults = 5;
+
+static bool Held(int node) {
+    return (NoktaTable[node].Mesnet & kTranslationHeld) != 0;
+}
+
+static std::array<ScreenPoint, 5> MeshRing(int mesh) {
+    const std::array<int, 4> n = MeshNodes(mesh);
+    std::array<ScreenPoint, 5> ring;
+    for (std::size_t k = 0; k < 4; ++k)
+        ring[k] = NodePixels(n[k]);
+    ring[4] = ring[0];
+    return ring;
+}
+
+static void DrawMesh(Surface &scr, int mesh, const std::array<ScreenPoint, 5> &ring, int fill) {
+    for (int k = 1; k <= 5; ++k)
+        PutPoint(k, ring[static_cast<std::size_t>(k - 1)]);
+    FillPolygon(scr, 5, kWhite, fill);
+    const std::array<int, 4> n = MeshNodes(mesh);
+    for (std::size_t k = 0; k < 4; ++k)
+        DrawSide(scr, ring[k], ring[k + 1], Held(n[k]) && Held(n[(k + 1) % 4]) ? kLightRed : kWhite);
+}
+
+static void DrawNumber(Surface &scr, int node, ScreenPoint p) {
+    DrawLabel(scr, std::to_string(node), p.x, p.y - 2.0, kBrightWhite);
+}
+
+static void DrawNodeCircle(Surface &scr, ScreenPoint p, int colour) {
+    scr.Circle(ToPixel(p.x), ToPixel(p.y), 1, QbColour(colour));
+}
+
+// Rotated view
+
+static double MeshDistance(const MeshRecord &mesh) {
+    const NoktaRecord &a = NoktaTable[mesh.N1];
+    const NoktaRecord &c = NoktaTable[mesh.N3];
+    return Distance3((a.X + c.X) / 2.0 - ViewerX, (a.Y + c.Y) / 2.0 - ViewerY, (a.Z + c.Z) / 2.0 - ViewerZ);
+}
+
+// Leaves in Sira of record k the number of the k-th mesh, far to near, and its distance in Derinlik.
+static void SortMeshes() {
+    std::vector<std::pair<Float32, int>> order;
+    order.reserve(static_cast<std::size_t>(MeshCount));
+    for (int i = 1; i <= MeshCount; ++i)
+        order.emplace_back(Float32(MeshDistance(MeshTable[i])), i);
+    std::stable_sort(order.begin(), order.end(), [](const auto &a, const auto &b) { return a.first > b.first; });
+    for (int k = 1; k <= MeshCount; ++k) {
+        MeshTable[k].Derinlik = order[static_cast<std::size_t>(k - 1)].first;
+        MeshTable[k].Sira = order[static_cast<std::size_t>(k - 1)].second;
+    }
+}
+
+static int MeshFill(int owner) {
+    return !OwnerIsPlate(owner) && PanelTable[owner].Tip != 0 ? kLightBlue : kBlue;
+}
+
+static void DrawMeshesRotated(Surface &scr) {
+    for (int k = 1; k <= MeshCount; ++k) {
+        const int mesh = MeshTable[k].Sira;
+        if (MeshTable[mesh].Sil == 1)
+            continue;
+        const std::array<ScreenPoint, 5> ring = MeshRing(mesh);
+        DrawMesh(scr, mesh, ring, MeshFill(MeshTable[mesh].PanelNo));
+        for (std::size_t i = 0; i < 4; ++i)
+            scr.Point(ToPixel(ring[i].x), ToPixel(ring[i].y), QbColour(kYellow));
+    }
+}
+
+static void DrawSupportTriangle(Surface &scr, ScreenPoint p) {
+    const ScreenPoint right = p + Pixel{2, 4};
+    const ScreenPoint left = p + Pixel{-2, 4};
+    DrawSide(scr, p, right, kLightMagenta);
+    DrawSide(scr, right, left, kLightMagenta);
+    DrawSide(scr, left, p, kLightMagenta);
+}
+
+static void DrawNodesRotated(Surface &scr, const std::optional<LoadCase> &result) {
+    for (int i = 1; i <= NoktaCount; ++i) {
+        const ScreenPoint p = NodePixels(i);
+        if (Held(i))
+            DrawSupportTriangle(scr, p);
+        else
+            DrawNodeCircle(scr, p, kYellow);
+        if (NodesHidden == 0)
+            DrawNumber(scr, i, p);
+        if (result)
+            DrawDisplacement(scr, i, *result);
+        else
+            DrawPointLoadArrow(scr, i);
+    }
+}
+
+// Plan view
+
+static void DrawMeshesPlan(Surface &scr) {
+    for (int i = 1; i <= MeshCount; ++i)
+        if (MeshTable[i].Sil != 1)
+            DrawMesh(scr, i, MeshRing(i), kLightBlue);
+}
+
+static void DrawNodesPlan(Surface &scr) {
+    for (int i = 1; i <= NoktaCount; ++i) {
+        const ScreenPoint p = NodePixels(i);
+        DrawNodeCircle(scr, p, Held(i) ? kLightMagenta : kYellow);
+        DrawNumber(scr, i, p);
+    }
+}
+
+// Number 1..5 of the first result that is chosen, 0 for none.
+static int ChosenResult(ViewWindow &window) {
+    for (int i = 0; i < kResults; ++i)
+        if (window.ResultChosen(i))
+            return i + 1;
+    return 0;
+}
+
+void DrawMeshView(Surface &scr, ViewWindow &window) {
+    scr.Clear();
+    TakeView(2, window);
+    const int result = ChosenResult(window);
+    if (KeepZoom == 0)
+        FitMeshView();
+    if (RotatedView()) {
+        DrawAxisMark(scr); // sets the eye point
+        SortMeshes();
+        DrawMeshesRotated(scr);
+        DrawNodesRotated(scr, result > 0 ? std::optional(ReadLoadCase(result)) : std::nullopt);
+    } else {
+        DrawMeshesPlan(scr);
+        if (NodesHidden == 0)
+            DrawNodesPlan(scr);
+    }
+    DrawAxisMark(scr);
+}
+
+void QuickMeshOutline(Surface &scr) {
+    scr.Clear();
+    FitMeshView();
+    for (int i = 1; i <= MeshCount; ++i) {
+        const std::array<ScreenPoint, 5> ring = MeshRing(i);
+        for (std::size_t k = 0; k < 4; ++k)
+            DrawSide(scr, ring[k], ring[k + 1], kWhite);
+    }
+    DrawAxisMark(scr);
+}
+
+} // namespace havuz
