@@ -18,12 +18,13 @@ struct Element {
 // Forms
 inline constexpr std::string_view kMain = "MAIN";
 inline constexpr std::string_view kOverview = "DYNAMIC"; // the overview window of the dynamic zoom
+inline constexpr std::string_view kDyuk = "DYUK";        // list of the edge nodes of the last mesh run, never shown
 inline constexpr std::string_view kTool1 = "Tool1";      // data of drawn plates
 inline constexpr std::string_view kTool2 = "Tool2";      // edge and point moves in the rotated view
 inline constexpr std::string_view kTool3 = "Tool3";      // edge and point moves in plan
 
 // Elements of the main window
-inline constexpr Element kMainForm{kMain, "", 0};     // the form itself: its enabled state, its caption
+inline constexpr Element kTopBarText{kMain, "VekTopBar", 0};
 inline constexpr Element kScr{kMain, "SCR", 0};       // drawing surface
 inline constexpr Element kScr1{kMain, "SCR1", 0};     // opens the overview
 inline constexpr Element kAltnot{kMain, "ALTNOT", 0}; // prompt line
@@ -72,6 +73,7 @@ constexpr Element Tool3Option(int index) {
 } // 0 all edges, 1 upper ones, 2 lower ones
 inline constexpr Element kTool3KeepWalls{kTool3, "Check1", 0}; // walls stay when a plate's edge moves
 inline constexpr Element kOverviewPicture{kOverview, "SCR", 0};
+inline constexpr Element kDyukList{kDyuk, "List", 0};
 constexpr Element OverviewLine(int index) {
     return {kOverview, "Line", index};
 } // 0 top, 1 bottom, 2 left, 3 right

@@ -115,6 +115,7 @@ public:
     int SelectionLength(Element box) override { return state(box).selected; }
 
     void SetItems(Element list, const std::vector<std::string> &items) override;
+    void AddItem(Element list, const std::string &item) override { at(list).items.push_back(item); }
     std::vector<std::string> Items(Element list) override { return state(list).items; }
     void SelectItem(Element list, int item) override { at(list).item = item; }
     int SelectedItem(Element list) override { return state(list).item; }

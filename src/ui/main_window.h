@@ -56,7 +56,7 @@ public:
 
     // Runs a meshing or plate editing job: a RuntimeFailure inside it ends the command, not the program. The tables and
     // counts are then as they were before, nothing is armed, the current view is drawn, and the prompt line says what
-    // failed. name: what the command is called in the prompt. Returns whether the job came to its end.
+    // failed. name: what the command is called there. Returns whether the job came to its end.
     bool RunEdit(const std::string &name, const std::function<void()> &job);
 
     // WindowEvents. A RuntimeFailure that comes out of a handler ends the program with status 1, one line on standard
@@ -106,6 +106,8 @@ public:
     void PlaceOverview(double left, double top) override;
     void PlaceOverviewRectangle(double left, double top, double right, double bottom) override;
     void RefreshDrawing() override;
+    void RebuildPlateList() override;
+    void ListDiagnostic(const std::string &line) override;
     void ShowIteration(int pass) override;
     void HideLabel() override;
     int Width() const override;
@@ -131,8 +133,9 @@ public:
     std::string AskSaveName(const std::string &title, const std::string &directory, const std::string &name) override;
 
 private:
-    void Guard(const std::function<void()> &handler);
-    [[noreturn]] void EndByFailure(const RuntimeFailure &failure);
+    template <class Handler>
+    void guard(Handler handler);
+    [[noreturn]] void endByFailure(const RuntimeFailure &failure);
 
     std::string executable_;
     std::vector<std::unique_ptr<Form>> forms_;

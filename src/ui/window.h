@@ -52,10 +52,10 @@ enum class FieldKind {
 // by name or label, a headless window takes its first state from them.
 struct Field {
     FieldKind kind = FieldKind::Label;
-    std::string name;
+    std::string name = {};
     int index = 0;
-    std::string label;       // caption of buttons and labels; what stands beside a text box; tooltip of a tool
-    std::string text;        // what it shows at first
+    std::string label = {};  // caption of buttons and labels; what stands beside a text box; tooltip of a tool
+    std::string text = {};   // what it shows at first
     int row = 0, column = 0; // place in a grid, a hint for a platform that lays out
     int group = 0;           // options exclude each other within a group; frame of a tool
     bool shown = true;
@@ -130,6 +130,7 @@ public:
 
     // lists and scroll bars; -1 is no item
     virtual void SetItems(Element list, const std::vector<std::string> &items) = 0;
+    virtual void AddItem(Element list, const std::string &item) = 0;
     virtual std::vector<std::string> Items(Element list) = 0;
     virtual void SelectItem(Element list, int item) = 0; // tells no event
     virtual int SelectedItem(Element list) = 0;
