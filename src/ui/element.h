@@ -65,13 +65,16 @@ inline constexpr int kPolLast = 50;
 constexpr Element Tool1Text(int index) {
     return {kTool1, "Tex", index};
 } // "dp (cm)", "ust kot", "alt kot", "  ds  (cm)"
+// Tool2, how levels are dragged: 0 tilt about a fixed item, 1 tilt, 2 the whole plate. Tool3: 0 the upper edge of a
+// wall that is seen on end, 1 the lower one.
 constexpr Element Tool2Option(int index) {
     return {kTool2, "Option1", index};
-} // 0 about a fixed item, 1 free, 2 whole plate
+}
 constexpr Element Tool3Option(int index) {
     return {kTool3, "Option1", index};
-} // 0 all edges, 1 upper ones, 2 lower ones
-inline constexpr Element kTool3KeepWalls{kTool3, "Check1", 0}; // walls stay when a plate's edge moves
+}
+inline constexpr Element kTool3OneSide{kTool3, "Check1", 0};   // only the upper or lower edges of panels are caught
+inline constexpr Element kTool3KeepWalls{kTool3, "Check1", 1}; // walls stay when a plate's edge moves
 inline constexpr Element kOverviewPicture{kOverview, "SCR", 0};
 inline constexpr Element kDyukList{kDyuk, "List", 0};
 constexpr Element OverviewLine(int index) {

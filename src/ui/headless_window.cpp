@@ -94,6 +94,7 @@ void HeadlessWindow::MakeForm(const FormFields &form) {
         made.text = field.text;
         made.group = field.group;
         made.shown = field.shown;
+        made.checked = field.checked;
         const Name name{form.name, field.name, field.index};
         elements_[name] = made;
         order_.push_back(name);

@@ -78,6 +78,7 @@ void MainWindow::ReportFailure(const std::string &what) {
 }
 void MainWindow::EndProgram(int status) {
     window.EndProgram(status);
+    throw ProgramEnd{status}; // it does not return
 }
 
 // Project files
@@ -242,6 +243,7 @@ void MainWindow::StartProgram(const std::string &command, const std::string &pro
 
 void MainWindow::EndProgram() {
     window.EndProgram(0);
+    throw ProgramEnd{0}; // it does not return
 }
 
 // Pool library, exports

@@ -127,8 +127,7 @@ bool MainWindow::RunEdit(const std::string &name, const std::function<void()> &j
         return true;
     } catch (const RuntimeFailure &failure) {
         before->restore();
-        SelectedPanel = 0;
-        DisarmCommand(*this);
+        AbandonCommand(*this);
         RedrawView();
         Prompt(name + " YAPILAMADI, " + FailureInTurkish(failure));
         return false;

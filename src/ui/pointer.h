@@ -34,4 +34,7 @@ void OnSurfaceRelease(MainWindow &main, int button, int shift, double x, double 
 // Ends whatever is armed, as the right button does: CommandState 0, Check1 (0..4) and Check2 (0..7) off, CancelPending.
 void DisarmCommand(MainWindow &main);
 
+// The same for a command that failed: nothing of it stays in sight.
+void AbandonCommand(MainWindow &main);
+
 } // namespace havuz

@@ -59,6 +59,7 @@ struct Field {
     int row = 0, column = 0; // place in a grid, a hint for a platform that lays out
     int group = 0;           // options exclude each other within a group; frame of a tool
     bool shown = true;
+    bool checked = false;
 };
 
 struct FormFields {
