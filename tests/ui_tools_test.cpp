@@ -320,6 +320,32 @@ TEST(Tools, TopBarEndsMinimisesAndHelps) {
     EXPECT_TRUE(desk.window.formState(kMain).minimised);
 }
 
+TEST(Tools, TheOverviewOpensZoomsAndGoesAway) {
+    ResetAll();
+    Desk desk;
+    AddGrid(2, 2);
+    desk.click(kScr1); // plate view
+    EXPECT_FALSE(desk.window.FormShown(kOverview));
+    desk.main.DrawMeshView();
+    desk.click(kScr1);
+    EXPECT_TRUE(desk.window.FormShown(kOverview));
+    EXPECT_EQ(desk.window.FormPlace(kOverview), (Place{800, 900}));
+    EXPECT_FALSE(desk.window.Shown(kScr1));
+    desk.window.ReleaseAt(kOverviewPicture, kRightButton, 0, 0);
+    EXPECT_EQ(DynStage, 2);
+    desk.window.ReleaseAt(kOverviewPicture, kRightButton, 0, 0);
+    desk.window.MoveTo(kOverviewPicture, 0, 60, 45); // a picture of 121 * 91, a rectangle of 36.3 * 27.3
+    EXPECT_EQ(desk.window.Line(OverviewLine(0)), (LineEnds{60 - 18.15, 45 - 13.65, 60 + 18.15, 45 - 13.65}));
+    desk.window.PressAt(kOverviewPicture, kLeftButton, 60, 45);
+    EXPECT_GT(MeshScale, 40);
+    EXPECT_FALSE(desk.window.FormShown(kOverview));
+    EXPECT_TRUE(desk.window.Shown(kScr1));
+    desk.click(kScr1);
+    desk.click(kScr); // another form becomes active
+    EXPECT_FALSE(desk.window.FormShown(kOverview));
+    EXPECT_EQ(DynStage, 0);
+}
+
 TEST(Tools, HotColourFollowsThePointer) {
     ResetAll();
     Desk desk;
