@@ -70,8 +70,9 @@ TEST(EdgeHover, CatchesWithinFivePixelsAndPointsWithinSeven) {
         ScreenPoint at;
         int hits, edge, point;
     } cases[] = {
-        {{230, 35}, 1, 1, 0},  {{230, 36}, 0, 0, 0}, {{425, 230}, 1, 2, 0}, {{424, 230}, 0, 0, 0},
-        {{36.9, 30}, 1, 1, 1}, {{38, 30}, 1, 1, 0},  {{430, 424}, 1, 3, 1}, {{26, 426}, 1, 4, 1},
+        {{230, 35}, 1, 1, 0},  {{230, 36}, 0, 0, 0},  {{425, 230}, 1, 2, 0},
+        {{424, 230}, 0, 0, 0}, {{36.9, 30}, 1, 1, 1}, {{38, 30}, 1, 1, 0},
+        {{430, 424}, 1, 3, 1}, {{26, 426}, 1, 4, 1},  {{31, 31}, 1, 1, 1}, // where edge 4 ends: the point comes first
     };
     desk.click(Check2(3));
     for (const auto &c : cases) {
@@ -275,7 +276,7 @@ TEST(EdgeDrag, AnEdgeOfALargePlateBecomesAPlateOfItsOwn) {
 TEST(EdgeDrag, LevelsTiltAboutTheFarEdge) {
     ResetAll();
     Desk desk;
-    DrawPool(desk);
+    DrawPool(desk, Rectangle(5, 5, 20, 20));
     desk.click(Command(2));
     desk.click(Check2(3));
     const double dy = -2.0 * PlateScale; // 2 m up
@@ -286,12 +287,17 @@ TEST(EdgeDrag, LevelsTiltAboutTheFarEdge) {
     EXPECT_EQ(PanelTable[2].Z[3], PlakTable[1].Z[3]); // walls keep their feet on the slab
     EXPECT_EQ(PanelTable[2].Z[4], PlakTable[1].Z[2]);
     EXPECT_EQ(PanelTable[1].Z[3], PlakTable[1].Z[2]);
-    EXPECT_EQ(PanelTable[4].Z[3], PlakTable[1].Z[1]); // the last edge ends at point 1
     EXPECT_EQ(PanelTable[2].Z[1], 3);
     desk.move({0, 0});
+    Drag(desk, EdgeMiddle(1, 2), 0, 2.0 * PlateScale);
+    EXPECT_EQ(Levels(1), "0.00 0.00 0.00 0.00 ");
+    Drag(desk, EdgeMiddle(1, 4), 0, dy);
+    EXPECT_EQ(Levels(1), "2.00 0.00 0.00 2.00 ");
+    EXPECT_EQ(PanelTable[4].Z[3], 2); // the last edge ends at point 1
+    EXPECT_NEAR(PanelTable[3].Z[4], 0, 1e-9);
     desk.click(Tool2Option(2));
     Drag(desk, EdgeMiddle(1, 2), 0, -PlateScale, false);
-    EXPECT_EQ(Levels(1), "1.00 3.00 3.00 1.00 ");
+    EXPECT_EQ(Levels(1), "3.00 1.00 1.00 3.00 ");
 }
 
 TEST(EdgeDrag, LevelsTiltAboutALinkedOrAFixedEdge) {

@@ -442,6 +442,27 @@ TEST(MainWindow, AFailingMeshingCommandLeavesTheModelAndSaysSo) {
     }
 }
 
+TEST(MainWindow, AnEditThatFailsHalfWayIsUndone) {
+    ResetAll();
+    Desk desk;
+    AddSmallPool();
+    const std::string before = ProjectText();
+    desk.click(Check2(5));
+    EXPECT_FALSE(desk.main.RunEdit("X", [] {
+        NodesHidden = 1;
+        AddWall();
+        AddGrid(2, 2);
+        HamNoktaCount = 5;
+        PanelTable[1001].No = 1;
+    }));
+    EXPECT_EQ(ProjectText(), before);
+    EXPECT_EQ(NodesHidden + HamNoktaCount + CommandState, 0);
+    EXPECT_FALSE(desk.window.Checked(Check2(5)));
+    EXPECT_FALSE(desk.window.FormShown(kTool1));
+    EXPECT_TRUE(desk.main.RunEdit("X", AddWall));
+    EXPECT_EQ(PanelCount, 2);
+}
+
 TEST(MainWindow, FailureWordsOfEditsAreTurkish) {
     for (const char *words : {"plate 3, edge 5: node under a wall(1001) lies outside 0..1000",
                               "node 7 joins more than 10 meshes: BantTable(7) "
