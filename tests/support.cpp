@@ -8,6 +8,7 @@
 #include "model/options.h"
 #include "model/startup.h"
 #include "model/store.h"
+#include "ui/command_state.h"
 #include "view/view_state.h"
 
 #include <algorithm>
@@ -27,6 +28,7 @@ void ResetAll() {
     ResetQuadWork();
     ResetPlakMesh();
     ResetView();
+    ResetCommandState();
     ResetExport();
     StartModel(HAVUZ_CLI);
 }

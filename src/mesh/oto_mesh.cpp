@@ -153,7 +153,7 @@ void AutoMesh(MeshWindow &window) {
     if (HavuzTip < 2 && PlakCount == 0) {
         PanelMeshle(window);
         NoktaNumarala();
-        window.RefreshDrawing();
+        window.DrawMeshes();
     } else {
         OtoMesh(window);
     }

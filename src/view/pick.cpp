@@ -1,7 +1,6 @@
 #include "view/pick.h"
 
 #include "model/store.h"
-#include "view/projection.h"
 #include "view/view_state.h"
 
 #include <cmath>
@@ -32,9 +31,9 @@ void PickNode(double x, double y) {
 
 // Heights at which the vertical line through x crosses the sides of a ring. A side that is vertical on the screen has
 // no crossing.
-static std::vector<double> Crossings(double x, const std::array<ScreenPoint, 5> &ring) {
+static std::vector<double> Crossings(double x, std::span<const ScreenPoint> ring) {
     std::vector<double> heights;
-    for (std::size_t k = 0; k < 4; ++k) {
+    for (std::size_t k = 0; k + 1 < ring.size(); ++k) {
         ScreenPoint left = ring[k];
         ScreenPoint right = ring[k + 1];
         if (left.x > right.x)
@@ -45,17 +44,21 @@ static std::vector<double> Crossings(double x, const std::array<ScreenPoint, 5> 
     return heights;
 }
 
-static bool MeshEncloses(int mesh, double x, double y) {
-    const std::array<int, 4> n = MeshNodes(mesh);
-    const std::array<ScreenPoint, 5> ring = {NodePixels(n[0]), NodePixels(n[1]), NodePixels(n[2]), NodePixels(n[3]),
-                                             NodePixels(n[0])};
+bool RingEncloses(std::span<const ScreenPoint> ring, double x, double y, double slack) {
     const std::vector<double> height = Crossings(x, ring);
     if (height.size() < 2)
         return false;
     const double d1 = std::fabs(y - height[0]);
     const double d2 = std::fabs(y - height[1]);
     const double d = std::fabs(height[0] - height[1]);
-    return d1 + d2 < d + 1.0;
+    return d1 + d2 < d + slack;
+}
+
+static bool MeshEncloses(int mesh, double x, double y) {
+    const std::array<int, 4> n = MeshNodes(mesh);
+    const std::array<ScreenPoint, 5> ring = {NodePixels(n[0]), NodePixels(n[1]), NodePixels(n[2]), NodePixels(n[3]),
+                                             NodePixels(n[0])};
+    return RingEncloses(ring, x, y, 1.0);
 }
 
 void PickMesh(double x, double y, std::string &text) {
