@@ -3,6 +3,7 @@
 #include "model/options.h"
 #include "model/startup.h"
 #include "model/store.h"
+#include "program_folder.h"
 #include "support.h"
 
 #include <cstdlib>
@@ -14,25 +15,6 @@ namespace havuz {
 namespace {
 
 namespace fs = std::filesystem;
-
-// A program folder of one's own, named by HAVUZ_HOME.
-class ProgramFolder {
-public:
-    ProgramFolder() {
-        fs::copy(std::string(HAVUZ_SOURCE_DIR) + "/programdir", folder_.path(), fs::copy_options::recursive);
-        setenv("HAVUZ_HOME", folder_.path().c_str(), 1);
-        ResetStore();
-        ResetOptions();
-    }
-    ~ProgramFolder() { unsetenv("HAVUZ_HOME"); }
-    ProgramFolder(const ProgramFolder &) = delete;
-    ProgramFolder &operator=(const ProgramFolder &) = delete;
-    std::string file(const std::string &name) const { return folder_.file(name); }
-    const std::string &path() const { return folder_.path(); }
-
-private:
-    TemporaryFolder folder_;
-};
 
 struct RecordingWindow : StartWindow {
     std::string log;
@@ -102,7 +84,8 @@ TEST(Start, FailuresEndTheProgramWithStatusOneAndOneLine) {
     EXPECT_EQ(EndOf(program.file("NONE"), window), 1);
     WriteBytes(program.file("VEKCARD.OPS"), "x\r\n1,2,3,4,5,6,7\r\n1,2,3,4,5\r\n160,abc\r\n");
     EXPECT_EQ(EndOf("", window), 1);
-    EXPECT_EQ(window.failure, program.file("VEKCARD.OPS") + ": line 4, field 2 (record(4) value): \"abc\" is not a number");
+    EXPECT_EQ(window.failure,
+              program.file("VEKCARD.OPS") + ": line 4, field 2 (record(4) value): \"abc\" is not a number");
 }
 
 TEST(Start, ASecondInstanceEndsAtOnceAndSilently) {

@@ -18,10 +18,6 @@ namespace havuz {
 static constexpr int kScreenWidth = 1024, kScreenHeight = 768;
 static constexpr int kSurfaceWidth = 1010, kSurfaceHeight = 600;
 
-// The style of the window and the place of its child frame are the platform's own matter.
-void MainWindow::AdjustStyle() {}
-void MainWindow::LayOutChildFrame() {}
-
 bool MainWindow::AnotherInstanceRuns() {
     return window.AnotherInstanceRuns();
 }

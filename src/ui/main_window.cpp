@@ -127,11 +127,25 @@ bool MainWindow::RunEdit(const std::string &name, const std::function<void()> &j
         return true;
     } catch (const RuntimeFailure &failure) {
         before->restore();
-        AbandonCommand(*this);
-        RedrawView();
-        Prompt(name + " YAPILAMADI, " + FailureInTurkish(failure));
+        endCommand(name, failure);
         return false;
     }
+}
+
+bool MainWindow::RunLook(const std::string &name, const std::function<void()> &job) {
+    try {
+        job();
+        return true;
+    } catch (const RuntimeFailure &failure) {
+        endCommand(name, failure);
+        return false;
+    }
+}
+
+void MainWindow::endCommand(const std::string &name, const RuntimeFailure &failure) {
+    AbandonCommand(*this);
+    RedrawView();
+    Prompt(name + " YAPILAMADI, " + FailureInTurkish(failure));
 }
 
 void MainWindow::endByFailure(const RuntimeFailure &failure) {

@@ -58,6 +58,8 @@ public:
     // counts are then as they were before, nothing is armed, the current view is drawn, and the prompt line says what
     // failed. name: what the command is called there. Returns whether the job came to its end.
     bool RunEdit(const std::string &name, const std::function<void()> &job);
+    // The same for a job that looks at the model and writes nothing of it: no copy is taken.
+    bool RunLook(const std::string &name, const std::function<void()> &job);
 
     // WindowEvents. A RuntimeFailure that comes out of a handler ends the program with status 1, one line on standard
     // error, and the model as it stands in KURTARMA.POL of the working directory.
@@ -75,8 +77,6 @@ public:
     void OnTimer() override;
 
     // What the start, project files, views, meshing, analysis, pool library and exports ask of a window.
-    void AdjustStyle() override;
-    void LayOutChildFrame() override;
     bool AnotherInstanceRuns() override;
     void ResetViews() override;
     void SizeSurface() override;
@@ -135,6 +135,7 @@ public:
 private:
     template <class Handler>
     void guard(Handler handler);
+    void endCommand(const std::string &name, const RuntimeFailure &failure);
     [[noreturn]] void endByFailure(const RuntimeFailure &failure);
 
     std::string executable_;

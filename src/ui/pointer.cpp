@@ -18,28 +18,28 @@ static void NoRelease(MainWindow & /*main*/) {}
 
 // clang-format off
 static constexpr ArmedRow kArmed[] = {
-    {kPointLoad,     kAnyStage, "NOKTA YUKU",          false, PressPointLoad,    MoveOverNodes,   NoRelease},
-    {kSupport,       kAnyStage, "MESNET",              false, PressSupport,      MoveOverNodes,   NoRelease},
-    {kMeshOnOff,     kAnyStage, "MESH ON/OFF",         true,  PressMeshOnOff,    MoveOverMeshes,  NoRelease},
-    {kNodeMove,      0,         "NOKTA KAYDIRMA",      true,  PressTakeNode,     MoveOverTakable, HidePol},
-    {kNodeMove,      1,         "NOKTA KAYDIRMA",      true,  PressPlaceNode,    MoveTakenNode,   HidePol},
-    {kPanelCopy,     0,         "PLAK KOPYALAMA",      true,  PressTakePanel,    PlakAraAt,       HideBand},
-    {kPanelCopy,     1,         "PLAK KOPYALAMA",      true,  PressFirstCorner,  MoveBand,        HideBand},
-    {kPanelCopy,     2,         "PLAK KOPYALAMA",      true,  PressSecondCorner, MoveBand,        HideBand},
-    {kPanelMove,     0,         "PLAK KAYDIRMA",       true,  PressTakePanel,    PlakAraAt,       HideBand},
-    {kPanelMove,     1,         "PLAK KAYDIRMA",       true,  PressFirstCorner,  MoveBand,        HideBand},
-    {kPanelMove,     2,         "PLAK KAYDIRMA",       true,  PressSecondCorner, MoveBand,        HideBand},
-    {kPanelDelete,   kAnyStage, "PLAK SILME",          true,  PressDeletePanel,  PlakAraAt,       NoRelease},
-    {kEdgeMove,      -1,        "KENAR KAYDIRMA",      true,  PressFixEdge,      HoverEdges,      ForgetEdges},
-    {kEdgeMove,      0,         "KENAR KAYDIRMA",      true,  PressTakeEdge,     HoverEdges,      ForgetEdges},
-    {kEdgeMove,      1,         "KENAR KAYDIRMA",      true,  NoPress,           MoveTakenEdge,   ForgetEdges},
-    {kEdgeSupport,   kAnyStage, "PLAK MESNETI",        true,  PressEdgeSupport,  KenarAraAt,      NoRelease},
-    {kVerticalPlate, 0,         "DUSEY PLAK CIZIMI",   true,  PressFirstEnd,     MoveLine,        HideLine},
-    {kVerticalPlate, 1,         "DUSEY PLAK CIZIMI",   true,  PressNextEnd,      MoveLine,        HideLine},
-    {kPolygon,       0,         "POLYGON PLAK CIZIMI", true,  PressFirstPoint,   MoveLine,        EndPolygon},
-    {kPolygon,       1,         "POLYGON PLAK CIZIMI", true,  PressNextPoint,    MoveLine,        EndPolygon},
-    {kPolygonCut,    0,         "POLYGON PLAK KESME",  true,  PressCutStart,     MoveLine,        NoRelease},
-    {kPolygonCut,    1,         "POLYGON PLAK KESME",  true,  PressCutEnd,       MoveLine,        NoRelease},
+    {kPointLoad,     kAnyStage, "NOKTA YUKU",          Edits::Nothing, PressPointLoad,    MoveOverNodes,   NoRelease},
+    {kSupport,       kAnyStage, "MESNET",              Edits::Nothing, PressSupport,      MoveOverNodes,   NoRelease},
+    {kMeshOnOff,     kAnyStage, "MESH ON/OFF",         Edits::ByPress, PressMeshOnOff,    MoveOverMeshes,  NoRelease},
+    {kNodeMove,      0,         "NOKTA KAYDIRMA",      Edits::ByPress, PressTakeNode,     MoveOverTakable, HidePol},
+    {kNodeMove,      1,         "NOKTA KAYDIRMA",      Edits::ByPress, PressPlaceNode,    MoveTakenNode,   HidePol},
+    {kPanelCopy,     0,         "PLAK KOPYALAMA",      Edits::ByPress, PressTakePanel,    PlakAraAt,       HideBand},
+    {kPanelCopy,     1,         "PLAK KOPYALAMA",      Edits::ByPress, PressFirstCorner,  MoveBand,        HideBand},
+    {kPanelCopy,     2,         "PLAK KOPYALAMA",      Edits::ByPress, PressSecondCorner, MoveBand,        HideBand},
+    {kPanelMove,     0,         "PLAK KAYDIRMA",       Edits::ByPress, PressTakePanel,    PlakAraAt,       HideBand},
+    {kPanelMove,     1,         "PLAK KAYDIRMA",       Edits::ByPress, PressFirstCorner,  MoveBand,        HideBand},
+    {kPanelMove,     2,         "PLAK KAYDIRMA",       Edits::ByPress, PressSecondCorner, MoveBand,        HideBand},
+    {kPanelDelete,   kAnyStage, "PLAK SILME",          Edits::ByPress, PressDeletePanel,  PlakAraAt,       NoRelease},
+    {kEdgeMove,      -1,        "KENAR KAYDIRMA",      Edits::ByPress, PressFixEdge,      HoverEdges,      ForgetEdges},
+    {kEdgeMove,      0,         "KENAR KAYDIRMA",      Edits::ByPress, PressTakeEdge,     HoverEdges,      ForgetEdges},
+    {kEdgeMove,      1,         "KENAR KAYDIRMA",      Edits::ByDrag,  NoPress,           MoveTakenEdge,   ForgetEdges},
+    {kEdgeSupport,   kAnyStage, "PLAK MESNETI",        Edits::ByPress, PressEdgeSupport,  KenarAraAt,      NoRelease},
+    {kVerticalPlate, 0,         "DUSEY PLAK CIZIMI",   Edits::ByPress, PressFirstEnd,     MoveLine,        HideLine},
+    {kVerticalPlate, 1,         "DUSEY PLAK CIZIMI",   Edits::ByPress, PressNextEnd,      MoveLine,        HideLine},
+    {kPolygon,       0,         "POLYGON PLAK CIZIMI", Edits::ByPress, PressFirstPoint,   MoveLine,        EndPolygon},
+    {kPolygon,       1,         "POLYGON PLAK CIZIMI", Edits::ByPress, PressNextPoint,    MoveLine,        EndPolygon},
+    {kPolygonCut,    0,         "POLYGON PLAK KESME",  Edits::ByPress, PressCutStart,     MoveLine,        NoRelease},
+    {kPolygonCut,    1,         "POLYGON PLAK KESME",  Edits::ByPress, PressCutEnd,       MoveLine,        NoRelease},
 };
 // clang-format on
 
@@ -55,11 +55,15 @@ static const ArmedRow *ArmedNow() {
     return nullptr;
 }
 
-static void Run(MainWindow &main, const ArmedRow &row, void (*handler)(MainWindow &, Pointer), Pointer at) {
-    if (row.edits)
-        main.RunEdit(row.name, [&] { handler(main, at); });
+static void Run(MainWindow &main, const ArmedRow &row, void (*handler)(MainWindow &, Pointer), bool writes,
+                Pointer at) {
+    const auto job = [&] { handler(main, at); };
+    if (row.edits == Edits::Nothing)
+        job();
+    else if (writes)
+        main.RunEdit(row.name, job);
     else
-        handler(main, at);
+        main.RunLook(row.name, job);
 }
 
 // Window zoom
@@ -140,7 +144,7 @@ void OnSurfacePress(MainWindow &main, int button, int /*shift*/, double x, doubl
     if (ZoomPending > 0)
         PressZoom(main, at);
     else if (const ArmedRow *row = ArmedNow())
-        Run(main, *row, row->press, at);
+        Run(main, *row, row->press, true, at);
 }
 
 void OnSurfaceMove(MainWindow &main, int button, int /*shift*/, double x, double y) {
@@ -150,7 +154,7 @@ void OnSurfaceMove(MainWindow &main, int button, int /*shift*/, double x, double
     else if (ZoomPending + CommandState == 0)
         MoveIdle(main, at);
     else if (const ArmedRow *row = ArmedNow())
-        Run(main, *row, row->move, at);
+        Run(main, *row, row->move, row->edits == Edits::ByDrag, at);
 }
 
 void OnSurfaceRelease(MainWindow &main, int button, int /*shift*/, double /*x*/, double /*y*/) {

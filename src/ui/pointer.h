@@ -15,11 +15,14 @@ struct Pointer {
 
 constexpr int kAnyStage = -9;
 
+// Which handlers of a row write the model. A failure in a row that edits ends the command alone.
+enum class Edits { Nothing, ByPress, ByDrag };
+
 struct ArmedRow {
     int state;        // CommandState
     int stage;        // PickStage, or kAnyStage
     const char *name; // in the prompt of a failure
-    bool edits;       // a failure ends the command alone
+    Edits edits;
     void (*press)(MainWindow &main, Pointer at);
     void (*move)(MainWindow &main, Pointer at);
     void (*release)(MainWindow &main); // before the command ends

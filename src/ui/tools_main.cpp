@@ -23,8 +23,10 @@ void AutoMeshTool(MainWindow &main) {
     main.RunEdit("AUTO MESH", [&main] { AutoMesh(main); });
 }
 
+// No other command can start while it runs, though it lets pending events through.
 void RunAnalysis(MainWindow &main) {
     main.ShowFrame(3, false);
+    main.window.EnableForm(kMain, false);
     AnalysisRun({ProjeYolu, CalismaDizini + "/WORKPOOL", OutputProgram()}, main);
 }
 

@@ -1,0 +1,417 @@
+// The pointer on the surface: zoom, turning, mesh editing, and the commands that copy, move, delete and draw plates.
+// The surface leaves 500 * 400 pixels for the model, so that 20 m * 20 m stand at 20 pixels a metre, 30 from left and
+// top.
+#include "hand_models.h"
+#include "model/number_text.h"
+#include "model/project_file.h"
+#include "plak_support.h"
+#include "support.h"
+#include "ui/pointer.h"
+#include "ui/tools.h"
+#include "ui_support.h"
+
+#include <gtest/gtest.h>
+
+namespace havuz {
+
+namespace {
+
+void AddFlat(double x, double y, double lx, double ly, double z = 0.0) {
+    AddPanel(0, {x, y, z}, {x + lx, y, z}, {x + lx, y + ly, z}, {x, y + ly, z});
+}
+
+// Two panels in opposite corners of 20 m * 20 m.
+void AddTwoPanels(Desk &desk) {
+    AddFlat(0, 0, 4, 4, 1.5);
+    AddFlat(16, 16, 4, 4);
+    desk.main.DrawPlateView();
+}
+
+std::string PlanOf(const PanelRecord &p) {
+    std::string text;
+    for (int k = 1; k <= 4; ++k)
+        text += NumberText(p.X[k]) + "," + NumberText(p.Y[k]) + " ";
+    return text;
+}
+
+bool BandShown(Desk &desk) {
+    return desk.window.Shown(RubberLine(1)) && desk.window.Shown(RubberLine(2)) && desk.window.Shown(RubberLine(3)) &&
+           desk.window.Shown(RubberLine(4));
+}
+
+} // namespace
+
+TEST(Pointer, ArmedCommandsHaveARowForEachStage) {
+    ResetAll();
+    for (const ToolRow &tool : Tools())
+        if (tool.arms > 0) {
+            SCOPED_TRACE(tool.tooltip);
+            int stages = 0;
+            bool first = false;
+            for (const ArmedRow &row : ArmedCommands())
+                if (row.state == tool.arms) {
+                    ++stages;
+                    first = first || row.stage == 0 || row.stage == kAnyStage;
+                }
+            EXPECT_TRUE(first);
+            EXPECT_GE(stages, 1);
+        }
+}
+
+TEST(Pointer, WindowZoomTakesTheCornersOfThePressAndOfTheLastMove) {
+    for (const bool backwards : {false, true}) {
+        ResetAll();
+        Desk desk;
+        AddGrid(2, 2);
+        desk.main.DrawMeshView();
+        desk.click(Command(1));
+        EXPECT_EQ(desk.prompt(), "ZOOM WINDOW ICIN 1. NOKTAYI SECIN");
+        const ScreenPoint a{130, 130}, b{230, 330};
+        desk.window.confined = true;
+        desk.press(backwards ? b : a);
+        EXPECT_EQ(desk.prompt(), "ZOOM WINDOW ICIN 2. NOKTAYI SECIN");
+        desk.move(backwards ? a : b);
+        EXPECT_TRUE(BandShown(desk));
+        EXPECT_FALSE(desk.window.confined);
+        if (!backwards) {
+            EXPECT_EQ(desk.window.Line(RubberLine(1)), (LineEnds{130, 130, 230, 130}));
+            EXPECT_EQ(desk.window.Line(RubberLine(2)), (LineEnds{130, 330, 230, 330}));
+            EXPECT_EQ(desk.window.Line(RubberLine(3)), (LineEnds{130, 130, 130, 330}));
+            EXPECT_EQ(desk.window.Line(RubberLine(4)), (LineEnds{230, 130, 230, 330}));
+        }
+        desk.press({1, 1}); // its own position does not count
+        EXPECT_EQ(MeshScale, 40);
+        EXPECT_EQ(MeshOffsetX, 30 - 5 * 40);
+        EXPECT_EQ(MeshOffsetY, 30 - 5 * 40);
+        EXPECT_EQ(KeepZoom, 0);
+        EXPECT_EQ(ZoomPending + PickStage, 0);
+        EXPECT_EQ(desk.prompt(), "");
+        EXPECT_FALSE(BandShown(desk));
+    }
+}
+
+TEST(Pointer, AZoomWithoutHeightIsCancelledAndMustBeArmedAgain) {
+    ResetAll();
+    Desk desk;
+    AddGrid(2, 2);
+    desk.main.DrawMeshView();
+    desk.click(Command(1));
+    desk.press({130, 130});
+    desk.move({230, 130});
+    desk.press({230, 130});
+    EXPECT_EQ(ZoomPending, 0);
+    EXPECT_EQ(PickStage, 1); // wanted
+    desk.press({130, 130});
+    desk.move({230, 330});
+    desk.press({230, 330});
+    EXPECT_EQ(MeshScale, 20);
+    desk.click(Command(1));
+    EXPECT_EQ(PickStage, 0);
+    desk.press({130, 130});
+    desk.move({230, 330});
+    desk.cancel();
+    EXPECT_EQ(ZoomPending + PickStage, 0);
+    EXPECT_FALSE(BandShown(desk));
+}
+
+TEST(Pointer, AnIdleDragTurnsTheView) {
+    ResetAll();
+    Desk desk;
+    desk.move({100, 100});
+    desk.drag({110, 100});
+    const double A = ViewAngleA, B = ViewAngleB;
+    desk.drag({120, 100}); // without panels nothing turns
+    EXPECT_EQ(ViewAngleB, B);
+    AddTwoPanels(desk);
+    AddGrid(2, 2);
+    desk.main.DrawMeshView();
+    desk.move({100, 100});
+    desk.scr.log.clear();
+    desk.drag({110, 95});
+    EXPECT_DOUBLE_EQ(ViewAngleB, B - 0.1);
+    EXPECT_DOUBLE_EQ(ViewAngleA, A + 0.05);
+    EXPECT_EQ(DragRotated, 1);
+    EXPECT_EQ(desk.scr.log.find("polygon"), std::string::npos); // outlines only
+    desk.move({110, 95});
+    EXPECT_EQ(DragRotated, 0);
+    EXPECT_NE(desk.scr.log.find("polygon"), std::string::npos);
+    desk.click(Check1(0)); // armed: a drag turns nothing
+    desk.drag({150, 95});
+    EXPECT_DOUBLE_EQ(ViewAngleB, B - 0.1);
+}
+
+TEST(Pointer, LoadsAndSupportsAskAtTheNodeUnderThePointer) {
+    for (const auto &[tool, form] : {std::pair{0, "NOKYUK"}, std::pair{1, "MESTIP"}}) {
+        ResetAll();
+        Desk desk;
+        AddGrid(2, 2);
+        desk.main.DrawMeshView();
+        desk.click(Check1(tool));
+        desk.move({300, 300});
+        EXPECT_EQ(desk.note(), "hidden");
+        desk.press({300, 300}); // empty surface
+        EXPECT_FALSE(desk.window.FormShown(form));
+        desk.move({52, 31});
+        EXPECT_EQ(desk.note(), "Nokta:2");
+        EXPECT_EQ(desk.window.state(kLabel1).left, 62);
+        EXPECT_EQ(desk.window.state(kLabel1).top, 51);
+        desk.window.PressAt(kScr, kRightButton, 52, 31);
+        EXPECT_FALSE(desk.window.FormShown(form));
+        desk.press({52, 31});
+        EXPECT_TRUE(desk.window.FormShown(form));
+        EXPECT_EQ(desk.window.FormPlace(form), (Place{950, 1100}));
+        EXPECT_FALSE(desk.window.formState(kMain).enabled);
+        EXPECT_EQ(CommandState, tool + 1);
+    }
+}
+
+TEST(Pointer, MeshesGoOffAndOn) {
+    ResetAll();
+    Desk desk;
+    AddGrid(2, 2);
+    desk.main.DrawMeshView();
+    desk.click(Check1(2));
+    desk.move({60, 40});
+    EXPECT_EQ(desk.note(), "Mesh:2-3-6-5");
+    desk.press({60, 40});
+    EXPECT_EQ(int(MeshTable[2].Sil), 1);
+    desk.press({60, 40});
+    EXPECT_EQ(int(MeshTable[2].Sil), 0);
+    desk.move({300, 300});
+    EXPECT_EQ(desk.note(), "hidden");
+}
+
+TEST(Pointer, ANodeMovesWithItsRubberLines) {
+    ResetAll();
+    Desk desk;
+    AddGrid(2, 2);
+    AddFlat(0, 0, 20, 20);
+    desk.main.DrawMeshView();
+    desk.click(Check1(3));
+    desk.move({300, 300});
+    EXPECT_EQ(desk.note(), "Nokta secin");
+    desk.press({300, 300});
+    EXPECT_EQ(PickStage, 0);
+    desk.move({50, 50});
+    EXPECT_EQ(desk.note(), "Nokta:5");
+    desk.press({50, 50});
+    EXPECT_TRUE(desk.window.Shown(Pol(4)));
+    desk.move({60, 65});
+    EXPECT_EQ(desk.note(), "X=,Y="); // wanted
+    EXPECT_EQ(desk.window.Line(Pol(1)).x1, 60);
+    NoktaTable[5].PanelNo = 1;
+    desk.press({60, 65});
+    EXPECT_EQ(NoktaTable[5].X, 1.5);
+    EXPECT_EQ(NoktaTable[5].Y, 1.75);
+    EXPECT_FALSE(desk.window.Shown(Pol(1)));
+    EXPECT_EQ(PickStage, 0); // the next node
+    EXPECT_EQ(CommandState, kNodeMove);
+}
+
+// Copy, move, delete
+
+TEST(Pointer, APanelIsCopiedInThreePresses) {
+    ResetAll();
+    Desk desk;
+    AddTwoPanels(desk);
+    desk.click(Check2(0));
+    desk.press({300, 50}); // nothing under the pointer
+    EXPECT_EQ(PickStage, 0);
+    desk.move(Desk::at(2, 3));
+    EXPECT_EQ(desk.note(), "1. PLAK");
+    desk.press(Desk::at(2, 3));
+    EXPECT_EQ(desk.note(), "X=2Y=33"); // the offset of 30 in the second number is wanted
+    desk.press(Desk::at(16.05, 15.95));
+    EXPECT_TRUE(BandShown(desk));
+    EXPECT_EQ(desk.window.Line(RubberLine(4)), (LineEnds{350, 350, 350, 350}));
+    desk.move(Desk::at(13, 14.5));
+    EXPECT_EQ(desk.note(), "X=13 Y=14.5");
+    EXPECT_EQ(desk.window.Line(RubberLine(2)), (LineEnds{350, 320, 290, 320}));
+    desk.press(Desk::at(12, 11));
+    ASSERT_EQ(PanelCount, 3);
+    EXPECT_EQ(PlanOf(PanelTable[3]), "16,16 12,16 12,11 16,11 ");
+    EXPECT_EQ(PanelTable[3].Z[1], 1.5);
+    EXPECT_EQ(int(PanelTable[3].No), 1); // all fields of the source, its number too
+    EXPECT_EQ(PlanOf(PanelTable[1]), "0,0 4,0 4,4 0,4 ");
+    EXPECT_FALSE(BandShown(desk));
+    EXPECT_EQ(SelectedPanel + PickStage, 0);
+    EXPECT_EQ(CommandState, kPanelCopy); // waits for the next
+}
+
+TEST(Pointer, AMovedPanelTakesItsCornersThroughThreeSnaps) {
+    ResetAll();
+    Desk desk;
+    AddTwoPanels(desk);
+    AddFlat(3.95, 10.05, 1, 1);
+    AddFlat(10.05, 3.95, 1, 1);
+    desk.click(Check2(1));
+    desk.move(Desk::at(17, 17));
+    desk.press(Desk::at(17, 17));
+    desk.press(Desk::at(10.2, 10));
+    EXPECT_EQ(PanelTable[2].X[1], static_cast<float>(10.2));
+    PanelTable[2].X[1] = PanelTable[2].Y[1] = 10.0;
+    desk.press(Desk::at(4.05, 4.05)); // to (4, 4), then the left side, then the upper side move on: wanted
+    EXPECT_EQ(PlanOf(PanelTable[2]), "10.05,10.05 3.95,10.05 3.95,3.95 10.05,3.95 ");
+    EXPECT_EQ(PanelCount, 4);
+    desk.move(Desk::at(2, 2));
+    desk.press(Desk::at(2, 2));
+    desk.press(Desk::at(1, 1));
+    desk.cancel();
+    EXPECT_EQ(PanelTable[1].X[1], 1); // the first corner stays where it was put
+    EXPECT_FALSE(BandShown(desk));
+    EXPECT_EQ(CommandState + PickStage, 0);
+}
+
+TEST(Pointer, CopyingAPlateEndsTheCommandAlone) {
+    ResetAll();
+    Desk desk;
+    AddTwoPanels(desk);
+    PutPlak(Rectangle(8, 8, 4, 4));
+    const std::string before = ProjectText();
+    desk.click(Check2(0));
+    desk.move(Desk::at(10, 10));
+    EXPECT_EQ(SelectedPanel, 1001);
+    for (const ScreenPoint p : {Desk::at(10, 10), Desk::at(12, 12), Desk::at(14, 14)})
+        desk.press(p);
+    EXPECT_EQ(desk.prompt(), "PLAK KOPYALAMA YAPILAMADI, TABLO SINIRI ASILDI: PanelTable(1001) SINIR 0..1000");
+    EXPECT_EQ(ProjectText(), before);
+    EXPECT_EQ(CommandState + PickStage + SelectedPanel, 0);
+    EXPECT_FALSE(desk.window.Checked(Check2(0)));
+    EXPECT_FALSE(BandShown(desk));
+}
+
+TEST(Pointer, DeletingAPlateDropsTheLastPanel) {
+    ResetAll();
+    Desk desk;
+    AddTwoPanels(desk);
+    AddFlat(8, 0, 4, 4);
+    PutPlak(Rectangle(8, 8, 4, 4));
+    desk.click(Check2(2));
+    desk.press(Desk::at(2, 2)); // not hovered yet
+    EXPECT_EQ(PanelCount, 3);
+    desk.move(Desk::at(2, 2));
+    desk.press(Desk::at(2, 2));
+    EXPECT_EQ(PanelCount, 2);
+    EXPECT_EQ(PlanOf(PanelTable[1]), "16,16 20,16 20,20 16,20 ");
+    desk.move(Desk::at(10, 10));
+    EXPECT_EQ(desk.note(), "1001. PLAK");
+    desk.press(Desk::at(10, 10)); // wanted
+    EXPECT_EQ(PanelCount, 1);
+    EXPECT_EQ(PlakCount, 1);
+    for (int i = 0; i < 2; ++i) {
+        desk.move(Desk::at(10, 10));
+        desk.press(Desk::at(10, 10));
+    }
+    EXPECT_EQ(PanelCount, 0); // no count below none
+}
+
+// Drawing
+
+TEST(Pointer, VerticalPlatesFollowALine) {
+    ResetAll();
+    Desk desk;
+    desk.click(Check2(5));
+    desk.window.Type(Tool1Text(0), "25,5");
+    desk.window.Type(Tool1Text(2), "abc");
+    desk.move({55, 70});
+    EXPECT_EQ(desk.note(), "X=1.25  Y=2.00");
+    EXPECT_EQ(desk.window.state(kLabel1).left, 55);
+    EXPECT_EQ(desk.window.state(kLabel1).top, 95);
+    desk.press({55, 70});
+    EXPECT_EQ(desk.window.state(RubberLine(1)).style, RubberStyle::Dashed);
+    desk.move({150, 80});
+    EXPECT_EQ(desk.window.Line(RubberLine(1)), (LineEnds{55, 70, 150, 80}));
+    desk.press({155.1, 70});
+    ASSERT_EQ(PanelCount, 1);
+    const PanelRecord &panel = PanelTable[1];
+    EXPECT_EQ(PlanOf(panel), "1.25,2 6.26,2 6.26,2 1.25,2 "); // two decimals
+    EXPECT_EQ(int(panel.No), 1);
+    EXPECT_EQ(panel.D, 25.5);
+    EXPECT_EQ(panel.Z[2], 3);
+    EXPECT_EQ(panel.Z[3], 0);
+    EXPECT_EQ(int(panel.Nx), 5);
+    EXPECT_EQ(int(panel.Ny), 3);
+    EXPECT_EQ(PlateScale, 20); // the picture stands still
+    desk.press({56.5, 71});    // 0.09 m from the first corner: there it ends
+    EXPECT_EQ(PlanOf(PanelTable[2]), "6.26,2 1.25,2 1.25,2 6.26,2 ");
+    desk.press({57, 71}); // begins where the pointer was; too short, but one division
+    EXPECT_EQ(PlanOf(PanelTable[3]).substr(0, 9), "1.33,2.05");
+    EXPECT_EQ(int(PanelTable[3].Nx), 1);
+    desk.cancel();
+    EXPECT_FALSE(desk.window.Shown(RubberLine(1)));
+    EXPECT_EQ(desk.window.state(RubberLine(1)).style, RubberStyle::Solid);
+}
+
+TEST(Pointer, APolygonGrowsPointByPointAndAsksAtTheEnd) {
+    ResetAll();
+    Desk desk;
+    AddTwoPanels(desk);
+    desk.click(Check2(6));
+    desk.press(Desk::at(15.95, 16.05));
+    EXPECT_EQ(PolyCount, 1);
+    EXPECT_EQ(PolyX[1], 16);
+    desk.move(Desk::at(10, 12));
+    EXPECT_EQ(desk.window.Line(RubberLine(1)), (LineEnds{350, 350, 230, 270}));
+    desk.press(Desk::at(10, 12));
+    EXPECT_TRUE(desk.window.Shown(RubberLine(2)));
+    EXPECT_EQ(desk.window.Line(RubberLine(2)), (LineEnds{350, 350, 230, 270}));
+    PanelTable[1].X[1] = -20; // the fit changes with the next press
+    desk.scr.log.clear();
+    desk.press(Desk::at(10, 8));
+    EXPECT_EQ(PolyCount, 3);
+    EXPECT_DOUBLE_EQ(PolyX[3], 10);
+    EXPECT_EQ(PlateScale, 12.5);
+    const ScreenPoint first = Desk::at(16, 16), last = Desk::at(PolyX[3], PolyY[3]);
+    EXPECT_EQ(desk.window.Line(RubberLine(2)), (LineEnds{first.x, first.y, last.x, last.y}));
+    EXPECT_EQ(desk.window.Line(RubberLine(1)), (LineEnds{last.x, last.y, last.x, last.y}));
+    EXPECT_NE(desk.scr.log.find("polygon 15 on #0000a0 style 1 480,230 405,180 405,130\n"), std::string::npos)
+        << desk.scr.log;
+    desk.cancel();
+    EXPECT_TRUE(desk.window.FormShown("yesno"));
+    EXPECT_FALSE(desk.window.FormShown(kTool1));
+    EXPECT_EQ(PolyCount, 3);
+    EXPECT_EQ(CommandState, 0);
+}
+
+TEST(Pointer, APolygonOfOnePointStillAsksAndAFullOneFails) {
+    ResetAll();
+    Desk desk;
+    desk.click(Check2(6));
+    desk.press({100, 100});
+    desk.cancel();
+    EXPECT_TRUE(desk.window.FormShown("yesno"));
+    desk.window.HideForm("yesno");
+    desk.main.EnableMainWindow();
+    desk.click(Check2(6));
+    EXPECT_EQ(PolyCount, 0);
+    for (int i = 1; i <= 200; ++i)
+        desk.press({100.0 + i, 100});
+    EXPECT_EQ(PolyCount, 200);
+    EXPECT_EQ(CommandState, kPolygon);
+    desk.press({100, 300});
+    EXPECT_EQ(desk.prompt(), "POLYGON PLAK CIZIMI YAPILAMADI, TABLO SINIRI ASILDI: ELEMAN (201) SINIR 0..200");
+    EXPECT_EQ(CommandState, 0);
+}
+
+TEST(Pointer, ACutThatFailsKeepsItsFirstPoint) {
+    ResetAll();
+    Desk desk;
+    PutPool(Rectangle(0, 0, 20, 20));
+    desk.main.DrawPlateView();
+    desk.click(Check2(7));
+    desk.press(Desk::at(10, -1));
+    desk.press(Desk::at(12, -1)); // crosses nothing
+    EXPECT_EQ(PickStage, 1);
+    EXPECT_EQ(CommandState, kPolygonCut);
+    EXPECT_EQ(PlakCount, 1);
+    EXPECT_DOUBLE_EQ(CutLineX[1], 10);
+    desk.press(Desk::at(10, 21));
+    EXPECT_EQ(PlakCount, 2);
+    EXPECT_EQ(PanelCount, 6);
+    EXPECT_EQ(CommandState + PickStage, 0);
+    EXPECT_FALSE(desk.window.Checked(Check2(7)));
+    EXPECT_FALSE(desk.window.Shown(RubberLine(1)));
+    EXPECT_EQ(desk.note(), "hidden");
+}
+
+} // namespace havuz

@@ -1,0 +1,513 @@
+// The tool buttons: what each arms and says, what it leaves alone, and how a failure inside a handler ends.
+#include "hand_models.h"
+#include "model/project_file.h"
+#include "plak_support.h"
+#include "support.h"
+#include "ui/pointer.h"
+#include "ui/recovery.h"
+#include "ui/tools.h"
+#include "ui_support.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace havuz {
+
+namespace {
+
+void AddWall() {
+    AddPanel(1, {0, 0, 3}, {4, 0, 3}, {4, 0, 0}, {0, 0, 0});
+}
+
+int CheckedCount(Desk &desk) {
+    int count = 0;
+    for (const ToolRow &tool : Tools())
+        count += desk.window.Checked(ToolButton(tool.group, tool.index)) ? 1 : 0;
+    return count;
+}
+
+// A rectangular pool's base and one wall, ready for "auto mesh".
+void AddSmallPool() {
+    AddPanel(0, {0, 0, 0}, {4, 0, 0}, {4, 2, 0}, {0, 2, 0});
+    PanelTable[1].Nx = 4;
+    PanelTable[1].Ny = 2;
+}
+
+} // namespace
+
+TEST(Tools, EveryButtonIsMadeOnceAndArmsWhatItsRowSays) {
+    ResetAll();
+    Desk desk;
+    for (const ToolRow &tool : Tools()) {
+        SCOPED_TRACE(tool.tooltip);
+        const Element button = ToolButton(tool.group, tool.index);
+        EXPECT_EQ(std::ranges::count(desk.window.elements(), button), 1);
+        EXPECT_EQ(desk.window.state(button).label, tool.tooltip);
+        EXPECT_EQ(desk.window.state(button).group, ToolFrame(tool));
+        if (tool.group != ToolGroup::Mesh && tool.group != ToolGroup::Plate)
+            continue;
+        desk.main.DrawPlateView();
+        desk.main.ShowFrame(1, true);
+        CommandState = 77;
+        PickStage = 2;
+        ASSERT_TRUE(desk.click(button));
+        EXPECT_EQ(CommandState, tool.arms == kUnchanged ? 77 : tool.arms);
+        EXPECT_EQ(desk.prompt(), tool.prompt);
+        EXPECT_EQ(PickStage, 0);
+        EXPECT_EQ(desk.window.focused(), kScr);
+        EXPECT_TRUE(desk.click(button)); // the second click
+        EXPECT_EQ(CommandState, tool.arms == kUnchanged ? 77 : 0);
+        EXPECT_EQ(desk.prompt(), "");
+    }
+}
+
+TEST(Tools, OnlyOneOfAGroupStaysDownAndMainToolsLeaveTheDrawingOnesDown) {
+    ResetAll();
+    Desk desk;
+    desk.click(Check2(0));
+    desk.click(Check2(6));
+    desk.click(Check1(2)); // another group
+    EXPECT_EQ(CheckedCount(desk), 2);
+    desk.click(ChkButton(9));
+    EXPECT_TRUE(desk.window.Checked(Check2(6))); // wanted
+    EXPECT_FALSE(desk.window.Checked(Check1(2)));
+    EXPECT_EQ(CommandState, 0);
+    desk.click(Command(2));
+    EXPECT_TRUE(desk.window.Checked(Check2(6)));
+    desk.cancel();
+    EXPECT_FALSE(desk.window.Checked(Check2(6)));
+    desk.click(Check2(3));
+    desk.click(Command(1)); // the zoom leaves what is armed
+    EXPECT_TRUE(desk.window.Checked(Check2(3)));
+    EXPECT_EQ(CommandState, kEdgeMove);
+    desk.click(Command(3)); // in plan nothing turns, the buttons come up, the command stays armed: wanted
+    EXPECT_FALSE(desk.window.Checked(Check2(3)));
+    EXPECT_EQ(CommandState, kEdgeMove);
+}
+
+TEST(Tools, CancellingClearsWhatIsPendingAndNothingElse) {
+    ResetAll();
+    Desk desk;
+    AddWall();
+    desk.click(Check2(6));
+    EXPECT_TRUE(desk.window.FormShown(kTool1));
+    EXPECT_EQ(desk.window.formState(kTool1).place, (Place{1024 * 15 - desk.window.FormWidth(kTool1), 0}));
+    EXPECT_TRUE(desk.window.formState(kTool1).onTop);
+    EXPECT_EQ(desk.window.state(kLabel1).left, -50);
+    for (int i = 1; i <= 3; ++i) {
+        desk.window.Show(RubberLine(i), true);
+        desk.window.SetLineStyle(RubberLine(i), RubberStyle::Dashed);
+    }
+    SelectedPanel = 1;
+    ZoomPending = 1;
+    desk.scr.log.clear();
+    CancelPending(desk.main);
+    EXPECT_EQ(desk.note(), "hidden");
+    EXPECT_FALSE(desk.window.FormShown(kTool1));
+    EXPECT_FALSE(desk.window.Shown(RubberLine(2)));
+    EXPECT_EQ(desk.window.state(RubberLine(2)).style, RubberStyle::Solid);
+    EXPECT_TRUE(desk.window.Shown(RubberLine(3))); // only the first two
+    EXPECT_EQ(SelectedPanel, 0);
+    EXPECT_NE(desk.scr.log, "");
+    EXPECT_EQ(CommandState, kPolygon);
+    EXPECT_EQ(ZoomPending, 1);
+    desk.scr.log.clear();
+    CancelPending(desk.main); // no panel selected: nothing drawn
+    EXPECT_EQ(desk.scr.log, "");
+}
+
+TEST(Tools, ViewCommandsTurnAndSwitch) {
+    ResetAll();
+    Desk desk;
+    EXPECT_EQ(desk.window.state(Command(2)).picture, 13);
+    desk.click(Command(2));
+    EXPECT_EQ(IsoView, 1);
+    EXPECT_EQ(desk.window.state(Command(2)).picture, 18);
+    EXPECT_FALSE(desk.window.Enabled(Check1(3)));
+    for (int i = 0; i <= 7; ++i)
+        EXPECT_EQ(desk.window.Enabled(Check2(i)), i >= 2 && i <= 4) << i;
+    const double before = ViewAngleB;
+    const int copies = desk.window.copies;
+    desk.click(Command(4));
+    desk.click(Command(4));
+    desk.click(Command(3));
+    EXPECT_DOUBLE_EQ(ViewAngleB, before + 0.2);
+    EXPECT_EQ(desk.window.copies, copies + 3);
+    desk.click(Command(2));
+    EXPECT_EQ(IsoView, 0);
+    EXPECT_TRUE(desk.window.Enabled(Check1(3)));
+    desk.click(Command(4)); // nothing in plan
+    EXPECT_DOUBLE_EQ(ViewAngleB, before + 0.2);
+
+    PutPlak(Rectangle(0, 0, 4, 3));
+    desk.click(Command(5)); // no meshes: stays
+    EXPECT_EQ(GorunusModu, 1);
+    AddGrid(2, 2);
+    desk.click(Command(5));
+    EXPECT_EQ(GorunusModu, 2);
+    EXPECT_EQ(desk.window.state(Command(5)).picture, 5);
+    EXPECT_TRUE(desk.window.Shown(Frame(1)));
+    EXPECT_FALSE(desk.window.Shown(Frame(2)));
+    HavuzTip = 6;
+    desk.click(Command(5));
+    EXPECT_EQ(GorunusModu, 2);
+    HavuzTip = 5;
+    desk.click(Command(5));
+    EXPECT_EQ(desk.window.state(Command(5)).picture, 4);
+    EXPECT_EQ(GorunusModu, 1);
+}
+
+TEST(Tools, NodesHideAndShowWithBothClicks) {
+    ResetAll();
+    Desk desk;
+    AddGrid(1, 1);
+    desk.main.DrawMeshView();
+    desk.click(Check1(0));
+    EXPECT_TRUE(desk.window.Shown(Frame(3)));
+    desk.click(Check1(4));
+    EXPECT_EQ(NodesHidden, 1);
+    EXPECT_EQ(CommandState, kPointLoad); // goes on, though its button came up
+    EXPECT_FALSE(desk.window.Checked(Check1(0)));
+    desk.click(Check1(4));
+    EXPECT_EQ(NodesHidden, 0);
+}
+
+TEST(Tools, EdgeMovesShowThePaletteOfTheirView) {
+    ResetAll();
+    Desk desk;
+    desk.click(Check2(3));
+    EXPECT_TRUE(desk.window.FormShown(kTool3));
+    desk.click(Command(2));
+    EXPECT_FALSE(desk.window.FormShown(kTool3));
+    desk.click(Check2(3));
+    EXPECT_TRUE(desk.window.FormShown(kTool2));
+    EXPECT_EQ(PickStage, 0);
+    AddWall();
+    EdgeHitCount = 1;
+    desk.scr.log.clear();
+    desk.click(Tool2Option(0));
+    EXPECT_EQ(PickStage, -1);
+    EXPECT_EQ(desk.prompt(), "SABIT PLAK KENARI veya SABIT NOKTA SECIN < ESC : IPTAL >");
+    EXPECT_EQ(EdgeHitCount, 0);
+    EXPECT_NE(desk.scr.log, "");
+    desk.click(Tool2Option(1));
+    EXPECT_EQ(PickStage, 0);
+    EXPECT_EQ(desk.prompt(), "PLAK KENARI veya NOKTA SECIN < ESC : IPTAL >");
+    desk.click(Tool2Option(0));
+    desk.cancel();
+    desk.click(Check2(3)); // the palette still says so
+    EXPECT_EQ(PickStage, -1);
+}
+
+TEST(Tools, MainToolsOpenTheirDialogs) {
+    const struct {
+        int index;
+        const char *form;
+        bool mainEnabled;
+    } cases[] = {{0, "POOLGEN", true},  {1, "donsec", false},  {2, "POOLlib", false},  {3, "FEAPLAK", false},
+                 {5, "MESHBIL", false}, {6, "KOORBIL", false}, {10, "LOADFILE", true}, {11, "BILGI", false}};
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.form);
+        ResetAll();
+        Desk desk;
+        ASSERT_TRUE(desk.click(ChkButton(c.index)));
+        EXPECT_TRUE(desk.window.FormShown(c.form));
+        EXPECT_EQ(desk.window.FormPlace(c.form), (Place{800, 900}));
+        EXPECT_EQ(desk.window.formState(kMain).enabled, c.mainEnabled);
+        EXPECT_FALSE(desk.click(Command(0))); // out of reach either way
+    }
+    EXPECT_EQ(ProjeAdi, "HAVUZ"); // the last one offers it
+}
+
+TEST(Tools, NewProjectReturnsToPlan) {
+    ResetAll();
+    Desk desk;
+    AddWall();
+    AddGrid(2, 2);
+    desk.click(Command(2));
+    desk.main.DrawMeshView();
+    desk.click(ChkButton(9));
+    EXPECT_EQ(PanelCount + MeshCount + NoktaCount, 0);
+    EXPECT_EQ(IsoView, 0);
+    EXPECT_EQ(GorunusModu, 1);
+    EXPECT_TRUE(desk.window.Enabled(Check1(3)));
+    EXPECT_EQ(desk.window.state(Command(2)).picture, 13);
+    EXPECT_EQ(desk.window.state(Command(5)).picture, 4);
+}
+
+TEST(Tools, AutoMeshTakesThePathOfTheModel) {
+    ResetAll();
+    Desk desk;
+    AddSmallPool();
+    HavuzTip = 1;
+    desk.click(ChkButton(4));
+    EXPECT_EQ(MeshCount, 8);
+    EXPECT_EQ(NoktaCount, 15);
+    EXPECT_EQ(GorunusModu, 2);
+    desk.click(ChkButton(4)); // the button was still down: the second click only clears it, wanted
+    MeshCount = 0;
+    PutPlak(Rectangle(10, 0, 4, 3)); // a plate: the general path, which does not mesh a base panel
+    desk.main.DrawPlateView();
+    desk.click(ChkButton(4));
+    EXPECT_EQ(MeshCount, 12);
+    EXPECT_EQ(MeshTable[1].PanelNo, 1001);
+    EXPECT_EQ(GorunusModu, 1);
+}
+
+TEST(Tools, ProgramsAreStartedWithTheProject) {
+    ResetAll();
+    Desk desk;
+    EXPECT_FALSE(desk.click(ChkButton(7)));
+    EXPECT_FALSE(desk.click(ChkButton(8)));
+    AddSmallPool();
+    HavuzTip = 1;
+    desk.click(ChkButton(4));
+    SaveProject(desk.program.file("P.POL"), desk.main);
+    const HeadlessWindow::Started started{desk.program.path() + "/RAPORCU.EXE", desk.program.file("P")};
+    desk.main.EnableResults(true);
+    EXPECT_EQ(EndStatus([&] { desk.click(ChkButton(8)); }), 0);
+    EXPECT_EQ(desk.window.started, std::vector{started});
+    EXPECT_EQ(EndStatus([&] { desk.click(ChkButton(7)); }), 0);
+    EXPECT_EQ(desk.window.started.size(), 2U);
+    EXPECT_EQ(desk.window.started.back(), started);
+    EXPECT_EQ(ReadBytes(CalismaDizini + "/WORKPOOL"), desk.program.file("P") + "\r\n");
+    EXPECT_FALSE(ReadBytes(desk.program.file("P.DEP")).empty());
+    EXPECT_FALSE(desk.window.Shown(kVekProgBar));
+    EXPECT_NE(desk.scr.log.find("Nokta sayisi  : 15"), std::string::npos);
+}
+
+TEST(Tools, ExportsAskForANameAndComeUpAgain) {
+    ResetAll();
+    Desk desk;
+    desk.click(ChkButton(12)); // no meshes: no question
+    EXPECT_TRUE(desk.window.questions.empty());
+    AddSmallPool();
+    HavuzTip = 1;
+    desk.click(ChkButton(4));
+    ProjeAdi = "P";
+    desk.window.saveNames = {desk.program.file("p.sap"), ""};
+    desk.click(ChkButton(12));
+    desk.click(ChkButton(13)); // cancelled
+    ASSERT_EQ(desk.window.questions.size(), 2U);
+    EXPECT_EQ(desk.window.questions[0], (SaveQuestion{"SAP90 PROGRAMI ICIN BIR DOSYA ADI GIRINIZ", "", "P"}));
+    EXPECT_FALSE(ReadBytes(desk.program.file("p.sap")).empty());
+    EXPECT_FALSE(desk.window.Checked(ChkButton(12)));
+    EXPECT_FALSE(desk.window.Checked(ChkButton(13)));
+}
+
+TEST(Tools, TopBarEndsMinimisesAndHelps) {
+    ResetAll();
+    Desk desk;
+    desk.click(TopBar(2)); // no help file
+    EXPECT_TRUE(desk.window.helps.empty());
+    WriteBytes(desk.program.file("vek9.chm"), "x");
+    WriteBytes(desk.program.file("vek9$.chm"), "x");
+    desk.click(TopBar(2));
+    EXPECT_EQ(desk.window.helps, std::vector{desk.program.file("vek9.chm")});
+    RecordingSurface scr;
+    HeadlessWindow window(scr);
+    MainWindow dollar(window, "/opt/havuz$");
+    OnTopBar(dollar, 2);
+    EXPECT_EQ(window.helps, std::vector{desk.program.file("vek9$.chm")});
+    desk.click(TopBar(0));
+    EXPECT_EQ(desk.window.FormPlace("ENDKONT"), (Place{1024 * 15 - desk.window.FormWidth("ENDKONT") - 90, 800}));
+    desk.main.EnableMainWindow();
+    desk.window.HideForm("ENDKONT");
+    desk.window.CloseForm(kMain); // asks the same
+    EXPECT_TRUE(desk.window.FormShown("ENDKONT"));
+    desk.main.EnableMainWindow();
+    desk.click(TopBar(1));
+    EXPECT_TRUE(desk.window.formState(kMain).minimised);
+}
+
+TEST(Tools, TheOverviewOpensZoomsAndGoesAway) {
+    ResetAll();
+    Desk desk;
+    AddGrid(2, 2);
+    desk.click(kScr1); // plate view
+    EXPECT_FALSE(desk.window.FormShown(kOverview));
+    desk.main.DrawMeshView();
+    desk.click(kScr1);
+    EXPECT_TRUE(desk.window.FormShown(kOverview));
+    EXPECT_EQ(desk.window.FormPlace(kOverview), (Place{800, 900}));
+    EXPECT_FALSE(desk.window.Shown(kScr1));
+    desk.window.ReleaseAt(kOverviewPicture, kRightButton, 0, 0);
+    EXPECT_EQ(DynStage, 2);
+    desk.window.ReleaseAt(kOverviewPicture, kRightButton, 0, 0);
+    desk.window.MoveTo(kOverviewPicture, 0, 60, 45); // a picture of 121 * 91, a rectangle of 36.3 * 27.3
+    EXPECT_EQ(desk.window.Line(OverviewLine(0)), (LineEnds{60 - 18.15, 45 - 13.65, 60 + 18.15, 45 - 13.65}));
+    desk.window.PressAt(kOverviewPicture, kLeftButton, 60, 45);
+    EXPECT_GT(MeshScale, 40);
+    EXPECT_FALSE(desk.window.FormShown(kOverview));
+    EXPECT_TRUE(desk.window.Shown(kScr1));
+    desk.click(kScr1);
+    desk.click(kScr); // another form becomes active
+    EXPECT_FALSE(desk.window.FormShown(kOverview));
+    EXPECT_EQ(DynStage, 0);
+}
+
+TEST(Tools, HotColourFollowsThePointer) {
+    ResetAll();
+    Desk desk;
+    desk.window.Hover(ChkButton(3));
+    desk.window.Hover(Command(0));
+    EXPECT_EQ(desk.window.state(ChkButton(3)).colour, Rgb(255, 200, 150)); // another group
+    desk.window.Hover(ChkButton(4));
+    EXPECT_EQ(desk.window.state(ChkButton(3)).colour, kButtonColour);
+    desk.window.Tick(); // still over ChkButton (4): the view command cools
+    EXPECT_EQ(desk.window.state(Command(0)).colour, kButtonColour);
+    EXPECT_EQ(desk.window.state(ChkButton(4)).colour, Rgb(255, 200, 150));
+    desk.window.underPointer = {};
+    desk.window.Tick();
+    EXPECT_EQ(desk.window.state(ChkButton(4)).colour, kButtonColour);
+    EXPECT_EQ(HotTool, (std::array{-1, -1, -1, -1}));
+}
+
+// Start
+
+TEST(MainWindow, StartsInItsFirstState) {
+    ResetAll();
+    Desk desk;
+    EXPECT_EQ(desk.window.Text(kTopBarText), "HAVUZ  ANALIZI^ve TASARIMI");
+    EXPECT_EQ(IsoView, 0);
+    EXPECT_EQ(GorunusModu, 1);
+    EXPECT_EQ(int(ViewWidth), 600);
+    EXPECT_EQ(desk.prompt(), "");
+    EXPECT_EQ(desk.window.surfaceWidth, 0); // 1024 pixels: as designed
+    for (const Element hidden : {kLabel1, kProgLab, kVekProgBar, Frame(1), Frame(3), Pol(50), RubberLine(4)})
+        EXPECT_FALSE(desk.window.Shown(hidden)) << hidden.name;
+}
+
+TEST(MainWindow, AProjectOfTheCommandLineIsShownTurned) {
+    ResetAll();
+    const auto save = [](const ProgramFolder &program) {
+        AddGrid(1, 1);
+        WriteBytes(program.file("P.POL"), ProjectText());
+        WriteBytes(program.file("P.SON"), "x");
+    };
+    Desk desk(save, "P");
+    EXPECT_EQ(MeshCount, 1);
+    EXPECT_EQ(IsoView, 1);
+    EXPECT_EQ(desk.window.state(Command(2)).picture, 18);
+    EXPECT_FALSE(desk.window.Enabled(Check1(3)));
+    EXPECT_TRUE(desk.window.Enabled(ChkButton(7)));
+    EXPECT_TRUE(desk.window.Enabled(ChkButton(8)));
+    EXPECT_TRUE(desk.window.Shown(Frame(1)));
+    EXPECT_EQ(desk.window.copies, 1);
+}
+
+TEST(MainWindow, SurfaceFollowsTheScreenAndASecondStartEndsSilently) {
+    ResetAll();
+    Desk desk;
+    desk.window.screenWidth = 640;
+    desk.window.screenHeight = 480;
+    desk.main.Start("");
+    const int width = desk.window.surfaceWidth, height = desk.window.surfaceHeight;
+    desk.window.screenWidth = 1280;
+    desk.window.screenHeight = 1024;
+    desk.main.Start("");
+    EXPECT_EQ(desk.window.surfaceWidth - width, 640);
+    EXPECT_EQ(desk.window.surfaceHeight - height, 544 - 24); // a narrow screen gets 24 rows more
+    desk.window.otherInstance = true;
+    EXPECT_EQ(EndStatus([&] { desk.main.Start(""); }), 0);
+    EXPECT_TRUE(desk.window.errors.empty());
+    desk.window.otherInstance = false;
+    EXPECT_EQ(EndStatus([&] { desk.main.Start(desk.program.file("NONE")); }), 1);
+    EXPECT_EQ(desk.window.errors.size(), 1U);
+}
+
+// Failures
+
+TEST(MainWindow, AFailingMeshingCommandLeavesTheModelAndSaysSo) {
+    ResetAll();
+    Desk desk;
+    AddSmallPool();
+    AddGrid(3, 3);
+    AddLoad(2, 1, 2, 3);
+    HavuzTip = 1;
+    const struct {
+        int nx;
+        const char *prompt;
+    } cases[] = {{0, "AUTO MESH YAPILAMADI, SIFIRA BOLME: PanelTable(1) Nx"},
+                 {4000, "AUTO MESH YAPILAMADI, TABLO SINIRI ASILDI: NoktaTable(5001) SINIR 0..5000"}};
+    for (const auto &c : cases) {
+        PanelTable[1].Nx = c.nx;
+        const std::string before = ProjectText();
+        desk.window.SetChecked(ChkButton(4), false);
+        desk.click(ChkButton(4));
+        EXPECT_EQ(desk.prompt(), c.prompt);
+        EXPECT_EQ(ProjectText(), before);
+        EXPECT_EQ(NokYukTable[2].FZ, 3);
+        EXPECT_EQ(NodesHidden, 0);
+    }
+}
+
+TEST(MainWindow, FailureWordsOfEditsAreTurkish) {
+    for (const char *words : {"plate 3, edge 5: node under a wall(1001) lies outside 0..1000",
+                              "node 7 joins more than 10 meshes: BantTable(7) "
+                              "holds 20 entries",
+                              "plate 2: its outline has no width or no height in plan",
+                              "plate 1: grid step(501) lies "
+                              "outside 0..500",
+                              "a 16-bit field cannot hold 40000", "MeshGenisligi: division by zero",
+                              "slope of a plate: "
+                              "division by zero",
+                              "the pixel position 1e30 leaves the 32-bit range"}) {
+        const std::string turkish = FailureInTurkish(RuntimeFailure(Subscript, words));
+        for (const char *english :
+             {" a ", "the", "plate", "edge", "node", "outside", "division", "field", "hold", "grid", "no ", "mesh"})
+            EXPECT_EQ(turkish.find(english), std::string::npos) << turkish;
+    }
+    EXPECT_EQ(
+        FailureInTurkish(RuntimeFailure(Subscript, "plate 3, edge 5: node under a wall(1001) lies outside 0..1000")),
+        "TABLO SINIRI ASILDI: PLAK 3, KENAR 5: DUVAR ALTI NOKTASI(1001) SINIR 0..1000");
+}
+
+TEST(MainWindow, AnyOtherFailureEndsTheProgramAndTheNextStartTells) {
+    ResetAll();
+    Desk desk;
+    AddSmallPool();
+    HavuzTip = 1;
+    desk.click(ChkButton(4));
+    WriteBytes(CalismaDizini + "/HAVUZ.POL", "the project");
+    SaveProject(CalismaDizini + "/P.POL", desk.main);
+    ZeminKo = 123;
+    NoktaTable[1].Yay = 7; // the model as it stands: springs are not rebuilt
+    desk.window.programsStart = false;
+    const auto fail = [&desk] {
+        desk.main.EnableResults(true);
+        desk.window.SetChecked(ChkButton(8), false);
+        desk.click(ChkButton(8));
+    };
+    EXPECT_EQ(EndStatus(fail), 1);
+    const std::string recovery = CalismaDizini + "/KURTARMA.POL";
+    EXPECT_EQ(desk.window.errors, std::vector{"havuz: " + desk.program.path() +
+                                              "/RAPORCU.EXE: cannot be started; the model is in " + recovery});
+    EXPECT_EQ(ReadBytes(recovery), ProjectText());
+    EXPECT_EQ(ReadBytes(CalismaDizini + "/HAVUZ.POL"), "the project");
+    EXPECT_NE(ReadBytes(CalismaDizini + "/P.POL"), ReadBytes(recovery));
+
+    desk.main.Start("");
+    EXPECT_EQ(desk.prompt(), "ONCEKI CALISMA HATA ILE SONLANDI, MODEL KURTARMA.POL DOSYASINDA");
+    ProjeAdi = "KURTARMA"; // the recovery file itself is the project now
+    WriteBytes(recovery, "kept");
+    EXPECT_EQ(EndStatus(fail), 1);
+    EXPECT_EQ(ReadBytes(recovery), "kept");
+    EXPECT_FALSE(ReadBytes(CalismaDizini + "/KURTARMA2.POL").empty());
+    CalismaDizini += "/NONE";
+    EXPECT_EQ(EndStatus(fail), 1);
+    EXPECT_NE(desk.window.errors.back().find("; the model is lost: "), std::string::npos);
+}
+
+TEST(MainWindow, AFailureOfTheAnalysisEndsTheProgram) {
+    ResetAll();
+    Desk desk;
+    AddNode(0, 0, 0);
+    AddMesh(1, 1, 1, 1);
+    SaveProject(desk.program.file("P.POL"), desk.main);
+    EXPECT_EQ(EndStatus([&] { desk.click(ChkButton(7)); }), 1);
+    EXPECT_FALSE(ReadBytes(CalismaDizini + "/KURTARMA.POL").empty());
+    EXPECT_TRUE(desk.window.started.empty());
+}
+
+} // namespace havuz
