@@ -114,6 +114,32 @@ void Scroll(Stage &stage, Words words) {
     Require(stage.window.Scroll(bar, value), Named(bar) + " does not go to " + std::to_string(value));
 }
 
+void Option(Stage &stage, Words words) {
+    const Element element = TakeElement(stage, words);
+    words.done();
+    if (stage.window.state(element).kind != FieldKind::Option)
+        throw UsageError(Named(element) + " is no option");
+    ClickReached(stage, element);
+}
+
+// Pages of a dialog are its options "Sayfa".
+void Page(Stage &stage, Words words) {
+    Words page({words.take("FORM"), "Sayfa", words.take("PAGE")});
+    words.done();
+    Option(stage, page);
+}
+
+// A row of a table on the screen, from 0: its first cell takes the focus.
+void PickRow(Stage &stage, Words words) {
+    const std::string form = TakeForm(stage, words);
+    const int row = words.takeWhole("ROW");
+    words.done();
+    for (const Element element : stage.window.elements())
+        if (element.form == form && element.index == row && stage.window.state(element).kind == FieldKind::TextBox)
+            return ClickReached(stage, element);
+    throw UsageError(form + " has no row " + std::to_string(row));
+}
+
 void Close(Stage &stage, Words words) {
     const std::string form = TakeForm(stage, words);
     words.done();
@@ -230,6 +256,9 @@ constexpr VerbRow kVerbs[] = {
     {"hover", "[FORM] NAME [INDEX]", Hover, false},
     {"field", "[FORM] NAME [INDEX] TEXT", TypeField, false},
     {"check", "[FORM] NAME [INDEX] on|off", Check, false},
+    {"option", "[FORM] NAME [INDEX]", Option, false},
+    {"page", "FORM PAGE", Page, false},
+    {"row", "FORM ROW", PickRow, false},
     {"choose", "[FORM] NAME [INDEX] ITEM", Choose, false},
     {"key", "[[FORM] NAME [INDEX]] KEY", PressKey, false},
     {"scroll", "FORM VALUE", Scroll, false},
