@@ -30,5 +30,6 @@ void AddRunCommand(CLI::App &parser, Job &job);
 void AddExportCommand(CLI::App &parser, Job &job);
 void AddRenderCommand(CLI::App &parser, Job &job);
 void AddInfoCommand(CLI::App &parser, Job &job);
+void AddScriptCommand(CLI::App &parser, Job &job);
 
 } // namespace havuz

@@ -13,7 +13,7 @@ using AddCommand = void (*)(CLI::App &parser, Job &job);
 
 static constexpr std::array kCommands = {
     AddPoolCommand, AddPolygonCommand, AddMeshCommand,   AddCutCommand,  AddSetCommand,
-    AddRunCommand,  AddExportCommand,  AddRenderCommand, AddInfoCommand,
+    AddRunCommand,  AddExportCommand,  AddRenderCommand, AddInfoCommand, AddScriptCommand,
 };
 
 static int Fail(const std::string &words, int status) {

@@ -5,7 +5,11 @@
 #include "model/store.h"
 
 #include <algorithm>
+#include <functional>
+#include <initializer_list>
 #include <map>
+#include <optional>
+#include <utility>
 
 namespace havuz {
 
@@ -59,131 +63,178 @@ int PlaceOf(const Assignment &a, std::size_t which, std::size_t count, int first
     return place;
 }
 
-bool SetScalar(const Assignment &a) {
-    if (a.name == "ProjeIsmi") {
-        if (!a.places.empty() || a.value.find_first_of("\r\n") != std::string::npos)
-            throw UsageError("ProjeIsmi is one line of text");
-        ProjeIsmi = a.value;
-        return true;
-    }
+// One number of the model, to be read and to be written.
+struct Slot {
+    std::function<std::string()> text;
+    std::function<void(double)> write;
+};
+
+std::string TextOf(double value) {
+    return NumberText(value);
+}
+std::string TextOf(Float32 value) {
+    return NumberText(value);
+}
+std::string TextOf(Int16 value) {
+    return std::to_string(value);
+}
+
+// The field outlives the slot: all are the store's.
+template <class Field>
+Slot SlotOf(Field &field) {
+    return {[&field] { return TextOf(field); }, [&field](double value) { field = value; }};
+}
+
+// The field of a record that a name stands for; nothing when it is none of them.
+template <class Record, class Field>
+using Fields = std::initializer_list<std::pair<const char *, Field Record::*>>;
+
+template <class Record, class Field>
+Field Record::*FieldCalled(const std::string &name, Fields<Record, Field> fields) {
+    for (const auto &[word, field] : fields)
+        if (name == word)
+            return field;
+    return nullptr;
+}
+
+// Each gives nothing when the name is no field of its table.
+
+std::optional<Slot> ParameterSlot(const Assignment &a) {
+    if (a.name == "YukDurum")
+        return SlotOf(YukDurum[PlaceOf(a, 0, 1, 0, kYukDurumLast, "YukDurum")]);
+    if (a.name == "YukKombinasyon")
+        return SlotOf(YukKombinasyon[PlaceOf(a, 0, 1, 0, kYukKombinasyonLast, "YukKombinasyon")]);
+    if (a.name == "DonatiCaplari")
+        return SlotOf(DonatiCaplari[PlaceOf(a, 0, 1, 1, 13, "DonatiCaplari")]);
     const auto found = kScalars.find(a.name);
     if (found == kScalars.end())
-        return false;
+        return {};
     if (!a.places.empty())
         throw UsageError(a.name + " takes no place in brackets");
-    *found->second = NumberOf(a);
-    return true;
+    return SlotOf(*found->second);
 }
 
-// Each returns false when the name is no field of its table.
-
-bool SetNode(const Assignment &a) {
-    const std::map<std::string, Float32 NoktaRecord::*> coordinates = {
-        {"X", &NoktaRecord::X}, {"Y", &NoktaRecord::Y}, {"Z", &NoktaRecord::Z}};
-    const auto found = coordinates.find(a.name);
-    if (found == coordinates.end() && a.name != "Mesnet")
-        return false;
+std::optional<Slot> NodeSlot(const Assignment &a) {
+    const auto coordinate = FieldCalled<NoktaRecord, Float32>(
+        a.name, {{"X", &NoktaRecord::X}, {"Y", &NoktaRecord::Y}, {"Z", &NoktaRecord::Z}});
+    if (coordinate == nullptr && a.name != "Mesnet")
+        return {};
     NoktaRecord &node = NoktaTable[PlaceOf(a, 0, 1, 1, NoktaCount, "NoktaTable")];
-    if (found != coordinates.end())
-        node.*found->second = NumberOf(a);
-    else
-        node.Mesnet = NumberOf(a);
-    return true;
+    return coordinate != nullptr ? SlotOf(node.*coordinate) : SlotOf(node.Mesnet);
 }
 
-bool SetLoad(const Assignment &a) {
-    const std::map<std::string, Float32 NokYukRecord::*> forces = {
-        {"FX", &NokYukRecord::FX}, {"FY", &NokYukRecord::FY}, {"FZ", &NokYukRecord::FZ}};
-    const auto found = forces.find(a.name);
-    if (found == forces.end())
-        return false;
+// A load that is written belongs to its node from then on.
+std::optional<Slot> LoadSlot(const Assignment &a) {
+    const auto force = FieldCalled<NokYukRecord, Float32>(
+        a.name, {{"FX", &NokYukRecord::FX}, {"FY", &NokYukRecord::FY}, {"FZ", &NokYukRecord::FZ}});
+    if (force == nullptr)
+        return {};
     const int no = PlaceOf(a, 0, 1, 1, NoktaCount, "NokYukTable");
-    NokYukTable[no].Nokta = no;
-    NokYukTable[no].*found->second = NumberOf(a);
-    return true;
+    return Slot{[no, force] { return TextOf(NokYukTable[no].*force); },
+                [no, force](double value) {
+                    NokYukTable[no].Nokta = no;
+                    NokYukTable[no].*force = value;
+                }};
 }
 
-bool SetMesh(const Assignment &a) {
+std::optional<Slot> MeshSlot(const Assignment &a) {
     if (a.name != "Sil")
-        return false;
-    MeshTable[PlaceOf(a, 0, 1, 1, MeshCount, "MeshTable")].Sil = NumberOf(a);
-    return true;
+        return {};
+    return SlotOf(MeshTable[PlaceOf(a, 0, 1, 1, MeshCount, "MeshTable")].Sil);
 }
 
-bool SetPanel(const Assignment &a) {
-    const std::map<std::string, Float32 PanelRecord::*> numbers = {
-        {"D", &PanelRecord::D}, {"G", &PanelRecord::G}, {"P", &PanelRecord::P}};
-    const std::map<std::string, Int16 PanelRecord::*> wholes = {
-        {"Nx", &PanelRecord::Nx}, {"Ny", &PanelRecord::Ny}, {"Tip", &PanelRecord::Tip}};
-    const auto number = numbers.find(a.name);
-    const auto whole = wholes.find(a.name);
+std::optional<Slot> PanelSlot(const Assignment &a) {
+    const auto number = FieldCalled<PanelRecord, Float32>(
+        a.name, {{"D", &PanelRecord::D}, {"G", &PanelRecord::G}, {"P", &PanelRecord::P}});
+    const auto whole = FieldCalled<PanelRecord, Int16>(
+        a.name, {{"Nx", &PanelRecord::Nx}, {"Ny", &PanelRecord::Ny}, {"Tip", &PanelRecord::Tip}});
     const bool edge = a.name == "KenarMesnet";
-    if (number == numbers.end() && whole == wholes.end() && !edge)
-        return false;
+    if (number == nullptr && whole == nullptr && !edge)
+        return {};
     PanelRecord &panel = PanelTable[PlaceOf(a, 0, edge ? 2 : 1, 1, PanelCount, "PanelTable")];
     if (edge)
-        panel.KenarMesnet[PlaceOf(a, 1, 2, 1, 4, "KenarMesnet")] = NumberOf(a);
-    else if (number != numbers.end())
-        panel.*number->second = NumberOf(a);
-    else
-        panel.*whole->second = NumberOf(a);
-    return true;
+        return SlotOf(panel.KenarMesnet[PlaceOf(a, 1, 2, 1, 4, "KenarMesnet")]);
+    return number != nullptr ? SlotOf(panel.*number) : SlotOf(panel.*whole);
 }
 
-bool SetPlak(const Assignment &a) {
+std::optional<Slot> PlakSlot(const Assignment &a) {
     if (a.name != "Kalinlik")
+        return {};
+    return SlotOf(PlakTable[PlaceOf(a, 0, 1, 1, PlakCount, "PlakTable")].Kalinlik);
+}
+
+Slot SlotCalled(const Assignment &a) {
+    for (const auto slotOf : {ParameterSlot, NodeSlot, LoadSlot, MeshSlot, PanelSlot, PlakSlot})
+        if (std::optional<Slot> slot = slotOf(a))
+            return *slot;
+    throw UsageError("\"" + a.name + "\" is no parameter or field of the model");
+}
+
+// The one parameter that is text.
+bool SetTitle(const Assignment &a) {
+    if (a.name != "ProjeIsmi")
         return false;
-    PlakTable[PlaceOf(a, 0, 1, 1, PlakCount, "PlakTable")].Kalinlik = NumberOf(a);
+    if (!a.places.empty() || a.value.find_first_of("\r\n") != std::string::npos)
+        throw UsageError("ProjeIsmi is one line of text");
+    ProjeIsmi = a.value;
     return true;
 }
 
-std::vector<int> ParsePlaces(const std::string &text, const std::string &whole) {
+std::vector<int> ParsePlaces(const std::string &text, const std::string &refused) {
     std::vector<int> places;
     std::size_t at = 0;
     while (at <= text.size()) {
         const std::size_t end = std::min(text.find(',', at), text.size());
         const std::string part = text.substr(at, end - at);
         if (part.empty() || part.size() > 6 || part.find_first_not_of("0123456789") != std::string::npos)
-            throw UsageError("\"" + whole + "\" is not NAME=VALUE");
+            throw UsageError(refused);
         places.push_back(std::stoi(part));
         at = end + 1;
     }
     return places;
 }
 
-} // namespace
-
-Assignment ParseAssignment(const std::string &text) {
-    const std::size_t equals = text.find('=');
-    if (equals == std::string::npos || equals == 0)
-        throw UsageError("\"" + text + "\" is not NAME=VALUE");
-    Assignment a;
-    a.name = text.substr(0, equals);
-    a.value = text.substr(equals + 1);
-    if (const std::size_t open = a.name.find('('); open != std::string::npos) {
-        if (a.name.back() != ')')
-            throw UsageError("\"" + text + "\" is not NAME=VALUE");
-        a.places = ParsePlaces(a.name.substr(open + 1, a.name.size() - open - 2), text);
+// NAME or NAME(place,...), without a value.
+Assignment ParseName(const std::string &text, const std::string &refused) {
+    Assignment a{text, {}, ""};
+    if (const std::size_t open = text.find('('); open != std::string::npos) {
+        if (text.back() != ')')
+            throw UsageError(refused);
+        a.places = ParsePlaces(text.substr(open + 1, text.size() - open - 2), refused);
         a.name.erase(open);
     }
     return a;
 }
 
+} // namespace
+
+Assignment ParseAssignment(const std::string &text) {
+    const std::string refused = "\"" + text + "\" is not NAME=VALUE";
+    const std::size_t equals = text.find('=');
+    if (equals == std::string::npos || equals == 0)
+        throw UsageError(refused);
+    Assignment a = ParseName(text.substr(0, equals), refused);
+    a.value = text.substr(equals + 1);
+    return a;
+}
+
 bool SetParameter(const Assignment &a) {
-    if (a.name == "YukDurum")
-        YukDurum[PlaceOf(a, 0, 1, 0, kYukDurumLast, "YukDurum")] = NumberOf(a);
-    else if (a.name == "YukKombinasyon")
-        YukKombinasyon[PlaceOf(a, 0, 1, 0, kYukKombinasyonLast, "YukKombinasyon")] = NumberOf(a);
-    else if (a.name == "DonatiCaplari")
-        DonatiCaplari[PlaceOf(a, 0, 1, 1, 13, "DonatiCaplari")] = NumberOf(a);
-    else
-        return SetScalar(a);
-    return true;
+    if (SetTitle(a))
+        return true;
+    const std::optional<Slot> slot = ParameterSlot(a);
+    if (slot)
+        slot->write(NumberOf(a));
+    return slot.has_value();
 }
 
 void SetModelValue(const Assignment &a) {
-    if (!(SetParameter(a) || SetNode(a) || SetLoad(a) || SetMesh(a) || SetPanel(a) || SetPlak(a)))
-        throw UsageError("\"" + a.name + "\" is no parameter or field of the model");
+    if (!SetTitle(a))
+        SlotCalled(a).write(NumberOf(a));
+}
+
+std::string ModelValueText(const std::string &name) {
+    const Assignment a = ParseName(name, "\"" + name + "\" is no name of a value");
+    return a.name == "ProjeIsmi" ? ProjeIsmi : SlotCalled(a).text();
 }
 
 } // namespace havuz

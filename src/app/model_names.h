@@ -24,4 +24,7 @@ bool SetParameter(const Assignment &a);
 // is Subscript; a name that is nothing of the model is UsageError.
 void SetModelValue(const Assignment &a);
 
+// The value of such a name, NAME or NAME(places), as text. Failures as above.
+std::string ModelValueText(const std::string &name);
+
 } // namespace havuz

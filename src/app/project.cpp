@@ -12,18 +12,26 @@ namespace havuz {
 
 namespace fs = std::filesystem;
 
-void BeginProgram() {
+std::string OwnProgram() {
     std::error_code error;
-    StartModel(fs::read_symlink("/proc/self/exe", error).string());
+    return fs::read_symlink("/proc/self/exe", error).string();
+}
+
+void BeginProgram() {
+    StartModel(OwnProgram());
+}
+
+std::string FullPath(const std::string &path) {
+    return fs::absolute(path).lexically_normal().string();
 }
 
 std::string ProjectStem(const std::string &path) {
-    const fs::path full = fs::absolute(path).lexically_normal();
+    const fs::path full = FullPath(path);
     return (full.parent_path() / full.stem()).string();
 }
 
-static void TakePaths(const std::string &path) {
-    CalismaDizini = fs::absolute(path).lexically_normal().parent_path().string();
+void TakeProjectPaths(const std::string &path) {
+    CalismaDizini = fs::path(FullPath(path)).parent_path().string();
     ProjeYolu = ProjectStem(path);
     ProjeAdi = UpToFirstDot(fs::path(path).filename().string());
 }
@@ -34,13 +42,17 @@ void OpenProject(const std::string &path) {
     const std::string found = FindFile(path);
     LoadProject(found, none);
     ProjeDosyasi = fs::absolute(found).string();
-    TakePaths(found);
+    TakeProjectPaths(found);
 }
 
 void StoreProject(const std::string &path) {
     ProjectWindow none;
-    SaveProject(FindFile(path), none);
-    TakePaths(path);
+    StoreProject(path, none);
+}
+
+void StoreProject(const std::string &path, ProjectWindow &window) {
+    SaveProject(FindFile(path), window);
+    TakeProjectPaths(path);
 }
 
 } // namespace havuz

@@ -1,0 +1,55 @@
+// havuz-cli script: the program worked by a script instead of a person, on a window without a platform.
+#include "app/cli.h"
+#include "app/project.h"
+#include "app/script_player.h"
+#include "model/failure.h"
+#include "model/files.h"
+#include "model/options.h"
+#include "ui/recovery.h"
+
+#include <filesystem>
+#include <memory>
+
+namespace havuz {
+
+namespace {
+
+struct ScriptOptions {
+    std::string file, project;
+};
+
+// The start of the program, with the project on its command line or without one. Paths follow the rules of havuz-cli.
+void Start(Stage &stage, const std::string &project) {
+    try {
+        stage.main.Start(project.empty() ? "" : ProjectStem(project));
+        if (project.empty())
+            CalismaDizini = std::filesystem::current_path().string();
+        else
+            TakeProjectPaths(FindFile(project));
+        stage.main.Prompt(RecoveryPrompt());
+    } catch (const ProgramEnd &) {
+        throw ScriptFailure(stage.window.errors.empty() ? "the program ended at its start"
+                                                        : stage.window.errors.back());
+    }
+}
+
+void Script(const ScriptOptions &o) {
+    const std::vector<ScriptLine> lines = SplitScript(o.file, ReadWholeFile(o.file));
+    if (!o.project.empty() && ProjectStem(o.project) + ".POL" != FullPath(o.project))
+        throw UsageError("--project: \"" + o.project + "\" is no .POL file");
+    Stage stage(OwnProgram());
+    Start(stage, o.project);
+    PlayScript(stage, o.file, lines);
+}
+
+} // namespace
+
+void AddScriptCommand(CLI::App &parser, Job &job) {
+    const auto o = std::make_shared<ScriptOptions>();
+    CLI::App *command = parser.add_subcommand("script", "replay tool clicks, pointer events and dialog input");
+    command->add_option("file", o->file, "script, a line an action (docs/script.md)")->required()->type_name("FILE");
+    command->add_option("--project", o->project, "project that the program starts with")->type_name("FILE.POL");
+    command->callback([o, &job] { job = {o->file, [o] { Script(*o); }}; });
+}
+
+} // namespace havuz

@@ -1,0 +1,356 @@
+#include "app/script_player.h"
+
+#include "app/cli.h"
+#include "app/project.h"
+#include "app/script_queries.h"
+#include "model/failure.h"
+#include "model/files.h"
+#include "model/store.h"
+#include "view/projection.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace havuz {
+
+namespace {
+
+void Require(bool done, const std::string &what) {
+    if (!done)
+        throw ScriptFailure(what);
+}
+
+void RequireReach(const Stage &stage, Element element) {
+    Require(Reachable(stage, element), Named(element) + " cannot be reached");
+}
+
+// Elements
+
+void ClickReached(Stage &stage, Element element) {
+    RequireReach(stage, element);
+    Require(stage.window.Click(element), Named(element) + " went out of reach as the last element lost the focus");
+}
+
+void Click(Stage &stage, Words words) {
+    const Element element = TakeElement(stage, words);
+    words.done();
+    ClickReached(stage, element);
+}
+
+void Hover(Stage &stage, Words words) {
+    const Element element = TakeElement(stage, words);
+    words.done();
+    RequireReach(stage, element);
+    stage.window.Hover(element);
+}
+
+void TypeField(Stage &stage, Words words) {
+    const Element element = TakeElement(stage, words);
+    const std::string text = words.take("TEXT");
+    words.done();
+    RequireReach(stage, element);
+    Require(stage.window.Type(element, text), Named(element) + " is no text box");
+}
+
+void Check(Stage &stage, Words words) {
+    const Element element = TakeElement(stage, words);
+    const std::string state = words.take("on|off");
+    words.done();
+    if (state != "on" && state != "off")
+        throw UsageError("\"" + state + "\" is neither on nor off");
+    RequireReach(stage, element);
+    if (stage.window.Checked(element) != (state == "on"))
+        ClickReached(stage, element);
+}
+
+struct NamedKey {
+    const char *name;
+    Key key;
+};
+constexpr NamedKey kKeys[] = {{"Enter", Key::Enter},   {"Down", Key::Down},    {"Up", Key::Up},
+                              {"Left", Key::Left},     {"Right", Key::Right},  {"PageDown", Key::PageDown},
+                              {"PageUp", Key::PageUp}, {"Escape", Key::Escape}};
+
+Key KeyOf(const std::string &name) {
+    for (const NamedKey &key : kKeys)
+        if (key.name == name)
+            return key.key;
+    throw UsageError("there is no key " + name);
+}
+
+void PressKey(Stage &stage, Words words) {
+    const Key key = KeyOf(words.takeLast("KEY"));
+    if (!words.empty()) {
+        const Element element = TakeElement(stage, words);
+        words.done();
+        RequireReach(stage, element);
+        stage.window.Focus(element);
+    }
+    Require(stage.window.Press(key), "no element has the focus");
+}
+
+int ItemOf(const HeadlessWindow::ElementState &list, const std::string &item) {
+    const auto found = std::find(list.items.begin(), list.items.end(), item);
+    if (found != list.items.end())
+        return static_cast<int>(found - list.items.begin());
+    return Words({item}).takeWhole("ITEM");
+}
+
+void Choose(Stage &stage, Words words) {
+    const Element list = TakeElement(stage, words);
+    const std::string item = words.take("ITEM");
+    words.done();
+    RequireReach(stage, list);
+    Require(stage.window.Choose(list, ItemOf(stage.window.state(list), item)),
+            Named(list) + " has no item \"" + item + "\"");
+}
+
+void Scroll(Stage &stage, Words words) {
+    const std::string form = TakeForm(stage, words);
+    const int value = words.takeWhole("VALUE");
+    words.done();
+    const Element bar = OnlyElement(stage, form, FieldKind::ScrollBar);
+    RequireReach(stage, bar);
+    Require(stage.window.Scroll(bar, value), Named(bar) + " does not go to " + std::to_string(value));
+}
+
+void Option(Stage &stage, Words words) {
+    const Element element = TakeElement(stage, words);
+    words.done();
+    if (stage.window.state(element).kind != FieldKind::Option)
+        throw UsageError(Named(element) + " is no option");
+    ClickReached(stage, element);
+}
+
+// Pages of a dialog are its options "Sayfa".
+void Page(Stage &stage, Words words) {
+    Words page({words.take("FORM"), "Sayfa", words.take("PAGE")});
+    words.done();
+    Option(stage, page);
+}
+
+// A row of a table on the screen, from 0: its first cell takes the focus.
+void PickRow(Stage &stage, Words words) {
+    const std::string form = TakeForm(stage, words);
+    const int row = words.takeWhole("ROW");
+    words.done();
+    for (const Element element : stage.window.elements())
+        if (element.form == form && element.index == row && stage.window.state(element).kind == FieldKind::TextBox)
+            return ClickReached(stage, element);
+    throw UsageError(form + " has no row " + std::to_string(row));
+}
+
+void Close(Stage &stage, Words words) {
+    const std::string form = TakeForm(stage, words);
+    words.done();
+    Require(stage.window.CloseForm(form), form + " cannot be reached");
+}
+
+// Pointer
+
+Element TakeSurface(const Stage &stage, Words &words) {
+    if (!IsForm(stage, words.peek("PLACE")))
+        return kScr;
+    const std::string form = words.take("FORM");
+    return OnlyElement(stage, form, FieldKind::Picture);
+}
+
+int TakeButton(Words &words) {
+    return words.takeIf("left") ? kLeftButton : words.takeIf("right") ? kRightButton : 0;
+}
+
+ScreenPoint ModelPixels(double x, double y, double z) {
+    return GorunusModu == 2 ? MeshScreen(x, y, z) : PlateScreen(x, y, z);
+}
+
+ScreenPoint NodePlace(int node) {
+    Require(node >= 1 && node <= NoktaCount, "there is no node " + std::to_string(node));
+    return NodePixels(node);
+}
+
+// X Y in pixels | at X Y [Z] in m, through the current view | node N
+ScreenPoint TakePlace(Words &words) {
+    ScreenPoint place;
+    if (words.takeIf("node")) {
+        place = NodePlace(words.takeWhole("N"));
+    } else if (words.takeIf("at")) {
+        const double x = words.takeNumber("X"), y = words.takeNumber("Y");
+        place = ModelPixels(x, y, words.empty() ? 0.0 : words.takeNumber("Z"));
+    } else {
+        place.x = words.takeNumber("X");
+        place.y = words.takeNumber("Y");
+    }
+    words.done();
+    return place;
+}
+
+struct PointerWords {
+    Element surface;
+    int button = 0;
+    ScreenPoint place;
+};
+
+PointerWords TakePointer(const Stage &stage, Words &words, bool needsButton) {
+    PointerWords taken;
+    taken.surface = TakeSurface(stage, words);
+    taken.button = TakeButton(words);
+    if (needsButton && taken.button == 0)
+        throw UsageError("left or right is missing");
+    taken.place = TakePlace(words);
+    RequireReach(stage, taken.surface);
+    return taken;
+}
+
+void PressPointer(Stage &stage, Words words) {
+    const PointerWords p = TakePointer(stage, words, true);
+    stage.window.PressAt(p.surface, p.button, p.place.x, p.place.y);
+}
+
+void MovePointer(Stage &stage, Words words) {
+    const PointerWords p = TakePointer(stage, words, false);
+    stage.window.MoveTo(p.surface, p.button, p.place.x, p.place.y);
+}
+
+void ReleasePointer(Stage &stage, Words words) {
+    const PointerWords p = TakePointer(stage, words, true);
+    stage.window.ReleaseAt(p.surface, p.button, p.place.x, p.place.y);
+}
+
+// The rest
+
+void Timer(Stage &stage, Words words) {
+    const int times = words.empty() ? 1 : words.takeWhole("TIMES");
+    words.done();
+    for (int i = 0; i < times; ++i)
+        stage.window.Tick();
+}
+
+void AnswerDialog(Stage &stage, Words words) {
+    stage.window.saveNames.push_back(ScriptPath(words.take("PATH")));
+    words.done();
+}
+
+void SavePicture(Stage &stage, Words words) {
+    const std::string path = ScriptPath(words.take("PATH"));
+    words.done();
+    WriteWholeFile(path, stage.scr.png());
+}
+
+void Save(Stage &stage, Words words) {
+    const std::string path = ScriptPath(words.take("FILE.POL"));
+    words.done();
+    StoreProject(path, stage.main);
+}
+
+// Words of the language
+
+struct VerbRow {
+    const char *word;
+    const char *arguments;
+    void (*run)(Stage &stage, Words words);
+    bool asks; // only asks: goes on when the program has ended
+};
+
+constexpr VerbRow kVerbs[] = {
+    {"click", "[FORM] NAME [INDEX]", Click, false},
+    {"hover", "[FORM] NAME [INDEX]", Hover, false},
+    {"field", "[FORM] NAME [INDEX] TEXT", TypeField, false},
+    {"check", "[FORM] NAME [INDEX] on|off", Check, false},
+    {"option", "[FORM] NAME [INDEX]", Option, false},
+    {"page", "FORM PAGE", Page, false},
+    {"row", "FORM ROW", PickRow, false},
+    {"choose", "[FORM] NAME [INDEX] ITEM", Choose, false},
+    {"key", "[[FORM] NAME [INDEX]] KEY", PressKey, false},
+    {"scroll", "FORM VALUE", Scroll, false},
+    {"close", "FORM", Close, false},
+    {"press", "[FORM] left|right PLACE", PressPointer, false},
+    {"move", "[FORM] [left|right] PLACE", MovePointer, false},
+    {"release", "[FORM] left|right PLACE", ReleasePointer, false},
+    {"timer", "[TIMES]", Timer, false},
+    {"answer", "PATH", AnswerDialog, false},
+    {"picture", "PATH", SavePicture, true},
+    {"save", "FILE.POL", Save, false},
+    {"print", "QUERY", PrintQuery, true},
+    {"expect", "QUERY VALUE | end", ExpectQuery, true},
+};
+
+const VerbRow &VerbOf(const std::string &word) {
+    for (const VerbRow &row : kVerbs)
+        if (row.word == word)
+            return row;
+    throw UsageError("\"" + word + "\" is no word of the language");
+}
+
+bool ExpectsEnd(const ScriptLine &line) {
+    return line.words == std::vector<std::string>{"expect", "end"};
+}
+
+class Player {
+public:
+    Player(Stage &stage, std::string file) : stage_(stage), file_(std::move(file)) {}
+
+    void play(const std::vector<ScriptLine> &lines) {
+        for (const ScriptLine &line : lines)
+            at(line, [&] { VerbOf(line.words[0]); });
+        const bool tells = std::any_of(lines.begin(), lines.end(), ExpectsEnd);
+        for (const ScriptLine &line : lines) {
+            if (endLine_ > 0 && !tells)
+                return;
+            at(line, [&] { step(line); });
+        }
+    }
+
+private:
+    // Gives every message its place.
+    template <class Action>
+    void at(const ScriptLine &line, Action action) {
+        const std::string place = ScriptPlace(file_, line.number);
+        try {
+            action();
+        } catch (const UsageError &error) {
+            throw UsageError(place + error.what());
+        } catch (const std::runtime_error &failure) {
+            throw ScriptFailure(place + failure.what());
+        }
+    }
+
+    void step(const ScriptLine &line) {
+        if (ExpectsEnd(line)) {
+            Require(endLine_ > 0, "the program has not ended");
+            endTold_ = true;
+            return;
+        }
+        const VerbRow &verb = VerbOf(line.words[0]);
+        Require(endLine_ == 0 || (endTold_ && verb.asks),
+                "not reached: the program ended in line " + std::to_string(endLine_));
+        try {
+            run(verb, Words({line.words.begin() + 1, line.words.end()}));
+        } catch (const ProgramEnd &end) {
+            endLine_ = line.number;
+            Require(end.status == 0, "the program ended: " + lastError());
+        }
+    }
+
+    void run(const VerbRow &verb, Words words) {
+        try {
+            verb.run(stage_, std::move(words));
+        } catch (const UsageError &error) {
+            throw UsageError(std::string(error.what()) + "; " + verb.word + " " + verb.arguments);
+        }
+    }
+
+    std::string lastError() const { return stage_.window.errors.empty() ? "by itself" : stage_.window.errors.back(); }
+
+    Stage &stage_;
+    std::string file_;
+    int endLine_ = 0; // where the program ended
+    bool endTold_ = false;
+};
+
+} // namespace
+
+void PlayScript(Stage &stage, const std::string &file, const std::vector<ScriptLine> &lines) {
+    Player(stage, file).play(lines);
+}
+
+} // namespace havuz
