@@ -137,6 +137,25 @@ TEST(Script, WordsQuotesAndComments) {
     EXPECT_EQ(said.out, "ZOOM WINDOW ICIN 1. NOKTAYI SECIN\n2 \"#\n");
 }
 
+// Text that is no number reads as 0; a number that no field can hold ends the program.
+TEST(Script, AFailureInsideAHandlerLeavesTheModel) {
+    const TemporaryFolder folder;
+    fs::copy_file(kExamples / "sample_pool.POL", folder.file("P.POL"));
+    const std::string before = ReadBytes(folder.file("P.POL"));
+    const Ended ended = PlayText(folder,
+                                 "click \"panel bilgisi\"\nfield FEAPLAK D 0 abc\nkey Down\nexpect model D(1) 0\n"
+                                 "field FEAPLAK Nx 1 99999\nkey Down\nprint prompt\n",
+                                 "--project P.POL");
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.out, "");
+    EXPECT_EQ(ended.error.rfind("havuz-cli: s.txt:6: the program ended: ", 0), 0U) << ended.error;
+    EXPECT_NE(ended.error.find("KURTARMA.POL"), std::string::npos) << ended.error;
+    EXPECT_EQ(ReadBytes(folder.file("P.POL")), before);
+    const Ended next = PlayText(folder, "print prompt\n");
+    EXPECT_EQ(next.out, "ONCEKI CALISMA HATA ILE SONLANDI, MODEL KURTARMA.POL DOSYASINDA\n") << next.error;
+    EXPECT_EQ(PlayText(folder, "expect count nodes 194\n", "--project KURTARMA.POL").status, 0);
+}
+
 // The output program of a results button ends the program: what follows is left out, or told of.
 TEST(Script, TheEndOfTheProgram) {
     const TemporaryFolder folder;
