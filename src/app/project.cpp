@@ -21,7 +21,7 @@ void BeginProgram() {
     StartModel(OwnProgram());
 }
 
-std::string FullPath(const std::string &path) {
+static std::string FullPath(const std::string &path) {
     return fs::absolute(path).lexically_normal().string();
 }
 

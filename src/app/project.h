@@ -24,8 +24,6 @@ void TakeProjectPaths(const std::string &path);
 void StoreProject(const std::string &path);
 void StoreProject(const std::string &path, ProjectWindow &window);
 
-std::string FullPath(const std::string &path);
-
 // Full path of a project file without its extension: a "." in a directory name does no harm here.
 std::string ProjectStem(const std::string &path);
 

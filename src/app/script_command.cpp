@@ -9,6 +9,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <strings.h>
 
 namespace havuz {
 
@@ -28,14 +29,19 @@ void Start(Stage &stage, const std::string &project) {
             TakeProjectPaths(FindFile(project));
         stage.main.Prompt(RecoveryPrompt());
     } catch (const ProgramEnd &) {
-        throw ScriptFailure(stage.window.errors.empty() ? "the program ended at its start"
-                                                        : stage.window.errors.back());
+        throw ScriptFailure(LastError(stage, "the program ended at its start"));
     }
+}
+
+// The program takes a project by its name without the extension, whatever its case.
+bool IsProjectFile(const std::string &path) {
+    const std::string extension = std::filesystem::path(path).extension().string();
+    return strcasecmp(extension.c_str(), ".POL") == 0;
 }
 
 void Script(const ScriptOptions &o) {
     const std::vector<ScriptLine> lines = SplitScript(o.file, ReadWholeFile(o.file));
-    if (!o.project.empty() && ProjectStem(o.project) + ".POL" != FullPath(o.project))
+    if (!o.project.empty() && !IsProjectFile(o.project))
         throw UsageError("--project: \"" + o.project + "\" is no .POL file");
     Stage stage(OwnProgram());
     Start(stage, o.project);

@@ -13,6 +13,14 @@
 
 namespace havuz {
 
+std::string LastError(const Stage &stage, const std::string &otherwise) {
+    const std::string head = "havuz: ";
+    if (stage.window.errors.empty())
+        return otherwise;
+    const std::string &line = stage.window.errors.back();
+    return line.rfind(head, 0) == 0 ? line.substr(head.size()) : line;
+}
+
 namespace {
 
 void Require(bool done, const std::string &what) {
@@ -271,7 +279,7 @@ constexpr VerbRow kVerbs[] = {
     {"picture", "PATH", SavePicture, true},
     {"save", "FILE.POL", Save, false},
     {"print", "QUERY", PrintQuery, true},
-    {"expect", "QUERY VALUE | end", ExpectQuery, true},
+    {"expect", "QUERY VALUE", ExpectQuery, true},
 };
 
 const VerbRow &VerbOf(const std::string &word) {

@@ -13,4 +13,7 @@ namespace havuz {
 // with the script's name and the line. Verbs are looked up before the first line runs.
 void PlayScript(Stage &stage, const std::string &file, const std::vector<ScriptLine> &lines);
 
+// What the program said last on standard error, without its own name in front.
+std::string LastError(const Stage &stage, const std::string &otherwise);
+
 } // namespace havuz

@@ -10,6 +10,7 @@
 #include <cmath>
 #include <filesystem>
 #include <iostream>
+#include <span>
 
 namespace havuz {
 
@@ -121,6 +122,13 @@ std::string AskFile(Stage & /*stage*/, Words &words) {
     return YesNo(FileExists(ScriptPath(words.take("PATH"))));
 }
 
+struct QueryRow {
+    const char *word;
+    const char *arguments;
+    std::string (*answer)(Stage &stage, Words &words);
+    bool number; // a number is expected as a number, the same in six digits, and not as the same text
+};
+
 constexpr QueryRow kQueries[] = {
     {"prompt", "", AskPrompt, false},
     {"label", "", AskLabel, false},
@@ -148,9 +156,13 @@ const QueryRow &TakeQuery(Words &words) {
 }
 
 std::string Answer(Stage &stage, const QueryRow &query, Words words) {
-    std::string answer = query.answer(stage, words);
-    words.done();
-    return answer;
+    try {
+        std::string answer = query.answer(stage, words);
+        words.done();
+        return answer;
+    } catch (const UsageError &error) {
+        throw UsageError(std::string(error.what()) + "; " + query.word + " " + query.arguments);
+    }
 }
 
 // Stored values have 32 bits: two numbers agree when six digits do.
@@ -166,10 +178,6 @@ bool Agrees(const QueryRow &query, const std::string &got, const std::string &ex
 }
 
 } // namespace
-
-std::span<const QueryRow> Queries() {
-    return kQueries;
-}
 
 void PrintQuery(Stage &stage, Words words) {
     const QueryRow &query = TakeQuery(words);
