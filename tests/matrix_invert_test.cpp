@@ -11,39 +11,41 @@
 
 namespace havuz {
 
-static double SumOfRow(const std::vector<double> &a, int n) { // the largest sum of magnitudes in a row
+using Flat = std::vector<double>; // n by n, column after column
+
+static double LargestRowSum(const Flat &a, std::size_t n) {
     double largest = 0.0;
-    for (int i = 0; i < n; ++i) {
+    for (std::size_t i = 0; i < n; ++i) {
         double sum = 0.0;
-        for (int j = 0; j < n; ++j)
-            sum += std::fabs(a[static_cast<std::size_t>(j * n + i)]);
+        for (std::size_t j = 0; j < n; ++j)
+            sum += std::fabs(a[j * n + i]);
         largest = std::max(largest, sum);
     }
     return largest;
 }
 
 // |A * B - 1| / (n * |A| * |B| * eps)
-static double Residual(const std::vector<double> &a, const std::vector<double> &b, int n) {
-    std::vector<double> r(a.size());
-    for (int i = 0; i < n; ++i)
-        for (int j = 0; j < n; ++j) {
-            double sum = i == j ? -1.0 : 0.0;
-            for (int k = 0; k < n; ++k)
-                sum += a[static_cast<std::size_t>(k * n + i)] * b[static_cast<std::size_t>(j * n + k)];
-            r[static_cast<std::size_t>(j * n + i)] = sum;
+static double Residual(const Flat &a, const Flat &b, std::size_t n) {
+    Flat r(n * n);
+    for (std::size_t i = 0; i < n; ++i)
+        for (std::size_t j = 0; j < n; ++j) {
+            r[j * n + i] = i == j ? -1.0 : 0.0;
+            for (std::size_t k = 0; k < n; ++k)
+                r[j * n + i] += a[k * n + i] * b[j * n + k];
         }
-    return SumOfRow(r, n) / (n * SumOfRow(a, n) * SumOfRow(b, n) * 2.220446049250313e-16);
+    const double unit = static_cast<double>(n) * LargestRowSum(a, n) * LargestRowSum(b, n) * 2.220446049250313e-16;
+    return LargestRowSum(r, n) / unit;
 }
 
 TEST(MatrixInvert, TheProductIsOneForEveryOrder) {
     ResetAll();
     std::mt19937 random(7);
-    for (int n = 1; n <= 24; ++n) {
-        std::vector<double> a(static_cast<std::size_t>(n) * static_cast<std::size_t>(n));
+    for (std::size_t n = 1; n <= 24; ++n) {
+        Flat a(n * n);
         for (double &v : a)
             v = std::ldexp(static_cast<double>(random()) / 4294967296.0 - 0.5, static_cast<int>(random() % 20U));
-        std::vector<double> b = a;
-        MatrixInvert(b.data(), n);
+        Flat b = a;
+        MatrixInvert(b.data(), static_cast<int>(n));
         EXPECT_LT(Residual(a, b, n), 30.0) << n;
     }
 }

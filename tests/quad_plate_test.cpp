@@ -1,6 +1,7 @@
 // A square plate solved by the driver's passes with both elements, against Timoshenko and Woinowsky-Krieger, "Theory of
 // Plates and Shells", 2nd edition: tables 8 (simply supported) and 35 (clamped), the digits from the series of the
 // text.
+#include "analysis_support.h"
 #include "fea/analysis.h"
 #include "fea/assembly.h"
 #include "fea/element_pass.h"
@@ -11,7 +12,6 @@
 #include "fea/quad_work.h"
 #include "fea/system.h"
 #include "model/store.h"
-#include "support.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -57,15 +57,11 @@ void BuildPlate(int n, Edge edge, Layout layout) {
         }
 }
 
-struct FolderWindow : AnalysisWindow { // its scratch file goes with the test
-    TemporaryFolder folder;
-    std::string ScratchFile() const override { return folder.file("STIF001"); }
-};
-
 // Solves the model in the store with the element of the switch, leaving the solution in Rhs.
 void Solve(int element) {
-    FolderWindow window;
-    RecordFile stif(window.ScratchFile(), sizeof(ElementRecord));
+    TemporaryFolder folder;
+    RunWindow window;
+    RecordFile stif(folder.file("STIF001"), sizeof(ElementRecord));
     MeshPass();
     NumberEquations();
     ProfileBuild(window);
@@ -93,7 +89,7 @@ Solved SolvePlate(int n, Edge edge, Layout layout, int element) {
     const double factor = edge == Supported ? 0.00406235 : 0.00126532;
     const int centre = (n + 1) * (n / 2) + n / 2 + 1;
     const double down = -SolutionValue(NoktaTable[centre].Denklem[3], 1);
-    TemporaryFolder folder;
+    const TemporaryFolder folder;
     RecordFile son(folder.file("plate.SON"), sizeof(SonRecord));
     StressPass(ConcreteE(Fck), son);
     SonRecord record;
@@ -135,10 +131,9 @@ TEST(QuadPlate, DistortedMeshes) {
     Matrix<24, 24> S;
     QuadShellStress(S, 4, 4);
     double Mx = 0.0;
-    for (int p = 0; p < 24; ++p) {
-        const int e = NoktaTable[m.n[static_cast<std::size_t>(p / 6 + 1)]].Denklem[p % 6 + 1];
-        Mx += e > 0 ? S(16, p + 1) * SolutionValue(e, 1) : 0.0;
-    }
+    const std::array<int, 25> eqs = MeshEquations(m);
+    for (std::size_t p = 1; p <= 24; ++p)
+        Mx += eqs[p] > 0 ? S(16, static_cast<int>(p)) * SolutionValue(eqs[p], 1) : 0.0;
     EXPECT_EQ(Float32(Mx), quad.moment * kLoad * kSide * kSide);
 }
 
@@ -148,9 +143,11 @@ TEST(QuadPlate, ARunUsesTheRectangularElement) {
     for (const int element : {0, 1}) {
         ResetAll();
         BuildPlate(4, Supported, Regular);
-        FolderWindow window;
+        TemporaryFolder folder;
+        RunWindow window;
+        window.scratch = folder.file("STIF001");
         ElementSwitch = element;
-        const AnalysisPaths paths{window.folder.file("plate"), window.folder.file("WORKPOOL"), ""};
+        const AnalysisPaths paths{folder.file("plate"), folder.file("WORKPOOL"), ""};
         EXPECT_THROW(AnalysisRun(paths, window), ProgramEnd);
         EXPECT_EQ(ElementSwitch, 0);
         EXPECT_EQ(PlaneD(1, 2), 0.25 * 2850000 / 0.9375);

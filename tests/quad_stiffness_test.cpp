@@ -37,10 +37,9 @@ static Corners24 RigidMotion(int k) {
     for (int n = 1; n <= 4; ++n) {
         const Vector3 axis{k % 3 == 0 ? 1.0 : 0.0, k % 3 == 1 ? 1.0 : 0.0, k % 3 == 2 ? 1.0 : 0.0};
         const Vector3 move = k < 3 ? axis : Cross(axis, QuadCorner[n]);
-        for (int i = 1; i <= 3; ++i) {
-            u[static_cast<std::size_t>(6 * (n - 1) + i - 1)] = move(i);
-            u[static_cast<std::size_t>(6 * (n - 1) + i + 2)] = k < 3 ? 0.0 : axis(i);
-        }
+        const Vector3 turn = k < 3 ? Vector3{} : axis;
+        const Six six{move.x, move.y, move.z, turn.x, turn.y, turn.z};
+        std::copy(six.begin(), six.end(), u.begin() + 6 * (n - 1));
     }
     return u;
 }
