@@ -211,6 +211,13 @@ TEST(Drawings, DepthKeysOfPlatesRunOn) {
     EXPECT_EQ(DepthOrder[3], PlateOwner(2));
     EXPECT_EQ(DepthKey[3], DepthKey[2]) << "45 m farther, and the same key";
     EXPECT_EQ(DepthOrder[4], 1);
+    PanelCount = PlakCount = 1;
+    for (int k = 1; k <= 3; ++k)
+        PlakTable[1].Z[k] = -5.0; // far behind the one panel left: just nearer all the same
+    PlateBoundsAndDepth(scr);
+    EXPECT_EQ(DepthOrder[1], 1);
+    EXPECT_EQ(DepthKey[2], DepthKey[1] - 0.1);
+    PanelCount = PlakCount = 2;
     IsoView = 0;
     PlateBoundsAndDepth(scr); // no sort in plan
     EXPECT_EQ(DepthOrder[1], 1);

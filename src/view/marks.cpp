@@ -10,8 +10,6 @@
 
 namespace havuz {
 
-static constexpr int kBlue = 1, kGrey = 8, kLightBlue = 9, kLightRed = 12, kYellow = 14, kBrightWhite = 15;
-
 void DrawLabel(Surface &scr, const std::string &text, double x, double y, int colour) {
     scr.pen.font = "Small Fonts";
     scr.pen.fontSize = 5;
@@ -25,8 +23,8 @@ static constexpr double kAxisLength = 30.0, kAxisInset = 35.0; // pixels
 
 static void DrawAxis(Surface &scr, ScreenPoint corner, double dx, double dy, const char *label) {
     const ScreenPoint end = {corner.x + dx, corner.y + dy};
-    DrawSide(scr, corner, end, kGrey);
-    DrawLabel(scr, label, end.x, end.y, kBrightWhite);
+    DrawSide(scr, corner, end, kQbGrey);
+    DrawLabel(scr, label, end.x, end.y, kQbBrightWhite);
 }
 
 // Draws one projected marker; the length that it shows.
@@ -85,8 +83,8 @@ void DrawPointLoadArrow(Surface &scr, int node) {
     const ScreenPoint head = NodePixels(node);
     const ScreenPoint tail = MeshScreen(n.X, n.Y, n.Z + Divide(30.0, MeshScale, "point load arrow"));
     // the arrow keeps away from a fill of its own colour
-    const bool onLightBlue = scr.ReadPoint(ToPixel(head.x), ToPixel(head.y - 3.0)) == QbColour(kLightBlue);
-    DrawArrow(scr, head, tail, onLightBlue ? kBlue : kLightBlue);
+    const bool onLightBlue = scr.ReadPoint(ToPixel(head.x), ToPixel(head.y - 3.0)) == QbColour(kQbLightBlue);
+    DrawArrow(scr, head, tail, onLightBlue ? kQbBlue : kQbLightBlue);
 }
 
 // Displacements
@@ -104,12 +102,12 @@ void DrawDisplacement(Surface &scr, int node, const LoadCase &result) {
     const double v = 2.0 * moved.y * result.factor / MeshScale;
     const double length = Distance2(u, v);
     if (length > 0.0) {
-        DrawSide(scr, at, MeshScreen(n.X + u, n.Y + v, n.Z), kLightRed);
-        DrawLabel(scr, PictureText(length, "##0.###"), at.x, at.y, kYellow);
+        DrawSide(scr, at, MeshScreen(n.X + u, n.Y + v, n.Z), kQbLightRed);
+        DrawLabel(scr, PictureText(length, "##0.###"), at.x, at.y, kQbYellow);
     }
     const double w = moved.z * result.factor / MeshScale;
     if (w != 0.0)
-        DrawSide(scr, at, MeshScreen(n.X, n.Y, n.Z + w), kLightRed);
+        DrawSide(scr, at, MeshScreen(n.X, n.Y, n.Z + w), kQbLightRed);
     scr.pen.lineWidth = kPen;
 }
 

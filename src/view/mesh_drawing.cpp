@@ -18,8 +18,6 @@
 
 namespace havuz {
 
-static constexpr int kBlue = 1, kWhite = 7, kLightBlue = 9, kLightRed = 12, kLightMagenta = 13, kYellow = 14,
-                     kBrightWhite = 15;
 static constexpr int kTranslationHeld = 4; // support bit
 static constexpr int kResults = 5;
 
@@ -39,14 +37,14 @@ static std::array<ScreenPoint, 5> MeshRing(int mesh) {
 static void DrawMesh(Surface &scr, int mesh, const std::array<ScreenPoint, 5> &ring, int fill) {
     for (int k = 1; k <= 5; ++k)
         PutPoint(k, ring[static_cast<std::size_t>(k - 1)]);
-    FillPolygon(scr, 5, kWhite, fill);
+    FillPolygon(scr, 5, kQbWhite, fill);
     const std::array<int, 4> n = MeshNodes(mesh);
     for (std::size_t k = 0; k < 4; ++k)
-        DrawSide(scr, ring[k], ring[k + 1], Held(n[k]) && Held(n[(k + 1) % 4]) ? kLightRed : kWhite);
+        DrawSide(scr, ring[k], ring[k + 1], Held(n[k]) && Held(n[(k + 1) % 4]) ? kQbLightRed : kQbWhite);
 }
 
 static void DrawNumber(Surface &scr, int node, ScreenPoint p) {
-    DrawLabel(scr, std::to_string(node), p.x, p.y - 2.0, kBrightWhite);
+    DrawLabel(scr, std::to_string(node), p.x, p.y - 2.0, kQbBrightWhite);
 }
 
 static void DrawNodeCircle(Surface &scr, ScreenPoint p, int colour) {
@@ -75,7 +73,7 @@ static void SortMeshes() {
 }
 
 static int MeshFill(int owner) {
-    return !OwnerIsPlate(owner) && PanelTable[owner].Tip != 0 ? kLightBlue : kBlue;
+    return !OwnerIsPlate(owner) && PanelTable[owner].Tip != 0 ? kQbLightBlue : kQbBlue;
 }
 
 static void DrawMeshesRotated(Surface &scr) {
@@ -86,16 +84,16 @@ static void DrawMeshesRotated(Surface &scr) {
         const std::array<ScreenPoint, 5> ring = MeshRing(mesh);
         DrawMesh(scr, mesh, ring, MeshFill(MeshTable[mesh].PanelNo));
         for (std::size_t i = 0; i < 4; ++i)
-            scr.Point(ToPixel(ring[i].x), ToPixel(ring[i].y), QbColour(kYellow));
+            scr.Point(ToPixel(ring[i].x), ToPixel(ring[i].y), QbColour(kQbYellow));
     }
 }
 
 static void DrawSupportTriangle(Surface &scr, ScreenPoint p) {
     const ScreenPoint right = p + Pixel{2, 4};
     const ScreenPoint left = p + Pixel{-2, 4};
-    DrawSide(scr, p, right, kLightMagenta);
-    DrawSide(scr, right, left, kLightMagenta);
-    DrawSide(scr, left, p, kLightMagenta);
+    DrawSide(scr, p, right, kQbLightMagenta);
+    DrawSide(scr, right, left, kQbLightMagenta);
+    DrawSide(scr, left, p, kQbLightMagenta);
 }
 
 static void DrawNodesRotated(Surface &scr, const std::optional<LoadCase> &result) {
@@ -104,7 +102,7 @@ static void DrawNodesRotated(Surface &scr, const std::optional<LoadCase> &result
         if (Held(i))
             DrawSupportTriangle(scr, p);
         else
-            DrawNodeCircle(scr, p, kYellow);
+            DrawNodeCircle(scr, p, kQbYellow);
         if (NodesHidden == 0)
             DrawNumber(scr, i, p);
         if (result)
@@ -119,13 +117,13 @@ static void DrawNodesRotated(Surface &scr, const std::optional<LoadCase> &result
 static void DrawMeshesPlan(Surface &scr) {
     for (int i = 1; i <= MeshCount; ++i)
         if (MeshTable[i].Sil != 1)
-            DrawMesh(scr, i, MeshRing(i), kLightBlue);
+            DrawMesh(scr, i, MeshRing(i), kQbLightBlue);
 }
 
 static void DrawNodesPlan(Surface &scr) {
     for (int i = 1; i <= NoktaCount; ++i) {
         const ScreenPoint p = NodePixels(i);
-        DrawNodeCircle(scr, p, Held(i) ? kLightMagenta : kYellow);
+        DrawNodeCircle(scr, p, Held(i) ? kQbLightMagenta : kQbYellow);
         DrawNumber(scr, i, p);
     }
 }
@@ -163,7 +161,7 @@ void QuickMeshOutline(Surface &scr) {
     for (int i = 1; i <= MeshCount; ++i) {
         const std::array<ScreenPoint, 5> ring = MeshRing(i);
         for (std::size_t k = 0; k < 4; ++k)
-            DrawSide(scr, ring[k], ring[k + 1], kWhite);
+            DrawSide(scr, ring[k], ring[k + 1], kQbWhite);
     }
     DrawAxisMark(scr);
 }

@@ -14,8 +14,6 @@
 namespace havuz {
 
 static constexpr int kDrawingLine = 10; // CommandState: the picture stands still
-static constexpr int kBlue = 1, kWhite = 7, kGrey = 8, kLightBlue = 9, kLightGreen = 10, kLightRed = 12,
-                     kBrightWhite = 15;
 
 // The tools that work in plan only.
 static void EnablePlanTools(ViewWindow &window, bool enabled) {
@@ -27,7 +25,7 @@ static void FillPlate(Surface &scr, int plate, int fill) {
     const PlakRecord &record = PlakTable[plate];
     for (int k = 1; k <= record.NoktaSayisi; ++k)
         PutPoint(k, PlateScreen(record.X[k], record.Y[k], record.Z[k]));
-    FillPolygon(scr, record.NoktaSayisi, kWhite, fill);
+    FillPolygon(scr, record.NoktaSayisi, kQbWhite, fill);
 }
 
 static void DrawPanel(Surface &scr, int panel, int fill) {
@@ -41,17 +39,17 @@ static void DrawPanel(Surface &scr, int panel, int fill) {
         PutPoint(k, p);
     }
     corner[4] = corner[0];
-    FillPolygon(scr, 4, kWhite, fill);
+    FillPolygon(scr, 4, kQbWhite, fill);
     for (int k = 1; k <= 4; ++k)
         DrawSide(scr, corner[static_cast<std::size_t>(k - 1)], corner[static_cast<std::size_t>(k)],
-                 record.KenarMesnet[k] > 0 ? kLightRed : kWhite);
-    DrawLabel(scr, std::to_string(panel), sum.x / 4.0 - 10.0, sum.y / 4.0, kBrightWhite);
+                 record.KenarMesnet[k] > 0 ? kQbLightRed : kQbWhite);
+    DrawLabel(scr, std::to_string(panel), sum.x / 4.0 - 10.0, sum.y / 4.0, kQbBrightWhite);
 }
 
 static void DrawEdgeMarker(Surface &scr) {
     if (EdgeHitCount > 0)
         scr.Box(ToPixel(EdgeMarkerX - 1.0), ToPixel(EdgeMarkerY - 2.0), ToPixel(EdgeMarkerX + 2.0),
-                ToPixel(EdgeMarkerY + 2.0), QbColour(kBrightWhite));
+                ToPixel(EdgeMarkerY + 2.0), QbColour(kQbBrightWhite));
 }
 
 // All plates are light green here, whatever is selected: wanted.
@@ -61,11 +59,11 @@ static void DrawRotated(Surface &scr, ViewWindow &window) {
     for (int i = 1; i <= PanelCount + PlakCount; ++i) {
         const int item = DepthOrder[i];
         if (item > kPlateOwner) {
-            FillPlate(scr, OwnerPlate(item), kLightGreen);
+            FillPlate(scr, OwnerPlate(item), kQbLightGreen);
             continue;
         }
-        const int kind = PanelTable[item].Tip == 0 ? kBlue : kLightBlue;
-        DrawPanel(scr, item, item == SelectedPanel ? kGrey : kind);
+        const int kind = PanelTable[item].Tip == 0 ? kQbBlue : kQbLightBlue;
+        DrawPanel(scr, item, item == SelectedPanel ? kQbGrey : kind);
         DrawEdgeMarker(scr);
     }
     scr.pen.mode = DrawMode::Copy;
@@ -75,9 +73,9 @@ static void DrawRotated(Surface &scr, ViewWindow &window) {
 static void DrawPlan(Surface &scr, ViewWindow &window) {
     EnablePlanTools(window, true);
     for (int i = 1; i <= PlakCount; ++i)
-        FillPlate(scr, i, SelectedPanel == PlateOwner(i) ? kGrey : kLightBlue);
+        FillPlate(scr, i, SelectedPanel == PlateOwner(i) ? kQbGrey : kQbLightBlue);
     for (int i = 1; i <= PanelCount; ++i)
-        DrawPanel(scr, i, SelectedPanel == i ? kGrey : kLightBlue);
+        DrawPanel(scr, i, SelectedPanel == i ? kQbGrey : kQbLightBlue);
     DrawEdgeMarker(scr);
 }
 

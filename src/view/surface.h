@@ -32,6 +32,9 @@ constexpr Colour QbColour(int index) {
     return {rgb[static_cast<unsigned>(index) % 16U]};
 }
 
+constexpr int kQbBlue = 1, kQbWhite = 7, kQbGrey = 8, kQbLightBlue = 9, kQbLightGreen = 10, kQbLightRed = 12,
+              kQbLightMagenta = 13, kQbYellow = 14, kQbBrightWhite = 15;
+
 // Black: the yellow, light red and bright white marks stand out on it, and merging with it leaves a colour as it is.
 constexpr Colour kBackground = QbColour(0);
 
