@@ -29,6 +29,10 @@ struct EventLog : WindowEvents {
     void OnClose(std::string_view form) override { log += "close " + std::string(form) + " "; }
     void OnDeactivate(std::string_view form) override { log += "away " + std::string(form) + " "; }
     void OnTimer() override {}
+    void OnWheel(Element, int, double, double) override {}
+    void OnPan(Element, double, double) override {}
+    void OnResize() override {}
+    void OnOpen(const std::string &) override {}
 };
 
 // Forms A and B with a text box, a toggle and two pairs of options each.

@@ -97,7 +97,7 @@ void PressKey(Stage &stage, Words words) {
     Require(stage.window.Press(key), "no element has the focus");
 }
 
-int ItemOf(const HeadlessWindow::ElementState &list, const std::string &item) {
+int ItemOf(const WindowState::ElementState &list, const std::string &item) {
     const auto found = std::find(list.items.begin(), list.items.end(), item);
     if (found != list.items.end())
         return static_cast<int>(found - list.items.begin());

@@ -69,7 +69,7 @@ std::string AskField(Stage &stage, Words &words) {
 }
 
 std::string AskItem(Stage &stage, Words &words) {
-    const HeadlessWindow::ElementState &list = stage.window.state(TakeElement(stage, words));
+    const WindowState::ElementState &list = stage.window.state(TakeElement(stage, words));
     return list.item < 0 ? "" : list.items.at(static_cast<std::size_t>(list.item));
 }
 

@@ -19,7 +19,7 @@ std::string Trimmed(const std::string &text) {
 }
 
 // What stands on an element or beside it. The text of a box is its content and names nothing.
-bool Says(const HeadlessWindow::ElementState &state, const std::string &words) {
+bool Says(const WindowState::ElementState &state, const std::string &words) {
     if (Trimmed(state.label) == words)
         return true;
     return state.kind != FieldKind::TextBox && state.kind != FieldKind::List && Trimmed(state.text) == words;

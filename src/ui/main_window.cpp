@@ -273,6 +273,18 @@ void MainWindow::OnRelease(Element surface, int button, int shift, double x, dou
     });
 }
 
+void MainWindow::OnWheel(Element, int, double, double) {}
+void MainWindow::OnPan(Element, double, double) {}
+void MainWindow::OnOpen(const std::string &) {}
+
+void MainWindow::OnResize() {
+    guard([this] {
+        TakeSurfaceSize(scr());
+        RedrawView();
+        SetUpDynamicView();
+    });
+}
+
 // The end confirmation asks before the main window closes.
 void MainWindow::OnClose(std::string_view name) {
     guard([&] {

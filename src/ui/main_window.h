@@ -72,6 +72,10 @@ public:
     void OnPress(Element surface, int button, int shift, double x, double y) override;
     void OnMove(Element surface, int button, int shift, double x, double y) override;
     void OnRelease(Element surface, int button, int shift, double x, double y) override;
+    void OnWheel(Element surface, int steps, double x, double y) override;
+    void OnPan(Element surface, double dx, double dy) override;
+    void OnResize() override;
+    void OnOpen(const std::string &path) override;
     void OnClose(std::string_view form) override;
     void OnDeactivate(std::string_view form) override;
     void OnTimer() override;

@@ -80,7 +80,12 @@ public:
     virtual void OnPress(Element surface, int button, int shift, double x, double y) = 0;
     virtual void OnMove(Element surface, int button, int shift, double x, double y) = 0;
     virtual void OnRelease(Element surface, int button, int shift, double x, double y) = 0;
-    virtual void OnClose(std::string_view form) = 0; // closed by other means than its buttons; it is still shown
+    // The wheel turned by steps, away from the person above 0; the view was drawn along with the middle button held.
+    virtual void OnWheel(Element surface, int steps, double x, double y) = 0;
+    virtual void OnPan(Element surface, double dx, double dy) = 0;
+    virtual void OnResize() = 0;                      // SCR took another size
+    virtual void OnOpen(const std::string &path) = 0; // a project dropped on the window, or chosen from the recent ones
+    virtual void OnClose(std::string_view form) = 0;  // closed by other means than its buttons; it is still shown
     virtual void OnDeactivate(std::string_view form) = 0;
     virtual void OnTimer() = 0; // every 100 ms
 };
