@@ -37,11 +37,15 @@ QtWindow::~QtWindow() {
         RememberPlace(main_->saveGeometry());
 }
 
-int QtWindow::run() {
+void QtWindow::begin() {
     started_ = true;
+    timer_.start(kTimer);
+    fit_.start(0);
+}
+
+int QtWindow::run() {
     if (!ended_) {
-        timer_.start(kTimer);
-        fit_.start(0);
+        begin();
         QApplication::exec();
     }
     return status_;
