@@ -145,6 +145,10 @@ bool WindowDesk::clickAt(double x, double y) {
     return pressed;
 }
 
+bool WindowDesk::cancelAt(double x, double y) {
+    return press(x, y, 3) && release(x, y, 3);
+}
+
 bool WindowDesk::wheel(int steps, double x, double y) {
     const QPoint at = OnSurface(*this, kScr, x, y);
     return comes(Act::Wheel, kScr, [&] {

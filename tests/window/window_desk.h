@@ -36,7 +36,8 @@ public:
     bool press(double x, double y, int button = 1, Element surface = kScr);
     bool move(double x, double y, Element surface = kScr);
     bool release(double x, double y, int button = 1, Element surface = kScr);
-    bool clickAt(double x, double y); // left, and lets go
+    bool clickAt(double x, double y);  // left, and lets go
+    bool cancelAt(double x, double y); // the same with the right button
     bool wheel(int steps, double x, double y);
     bool choose(Element list, int item);
     bool close(std::string_view form); // what a window manager sends when its button is clicked

@@ -46,7 +46,7 @@ TEST(project, RectangularPoolFromAnEmptyWindowToItsResults) {
     desk.shot("08-load");
     ASSERT_TRUE(desk.key("Return"));
     EXPECT_EQ(NokYukTable[loaded].FZ, 2.5);
-    ASSERT_TRUE(desk.release(node.x, node.y, 3));
+    ASSERT_TRUE(desk.cancelAt(node.x, node.y));
 
     ASSERT_TRUE(desk.click(ChkButton(11)));
     ASSERT_TRUE(desk.type(In("BILGI", "Tex"), "DENEME"));
