@@ -129,7 +129,7 @@ void ShowButton(Button &button, Element element, const State &state) {
     const bool tool = element.form == kMain && !picture.isEmpty();
     if (tool)
         button.setToolTip(ToQt(state.label));
-    else
+    else if (!button.get(bag::kBare).toBool())
         button.put(bag::kCaption, Words(state));
 }
 

@@ -1,5 +1,7 @@
 #include "ui/qt/form_layout.h"
 
+#include "ui/kit/button.h"
+
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -86,6 +88,7 @@ void LayOutDialog(QWidget &window, const std::vector<PlacedField> &fields) {
         }
         line->addWidget(placed.made.widget);
     }
+    grid->setColumnStretch(grid->columnCount(), 1); // what is wide stands across, nothing is drawn apart
     AddClosingButtons(*column, fields);
     column->setSizeConstraint(QLayout::SetFixedSize);
 }
@@ -115,6 +118,8 @@ void AddToTable(QGridLayout &grid, const PlacedField &placed, int rows) {
     } else {
         if (placed.made.beside != nullptr)
             placed.made.beside->setFixedSize(0, 0); // the heading says it
+        if (placed.field.kind == FieldKind::CheckBox)
+            static_cast<Button *>(widget)->put(bag::kBare, true);
         const bool text = placed.field.kind == FieldKind::TextBox;
         if (text)
             widget->setFixedWidth(kCellWidth);
