@@ -100,6 +100,17 @@ TEST(ViewHabits, APlaceBeyondThePixelsEndsTheCommandOnly) {
     }
 }
 
+// A model that shows as a point cannot be fitted: the view before comes back by itself.
+TEST(ViewHabits, APointInTheRotatedViewComesBack) {
+    ResetAll();
+    Desk desk;
+    AddFlat(1, 1, 0, 0);
+    desk.click(Command(2));
+    const double offset = PlateOffsetX;
+    EXPECT_EQ(EndStatus([&] { Pan(desk, 1e12, 0); }), -1);
+    EXPECT_EQ(PlateOffsetX, offset);
+}
+
 TEST(ViewHabits, AVerticalPlateIsDrawnThroughTheMovedView) {
     ResetAll();
     ModelDesk desk(1);
