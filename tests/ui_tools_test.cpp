@@ -276,6 +276,31 @@ TEST(Tools, ProgramsAreStartedWithTheProject) {
     EXPECT_NE(desk.scr.log.find("Nokta sayisi  : 15"), std::string::npos);
 }
 
+// The program ends all the same, without a failure of its own.
+TEST(Tools, AnOutputProgramThatCannotBeStartedIsTold) {
+    ResetAll();
+    Desk desk;
+    desk.window.programsStart = false;
+    desk.main.EnableResults(true);
+    EXPECT_EQ(EndStatus([&] { desk.click(ChkButton(8)); }), 0);
+    EXPECT_EQ(desk.window.errors, std::vector{"havuz: " + desk.program.path() + "/RAPORCU.EXE: cannot be started"});
+    EXPECT_TRUE(ReadBytes(CalismaDizini + "/KURTARMA.POL").empty());
+}
+
+TEST(Tools, AToolThatIsStillDownRunsAgainByItsKey) {
+    ResetAll();
+    Desk desk;
+    AddWall();
+    EXPECT_TRUE(desk.window.ClickTool(ChkButton(9)));
+    AddWall();
+    EXPECT_TRUE(desk.window.ClickTool(ChkButton(9)));
+    EXPECT_EQ(PanelCount, 0);
+    EXPECT_TRUE(desk.window.Checked(ChkButton(9)));
+    EXPECT_FALSE(desk.window.ClickTool(ChkButton(7))); // disabled
+    desk.click(ChkButton(3));
+    EXPECT_FALSE(desk.window.ClickTool(ChkButton(3))); // behind its dialog
+}
+
 TEST(Tools, ExportsAskForANameAndComeUpAgain) {
     ResetAll();
     Desk desk;
@@ -494,16 +519,17 @@ TEST(MainWindow, AnyOtherFailureEndsTheProgramAndTheNextStartTells) {
     SaveProject(CalismaDizini + "/P.POL", desk.main);
     ZeminKo = 123;
     NoktaTable[1].Yay = 7; // the model as it stands: springs are not rebuilt
-    desk.window.programsStart = false;
     const auto fail = [&desk] {
-        desk.main.EnableResults(true);
-        desk.window.SetChecked(ChkButton(8), false);
-        desk.click(ChkButton(8));
+        desk.main.EnableMainWindow();
+        desk.window.HideForm("FEAPLAK");
+        desk.window.ClickTool(ChkButton(3));
+        desk.window.Type({"FEAPLAK", "Nx", 0}, "99999");
+        desk.window.Press(Key::Down);
     };
     EXPECT_EQ(EndStatus(fail), 1);
     const std::string recovery = CalismaDizini + "/KURTARMA.POL";
-    EXPECT_EQ(desk.window.errors, std::vector{"havuz: " + desk.program.path() +
-                                              "/RAPORCU.EXE: cannot be started; the model is in " + recovery});
+    EXPECT_EQ(desk.window.errors,
+              std::vector{"havuz: a 16-bit field cannot hold 99999.000000; the model is in " + recovery});
     EXPECT_EQ(ReadBytes(recovery), ProjectText());
     EXPECT_EQ(ReadBytes(CalismaDizini + "/HAVUZ.POL"), "the project");
     EXPECT_NE(ReadBytes(CalismaDizini + "/P.POL"), ReadBytes(recovery));

@@ -287,7 +287,9 @@ void MainWindow::OnPan(Element surface, double dx, double dy) {
         guard([&] { PanView(*this, dx, dy); });
 }
 
-void MainWindow::OnOpen(const std::string &) {}
+void MainWindow::OnOpen(const std::string &path) {
+    guard([&] { OpenGivenProject(*this, path); });
+}
 
 void MainWindow::OnResize() {
     guard([this] {
