@@ -3,12 +3,14 @@
 #include "model/project_file.h"
 #include "plak_support.h"
 #include "support.h"
+#include "ui/help_page.h"
 #include "ui/pointer.h"
 #include "ui/recovery.h"
 #include "ui/tools.h"
 #include "ui_support.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace havuz {
@@ -343,6 +345,21 @@ TEST(Tools, TopBarEndsMinimisesAndHelps) {
     desk.main.EnableMainWindow();
     desk.click(TopBar(1));
     EXPECT_TRUE(desk.window.formState(kMain).minimised);
+}
+
+TEST(Tools, TheHelpFileNamesItsFirstPage) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder.file("help"));
+    WriteBytes(folder.file("help/index.html"), "<html>");
+    const auto page = [&](const std::string &text) {
+        WriteBytes(folder.file("vek9.chm"), text);
+        return HelpPage(folder.file("vek9.chm"));
+    };
+    EXPECT_EQ(page("help/index.html \r\nanother\n"), folder.file("help/index.html"));
+    EXPECT_EQ(page("help\\INDEX.HTML"), folder.file("help/index.html"));
+    for (const char *none : {"", "\nhelp/index.html", "help", "help/none.html"})
+        EXPECT_EQ(page(none), "") << none;
+    EXPECT_EQ(FailureOf([&] { HelpPage(folder.file("none.chm")); }).kind, File);
 }
 
 TEST(Tools, TheOverviewOpensZoomsAndGoesAway) {
