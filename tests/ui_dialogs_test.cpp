@@ -259,6 +259,44 @@ TEST(OpenProject, ListsADirectoryAndLoadsTheChosenFile) {
     EXPECT_EQ(PanelCount, 1);
 }
 
+TEST(OpenProject, ADroppedFileEndsWhatIsArmedAndIsReadAsFromTheDialog) {
+    ResetAll();
+    Desk desk;
+    TemporaryFolder folder;
+    AddPanel(1, {0, 0, 3}, {4, 0, 3}, {4, 0, 0}, {0, 0, 0});
+    SaveProject(folder.file("depo.pol"), desk.main);
+    EXPECT_EQ(desk.window.remembered, std::vector{folder.file("depo.pol")}); // as it is called, not as it is made up
+    ClearModel();
+    const std::string before = CalismaDizini;
+    desk.click(ChkButton(9));
+    desk.click(Check2(5));
+    desk.press({100, 100});
+    WriteBytes(folder.file("depo.txt"), "x");
+    for (const auto &[path, words] :
+         {std::pair{"depo.txt", "depo.txt BIR .POL DOSYASI DEGIL"}, std::pair{"yok.POL", "yok.POL DOSYASI YOK"},
+          std::pair{"", " BIR .POL DOSYASI DEGIL"}}) {
+        EXPECT_TRUE(desk.window.OpenFile(folder.file(path)));
+        EXPECT_EQ(desk.prompt(), "ACILAMADI: " + std::string(words));
+        EXPECT_EQ(CommandState, kVerticalPlate);
+        EXPECT_TRUE(desk.window.Shown(RubberLine(1)));
+    }
+    EXPECT_TRUE(desk.window.OpenFile(folder.file("DEPO.Pol")));
+    EXPECT_EQ(PanelCount, 1);
+    EXPECT_EQ(ProjeAdi, "depo");
+    EXPECT_EQ(ProjeDosyasi, folder.file("depo.pol"));
+    EXPECT_EQ(CalismaDizini, before);
+    EXPECT_EQ(desk.window.remembered, (std::vector{2, folder.file("depo.pol")}));
+    EXPECT_EQ(CommandState + PickStage, 0);
+    EXPECT_FALSE(desk.window.Shown(RubberLine(1)));
+    EXPECT_FALSE(desk.window.Checked(ChkButton(9)));
+    EXPECT_FALSE(desk.window.Checked(Check2(5)));
+    EXPECT_FALSE(desk.window.FormShown(kTool1));
+    EXPECT_EQ(IsoView, 1);
+    EXPECT_TRUE(desk.window.Enabled(ChkButton(7)));
+    desk.click(ChkButton(3));
+    EXPECT_FALSE(desk.window.OpenFile(folder.file("depo.pol"))); // behind a dialog
+}
+
 TEST(EndConfirm, DeletesTheScratchFileAndEnds) {
     ResetAll();
     Desk desk;

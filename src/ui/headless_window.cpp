@@ -62,9 +62,10 @@ std::string HeadlessWindow::AskSaveName(const SaveQuestion &question) {
 }
 
 void HeadlessWindow::StartProgram(const std::string &program, const std::string &argument) {
-    if (!programsStart)
-        throw RuntimeFailure(File, program + ": cannot be started");
-    started.push_back({program, argument});
+    if (programsStart)
+        started.push_back({program, argument});
+    else
+        ReportError("havuz: " + program + ": cannot be started");
 }
 
 void HeadlessWindow::EndProgram(int status) {

@@ -227,6 +227,12 @@ bool WindowState::Click(Element element) {
     return done;
 }
 
+bool WindowState::ClickTool(Element tool) {
+    if (state(tool).checked && !Click(tool))
+        return false;
+    return Click(tool);
+}
+
 bool WindowState::Type(Element box, const std::string &text) {
     if (!reachable(box) || state(box).kind != FieldKind::TextBox)
         return false;
@@ -359,7 +365,10 @@ bool WindowState::PanBy(Element surface, double dx, double dy) {
 bool WindowState::OpenFile(const std::string &path) {
     if (!formReachable(kMain))
         return false;
-    act({.kind = Act::Open, .element = {}, .text = path}, [&] { events_->OnOpen(path); });
+    act({.kind = Act::Open, .element = {}, .text = path}, [&] {
+        activate(kMain);
+        events_->OnOpen(path);
+    });
     return true;
 }
 

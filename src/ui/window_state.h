@@ -83,6 +83,7 @@ public:
 
     // What a person does. False, with nothing done, when it cannot be reached: hidden, disabled, behind a modal form.
     bool Click(Element element);                     // turns a toggle, a check box or an option first
+    bool ClickTool(Element tool);                    // by its key: one that is still down comes up first
     bool Type(Element box, const std::string &text); // replaces what the box holds
     bool Select(Element box, int start, int length); // by mouse or by a key that moves the caret
     bool GoTo(Element element);                      // what takes the keyboard focus
