@@ -19,6 +19,7 @@ struct Act {
         Click,
         Type,   // text: what the box holds afterwards
         Select, // first, second: start and length of the selection
+        GoTo,   // the keyboard focus, by mouse or by the tab key
         Press,  // key
         Choose, // first: item
         Scroll, // first: value
@@ -31,11 +32,12 @@ struct Act {
         Resize,         // of SCR; first, second: width, height
         Open,           // text: path of a project
         CloseForm,
+        Restore, // a form that was minimised
         Tick,
         Answer // text: what a file dialog gave
     };
     Kind kind = Click;
-    Element element; // of CloseForm: the form alone
+    Element element; // of CloseForm and Restore: the form alone
     std::string text = {};
     int first = 0, second = 0;
     double x = 0.0, y = 0.0;
@@ -83,6 +85,7 @@ public:
     bool Click(Element element);                     // turns a toggle, a check box or an option first
     bool Type(Element box, const std::string &text); // replaces what the box holds
     bool Select(Element box, int start, int length); // by mouse or by a key that moves the caret
+    bool GoTo(Element element);                      // what takes the keyboard focus
     bool Press(Key key);                             // to the element with the focus
     bool Choose(Element list, int item);
     bool Scroll(Element bar, int value);
@@ -94,6 +97,7 @@ public:
     bool PanBy(Element surface, double dx, double dy);
     bool OpenFile(const std::string &path); // dropped on the main window, or one of the recent projects
     bool CloseForm(std::string_view form);
+    void Restore(std::string_view form);  // shown again after it was minimised
     void TakeSize(int width, int height); // of SCR, after it changed
     void Tick();                          // the 100 ms timer
 
