@@ -74,6 +74,7 @@ public:
     std::string AskSaveName(const SaveQuestion &question) override;
     void StartProgram(const std::string &program, const std::string &argument) override;
     void OpenHelp(const std::string &path) override;
+    void RememberProject(const std::string &path) override;
     void ServeEvents() override;
     void ReportError(const std::string &line) override;
     [[noreturn]] void EndProgram(int status) override;

@@ -247,7 +247,7 @@ bool QtWindow::eventFilter(QObject *object, QEvent *event) {
         const auto &key = static_cast<QKeyEvent &>(*event);
         const Element element = elementOf(at);
         if (const Element tool = ShortcutOf(key); !tool.name.empty() && formReachable(kMain)) {
-            handle([&] { Click(tool); });
+            handle([&] { ClickTool(tool); });
             return true;
         }
         const Qt::KeyboardModifiers held = key.modifiers() & ~Qt::KeypadModifier;
