@@ -41,6 +41,7 @@ void QtWindow::begin() {
     started_ = true;
     timer_.start(kTimer);
     fit_.start(0);
+    views_[kScr]->setFocus();
 }
 
 int QtWindow::run() {
@@ -73,7 +74,7 @@ void QtWindow::MakeForm(const FormFields &form) {
     else if (form.name == kTool1 || form.name == kTool2 || form.name == kTool3)
         window->setAttribute(Qt::WA_ShowWithoutActivating);
     forms_[form.name] = window;
-    window->setWindowTitle(ToQt(form.caption));
+    window->setWindowTitle(form.caption.empty() ? QStringLiteral("HAVUZ") : ToQt(form.caption));
     const std::string_view name = forms_.find(form.name)->first;
     window->closeAsked = [this, name] { handle([&] { CloseForm(name); }); };
     window->activated = [this, name] { handle([&] { activate(name); }); };
