@@ -60,6 +60,14 @@ void TypeField(Stage &stage, Words words) {
     Require(stage.window.Type(element, text), Named(element) + " is no text box");
 }
 
+void SelectText(Stage &stage, Words words) {
+    const Element element = TakeElement(stage, words);
+    const int start = words.takeWhole("START"), length = words.takeWhole("LENGTH");
+    words.done();
+    RequireReach(stage, element);
+    Require(stage.window.Select(element, start, length), Named(element) + " is no text box");
+}
+
 void Check(Stage &stage, Words words) {
     const Element element = TakeElement(stage, words);
     const std::string state = words.take("on|off");
@@ -71,16 +79,8 @@ void Check(Stage &stage, Words words) {
         ClickReached(stage, element);
 }
 
-struct NamedKey {
-    const char *name;
-    Key key;
-};
-constexpr NamedKey kKeys[] = {{"Enter", Key::Enter},   {"Down", Key::Down},    {"Up", Key::Up},
-                              {"Left", Key::Left},     {"Right", Key::Right},  {"PageDown", Key::PageDown},
-                              {"PageUp", Key::PageUp}, {"Escape", Key::Escape}};
-
 Key KeyOf(const std::string &name) {
-    for (const NamedKey &key : kKeys)
+    for (const KeyName &key : kKeyNames)
         if (key.name == name)
             return key.key;
     throw UsageError("there is no key " + name);
@@ -163,8 +163,19 @@ Element TakeSurface(const Stage &stage, Words &words) {
     return OnlyElement(stage, form, FieldKind::Picture);
 }
 
-int TakeButton(Words &words) {
-    return words.takeIf("left") ? kLeftButton : words.takeIf("right") ? kRightButton : 0;
+// Those named, together; 0 for none.
+int TakeButtons(Words &words) {
+    int buttons = 0;
+    for (;;) {
+        if (words.takeIf("left"))
+            buttons |= kLeftButton;
+        else if (words.takeIf("right"))
+            buttons |= kRightButton;
+        else if (words.takeIf("middle"))
+            buttons |= kMiddleButton;
+        else
+            return buttons;
+    }
 }
 
 ScreenPoint ModelPixels(double x, double y, double z) {
@@ -201,9 +212,9 @@ struct PointerWords {
 PointerWords TakePointer(const Stage &stage, Words &words, bool needsButton) {
     PointerWords taken;
     taken.surface = TakeSurface(stage, words);
-    taken.button = TakeButton(words);
+    taken.button = TakeButtons(words);
     if (needsButton && taken.button == 0)
-        throw UsageError("left or right is missing");
+        throw UsageError("left, right or middle is missing");
     taken.place = TakePlace(words);
     RequireReach(stage, taken.surface);
     return taken;
@@ -224,6 +235,29 @@ void ReleasePointer(Stage &stage, Words words) {
     stage.window.ReleaseAt(p.surface, p.button, p.place.x, p.place.y);
 }
 
+void TurnWheel(Stage &stage, Words words) {
+    const Element surface = TakeSurface(stage, words);
+    const int steps = words.takeWhole("STEPS");
+    const ScreenPoint place = TakePlace(words);
+    RequireReach(stage, surface);
+    stage.window.TurnWheel(surface, steps, place.x, place.y);
+}
+
+void Pan(Stage &stage, Words words) {
+    const Element surface = TakeSurface(stage, words);
+    const double dx = words.takeNumber("DX"), dy = words.takeNumber("DY");
+    words.done();
+    RequireReach(stage, surface);
+    stage.window.PanBy(surface, dx, dy);
+}
+
+void ResizeSurface(Stage &stage, Words words) {
+    const int width = words.takeWhole("W"), height = words.takeWhole("H");
+    words.done();
+    stage.scr.resize(width, height);
+    stage.window.TakeSize(width, height);
+}
+
 // The rest
 
 void Timer(Stage &stage, Words words) {
@@ -234,8 +268,15 @@ void Timer(Stage &stage, Words words) {
 }
 
 void AnswerDialog(Stage &stage, Words words) {
-    stage.window.saveNames.push_back(ScriptPath(words.take("PATH")));
+    const std::string path = words.take("PATH");
     words.done();
+    stage.window.saveNames.push_back(path.empty() ? "" : ScriptPath(path));
+}
+
+void OpenProject(Stage &stage, Words words) {
+    const std::string path = ScriptPath(words.take("FILE.POL"));
+    words.done();
+    Require(stage.window.OpenFile(path), "the main window cannot be reached");
 }
 
 void SavePicture(Stage &stage, Words words) {
@@ -248,6 +289,8 @@ void Save(Stage &stage, Words words) {
     const std::string path = ScriptPath(words.take("FILE.POL"));
     words.done();
     StoreProject(path, stage.main);
+    if (stage.recorder != nullptr)
+        stage.recorder->WritePath("save", path);
 }
 
 // Words of the language
@@ -263,6 +306,7 @@ constexpr VerbRow kVerbs[] = {
     {"click", "[FORM] NAME [INDEX]", Click, false},
     {"hover", "[FORM] NAME [INDEX]", Hover, false},
     {"field", "[FORM] NAME [INDEX] TEXT", TypeField, false},
+    {"select", "[FORM] NAME [INDEX] START LENGTH", SelectText, false},
     {"check", "[FORM] NAME [INDEX] on|off", Check, false},
     {"option", "[FORM] NAME [INDEX]", Option, false},
     {"page", "FORM PAGE", Page, false},
@@ -271,11 +315,15 @@ constexpr VerbRow kVerbs[] = {
     {"key", "[[FORM] NAME [INDEX]] KEY", PressKey, false},
     {"scroll", "FORM VALUE", Scroll, false},
     {"close", "FORM", Close, false},
-    {"press", "[FORM] left|right PLACE", PressPointer, false},
-    {"move", "[FORM] [left|right] PLACE", MovePointer, false},
-    {"release", "[FORM] left|right PLACE", ReleasePointer, false},
+    {"press", "[FORM] left|right|middle PLACE", PressPointer, false},
+    {"move", "[FORM] [left|right|middle] PLACE", MovePointer, false},
+    {"release", "[FORM] left|right|middle PLACE", ReleasePointer, false},
+    {"wheel", "[FORM] STEPS PLACE", TurnWheel, false},
+    {"pan", "[FORM] DX DY", Pan, false},
+    {"surface", "W H", ResizeSurface, false},
     {"timer", "[TIMES]", Timer, false},
     {"answer", "PATH", AnswerDialog, false},
+    {"open", "FILE.POL", OpenProject, false},
     {"picture", "PATH", SavePicture, true},
     {"save", "FILE.POL", Save, false},
     {"print", "QUERY", PrintQuery, true},

@@ -6,6 +6,7 @@
 #include "ui/headless_window.h"
 #include "ui/main_window.h"
 #include "ui/qt/raster_surface.h"
+#include "ui/recorder.h"
 
 #include <stdexcept>
 #include <string>
@@ -23,6 +24,7 @@ struct Stage {
     RasterSurface scr{1010, 600}; // pixels, on a screen of 1024 x 768
     HeadlessWindow window{scr};
     MainWindow main;
+    Recorder *recorder = nullptr; // where one listens
 };
 
 // [FORM] NAME [INDEX]: without a form the main one. NAME is the element's name, or what stands on or beside it, or its

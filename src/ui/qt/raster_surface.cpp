@@ -70,10 +70,16 @@ void RasterSurface::Painting::put(int x, int y, Colour colour) {
         reinterpret_cast<QRgb *>(image.scanLine(y))[x] = Opaque(colour);
 }
 
-RasterSurface::RasterSurface(int width, int height) : painting_(std::make_unique<Painting>(width, height)) {
-    if (painting_->image.isNull())
+RasterSurface::RasterSurface(int width, int height) {
+    RasterSurface::resize(width, height);
+}
+
+void RasterSurface::resize(int width, int height) {
+    auto painting = std::make_unique<Painting>(width, height);
+    if (painting->image.isNull())
         FailOverflow("a picture of " + std::to_string(width) + "x" + std::to_string(height) + " pixels");
-    painting_->painter.begin(&painting_->image);
+    painting->painter.begin(&painting->image);
+    painting_ = std::move(painting);
     RasterSurface::Clear();
 }
 

@@ -18,6 +18,8 @@ public:
     RasterSurface(int width, int height);
     ~RasterSurface() override;
 
+    void resize(int width, int height); // and clears; a failure leaves the picture as it is
+
     int width() const override;
     int height() const override;
     void Clear() override;
