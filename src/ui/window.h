@@ -34,6 +34,14 @@ enum class Modality { Modeless, Modal };
 
 enum class Key { Enter, Down, Up, Left, Right, PageDown, PageUp, Escape };
 
+struct KeyName {
+    const char *name;
+    Key key;
+};
+inline constexpr KeyName kKeyNames[] = {{"Enter", Key::Enter},   {"Down", Key::Down},    {"Up", Key::Up},
+                                        {"Left", Key::Left},     {"Right", Key::Right},  {"PageDown", Key::PageDown},
+                                        {"PageUp", Key::PageUp}, {"Escape", Key::Escape}};
+
 enum class FieldKind {
     Label,
     TextBox,

@@ -380,9 +380,12 @@ bool WindowState::CloseForm(std::string_view form) {
     return true;
 }
 
-void WindowState::Restore(std::string_view form) {
+bool WindowState::Restore(std::string_view form) {
+    if (!formState(form).minimised)
+        return false;
     const std::string_view name = forms_.find(form)->first;
     act({.kind = Act::Restore, .element = {name, {}, 0}}, [&] { at(name).minimised = false; });
+    return true;
 }
 
 void WindowState::TakeSize(int width, int height) {

@@ -78,10 +78,7 @@ void QtWindow::MakeForm(const FormFields &form) {
     const std::string_view name = forms_.find(form.name)->first;
     window->closeAsked = [this, name] { handle([&] { CloseForm(name); }); };
     window->activated = [this, name] { handle([&] { activate(name); }); };
-    window->restored = [this, name] {
-        if (formState(name).minimised)
-            handle([&] { Restore(name); });
-    };
+    window->restored = [this, name] { handle([&] { Restore(name); }); };
     std::vector<PlacedField> fields;
     SurfaceView *view = nullptr;
     for (const Field &field : form.fields) {
