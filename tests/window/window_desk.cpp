@@ -8,6 +8,8 @@
 #include <QElapsedTimer>
 #include <QListWidget>
 #include <QScreen>
+#include <QScrollBar>
+#include <QStyleOptionSlider>
 #include <algorithm>
 #include <cstdlib>
 
@@ -25,7 +27,7 @@ WindowDesk::Environment::Environment(const std::string &home) {
 WindowDesk::WindowDesk(const std::string &project) : main(window, HAVUZ_CLI) {
     hand::MoveTo(0, 0);
     window.SetLog(this);
-    window.handle([&] { main.Start(project.empty() ? "" : program.file(project)); });
+    window.handle([&] { main.Start(project); });
     window.begin();
     settle();
 }
@@ -36,7 +38,10 @@ WindowDesk::~WindowDesk() {
 }
 
 void WindowDesk::Before(const Act &act) {
-    acts_.push_back(act);
+    if (act.kind == Act::Tick)
+        ++ticks_;
+    else
+        acts_.push_back(act);
     if (also != nullptr)
         also->Before(act);
 }
@@ -109,7 +114,10 @@ bool WindowDesk::type(Element box, const std::string &text) {
 bool WindowDesk::key(const std::string &name, bool control) {
     const std::size_t before = acts_.size();
     hand::Key(name, control);
-    return waitFor([&] { return acts_.size() > before; });
+    return waitFor([&] {
+        return std::any_of(acts_.begin() + static_cast<std::ptrdiff_t>(before), acts_.end(),
+                           [](const Act &act) { return act.kind == Act::Press || act.kind == Act::Click; });
+    });
 }
 
 static QPoint OnSurface(const WindowDesk &desk, Element surface, double x, double y) {
@@ -175,6 +183,28 @@ bool WindowDesk::choose(Element list, int item) {
     const QRect row = view->visualRect(view->model()->index(item, 0));
     const QPoint at = view->viewport()->mapToGlobal(row.center());
     return comes(Act::Choose, list, [&] { ClickOnScreen(at); });
+}
+
+bool WindowDesk::scroll(Element bar, int value) {
+    const auto *widget = qobject_cast<QScrollBar *>(window.widget(bar));
+    for (int left = value - window.ScrollValue(bar); left != 0; left = value - window.ScrollValue(bar)) {
+        QStyleOptionSlider option;
+        option.initFrom(widget);
+        option.orientation = Qt::Vertical;
+        option.maximum = widget->maximum();
+        option.pageStep = widget->pageStep();
+        option.sliderPosition = option.sliderValue = widget->value();
+        option.subControls = QStyle::SC_All;
+        const QStyle::SubControl part = left >= 10    ? QStyle::SC_ScrollBarAddPage
+                                        : left > 0    ? QStyle::SC_ScrollBarAddLine
+                                        : left <= -10 ? QStyle::SC_ScrollBarSubPage
+                                                      : QStyle::SC_ScrollBarSubLine;
+        const QRect at = widget->style()->subControlRect(QStyle::CC_ScrollBar, &option, part, widget);
+        const QPoint middle = widget->mapToGlobal(at.center());
+        if (!comes(Act::Scroll, bar, [&] { ClickOnScreen(middle); }))
+            return false;
+    }
+    return true;
 }
 
 bool WindowDesk::close(std::string_view form) {

@@ -17,7 +17,7 @@ namespace havuz {
 
 class WindowDesk : public ActLog {
 public:
-    explicit WindowDesk(const std::string &project = ""); // in the program's folder, without extension
+    explicit WindowDesk(const std::string &project = ""); // path without extension
     ~WindowDesk() override;
 
     struct Environment {
@@ -26,7 +26,15 @@ public:
     ProgramFolder program;
     TemporaryFolder home;
     Environment environment{home.path()};
-    QtWindow window;
+    // A window that keeps what it starts and what it reports.
+    struct ListeningWindow : QtWindow {
+        std::string program, argument, error;
+        void StartProgram(const std::string &started, const std::string &with) override {
+            program = started;
+            argument = with;
+        }
+        void ReportError(const std::string &line) override { error = line; }
+    } window;
     MainWindow main;
 
     // By hand. False when the program did not take it as such an act within a while.
@@ -40,7 +48,8 @@ public:
     bool cancelAt(double x, double y); // the same with the right button
     bool wheel(int steps, double x, double y);
     bool choose(Element list, int item);
-    bool close(std::string_view form); // what a window manager sends when its button is clicked
+    bool scroll(Element bar, int value); // by pages and single steps
+    bool close(std::string_view form);   // what a window manager sends when its button is clicked
     void hover(Element element);
 
     // Serves events until it holds, up to a while.
@@ -51,14 +60,16 @@ public:
     void shot(const std::string &name);
 
     const std::vector<Act> &acts() const { return acts_; }
-    ActLog *also = nullptr; // hears of the acts as well
+    int ticks() const { return ticks_; } // of the 100 ms timer
+    ActLog *also = nullptr;              // hears of the acts as well
 
 private:
     void Before(const Act &act) override;
     void After() override;
     bool comes(Act::Kind kind, Element element, const std::function<void()> &hand);
 
-    std::vector<Act> acts_;
+    std::vector<Act> acts_; // but for the timer's
+    int ticks_ = 0;
 };
 
 } // namespace havuz

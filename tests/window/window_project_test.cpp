@@ -57,6 +57,8 @@ TEST(project, RectangularPoolFromAnEmptyWindowToItsResults) {
     ASSERT_TRUE(desk.click(ChkButton(7)));
     EXPECT_TRUE(desk.window.ended());
     EXPECT_EQ(desk.window.status(), 0);
+    EXPECT_EQ(desk.window.program, desk.program.path() + "/RAPORCU.EXE");
+    EXPECT_EQ(desk.window.argument, stem);
     EXPECT_EQ(ReadBytes(stem + ".DEP").size(), 384U * static_cast<std::size_t>(NoktaCount));
     EXPECT_EQ(ReadBytes(stem + ".SON").size(), 1536U * static_cast<std::size_t>(MeshCount));
     EXPECT_NE(ReadBytes(CalismaDizini + "/WORKPOOL").find("DENEME"), std::string::npos);

@@ -47,6 +47,7 @@ void QtWindow::begin() {
 int QtWindow::run() {
     if (!ended_) {
         begin();
+        running_ = true;
         QApplication::exec();
     }
     return status_;
@@ -278,6 +279,7 @@ static void ShowMain(VekForm &main) {
     if (place.isEmpty() || !main.restoreGeometry(place))
         main.setWindowState(Qt::WindowMaximized);
     main.show();
+    main.activateWindow();
 }
 
 void QtWindow::ShowForm(std::string_view form, Place place, Modality modality, bool onTop) {

@@ -91,6 +91,7 @@ private:
     bool eventFilter(QObject *object, QEvent *event) override;
     bool keyPressed(Element element, int key, bool plain);
     void focusTaken(Element element);
+    void pressed(const QWidget &at);
     Element elementOf(const QWidget *widget) const; // no name: none of ours
 
     void show(Element element);
@@ -116,7 +117,7 @@ private:
     QTimer fit_; // a while after the last change of size
     std::unique_ptr<QLockFile> instance_;
     Element typing_; // the box that a person is typing into
-    bool busy_ = false, following_ = false, ended_ = false, started_ = false;
+    bool busy_ = false, following_ = false, ended_ = false, started_ = false, running_ = false;
     int status_ = 0;
 };
 

@@ -26,7 +26,8 @@ bool QtWindow::handle(const std::function<void()> &job) {
         ended_ = true;
         status_ = end.status;
         timer_.stop();
-        QCoreApplication::exit(end.status);
+        if (running_)
+            QCoreApplication::exit(end.status);
     }
     busy_ = false;
     if (!ended_)
@@ -116,8 +117,12 @@ void QtWindow::showRecent() {
 
 // Focus
 
+// The form comes to the front with it.
 void QtWindow::Focus(Element element) {
     WindowState::Focus(element);
+    QWidget *form = formWidget(element.form);
+    if (focused() == element && form != nullptr && !form->isActiveWindow())
+        form->activateWindow();
     followFocus();
 }
 
@@ -127,8 +132,6 @@ void QtWindow::followFocus() {
     if (shown == nullptr || following_ || !shown->isVisible())
         return;
     following_ = true;
-    if (!shown->window()->isActiveWindow() && formReachable(element->form))
-        shown->window()->activateWindow();
     if (!shown->hasFocus())
         shown->setFocus(Qt::OtherFocusReason);
     following_ = false;
@@ -146,8 +149,20 @@ void QtWindow::SelectText(Element box, int start, int length) {
 }
 
 void QtWindow::focusTaken(Element element) {
-    if (!following_ && !busy_)
+    if (!following_ && !element.name.empty())
         handle([&] { GoTo(element); });
+}
+
+// A press brings the form to the front, also where no window manager does, and the focus to boxes and lists.
+void QtWindow::pressed(const QWidget &at) {
+    if (!at.window()->isActiveWindow() && dynamic_cast<const VekForm *>(at.window()) != nullptr)
+        at.window()->activateWindow();
+    const Element element = elementOf(&at);
+    if (element.name.empty())
+        return;
+    const FieldKind kind = state(element).kind;
+    if (kind == FieldKind::TextBox || kind == FieldKind::List)
+        focusTaken(element);
 }
 
 Element QtWindow::elementOf(const QWidget *widget) const {
@@ -258,13 +273,12 @@ bool QtWindow::eventFilter(QObject *object, QEvent *event) {
         const Qt::KeyboardModifiers held = key.modifiers() & ~Qt::KeypadModifier;
         return keyPressed(element, key.key(), held == Qt::NoModifier);
     }
-    if (event->type() == QEvent::FocusIn) {
-        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
-        const Element element = elementOf(at);
-        if (!element.name.empty() && (reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
-                                      reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason))
-            focusTaken(element);
-    }
+    if (event->type() == QEvent::MouseButtonPress)
+        pressed(*at);
+    if (event->type() == QEvent::FocusIn)
+        if (const auto reason = static_cast<QFocusEvent *>(event)->reason();
+            reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason)
+            focusTaken(elementOf(at));
     if (event->type() == QEvent::HoverEnter)
         if (const Element element = elementOf(at); element.form == kMain)
             hovered(element);
