@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <map>
+#include <random>
 #include <sys/wait.h>
 #include <vector>
 
@@ -70,6 +72,42 @@ TEST_P(ScriptExample, RunsToItsEnd) {
     EXPECT_NE(text.find("\nexpect "), std::string::npos) << "an example tells what is to be seen";
 }
 
+// What two folders hold, but for pictures and for the path of the folder itself.
+std::map<std::string, std::string> Files(const TemporaryFolder &folder) {
+    std::map<std::string, std::string> files;
+    for (const auto &entry : fs::directory_iterator(folder.path()))
+        if (entry.path().extension() != ".png") {
+            std::string bytes = ReadBytes(entry.path().string());
+            for (std::size_t at = 0; (at = bytes.find(folder.path(), at)) != std::string::npos;)
+                bytes.erase(at, folder.path().size());
+            files[entry.path().filename().string()] = bytes;
+        }
+    return files;
+}
+
+// A script's record leaves the same files, the model among them, when it is played again.
+TEST_P(ScriptExample, IsPlayedAgainFromItsRecord) {
+    const TemporaryFolder scripts, first, second;
+    std::string text = ReadBytes((kExamples / "scripts" / (GetParam() + ".txt")).string()), options;
+    const std::string mark = "# project ";
+    if (text.rfind(mark, 0) == 0) {
+        const std::string project = text.substr(mark.size(), text.find('\n') - mark.size());
+        for (const TemporaryFolder *folder : {&first, &second})
+            fs::copy_file(kExamples / project, folder->file(project));
+        options = "--project " + project;
+    }
+    if (text.find("\nexpect end") == std::string::npos)
+        text += "\nsave END.POL\n";
+    WriteBytes(scripts.file("s.txt"), text);
+    const std::string record = scripts.file("record.txt");
+    const Ended ended = Play(first, scripts.file("s.txt"), options + " --record " + record);
+    EXPECT_EQ(ended.status, 0) << ended.error;
+    WriteBytes(first.file("out"), ""); // only the script asks
+    const Ended again = Play(second, record, options);
+    EXPECT_EQ(again.status, 0) << again.error << ReadBytes(record);
+    EXPECT_EQ(Files(first), Files(second)) << ReadBytes(record);
+}
+
 INSTANTIATE_TEST_SUITE_P(Examples, ScriptExample, testing::ValuesIn(ExampleScripts()), TestName);
 
 TEST(Script, WrongWordsEndWithFileAndLine) {
@@ -82,7 +120,7 @@ TEST(Script, WrongWordsEndWithFileAndLine) {
         {"click ChkButton 4 5", "\"5\" is one word too many"},
         {"click \"auto mesh", "a quote is not closed"},
         {"click \"auto\"mesh", "a blank is missing behind a quote"},
-        {"press 10 20", "left or right is missing"},
+        {"press 10 20", "left, right or middle is missing"},
         {"press left 10 y", "\"y\" is not a number"},
         {"key Tab", "there is no key Tab"},
         {"expect weather fine", "\"weather\" is nothing that can be asked"},
@@ -173,6 +211,93 @@ TEST(Script, TheEndOfTheProgram) {
     EXPECT_NE(late.error.find("s.txt:2: not reached: the program ended in line 1"), std::string::npos) << late.error;
     const Ended after = PlayText(folder, results + "expect end\nclick \"zoom all\"\n", project);
     EXPECT_NE(after.error.find("s.txt:3: not reached"), std::string::npos) << after.error;
+}
+
+// A record
+
+namespace {
+
+// A pointer that wanders over the drawing, picks, drags and turns the wheel in the commands of one group of tools.
+class Wandering {
+public:
+    Wandering(unsigned seed, std::string tools, std::vector<int> commands)
+        : random_(seed), tools_(std::move(tools)), commands_(std::move(commands)) {}
+
+    std::string script(int acts) {
+        while (acts-- > 0)
+            text_ += act() + "\n";
+        return text_;
+    }
+
+private:
+    int upTo(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
+    std::string place() {
+        return place_ = std::to_string(20 + upTo(60) * 10) + " " + std::to_string(20 + upTo(55) * 10);
+    }
+
+    std::string act() {
+        switch (upTo(16)) {
+        case 0:
+            return "click MAIN " + tools_ + " " +
+                   std::to_string(commands_[static_cast<std::size_t>(upTo(static_cast<int>(commands_.size())))]);
+        case 1:
+            return "click \"zoom win\"";
+        case 2:
+            return "release right " + place_;
+        case 3:
+            return "wheel " + std::to_string(upTo(5) - 2) + " " + place_;
+        case 4:
+            return "pan " + std::to_string(upTo(41) - 20) + ".25 7";
+        case 5:
+        case 6:
+        case 7:
+            return "press left " + place_;
+        case 8:
+        case 9:
+            return "move left " + place();
+        default:
+            return "move " + place();
+        }
+    }
+
+    std::minstd_rand random_;
+    std::string tools_, text_, place_ = "100 100";
+    std::vector<int> commands_;
+};
+
+int Moves(const std::string &script) {
+    int moves = 0;
+    for (std::size_t at = 0; (at = script.find("\nmove ", at)) != std::string::npos; ++at)
+        ++moves;
+    return moves;
+}
+
+} // namespace
+
+// What the record leaves out of the pointer's way changes neither the model nor the picture.
+TEST(Script, AWanderingPointerIsPlayedAgain) {
+    const std::pair<const char *, std::vector<int>> groups[] = {{"Check2", {0, 1, 3, 4, 5, 7}}, {"Check1", {2, 3, 4}}};
+    for (const auto &[tools, commands] : groups)
+        for (unsigned seed = 1; seed <= 4; ++seed) {
+            SCOPED_TRACE(testing::Message() << tools << " " << seed);
+            const TemporaryFolder folder;
+            fs::copy_file(kExamples / "sample_pool.POL", folder.file("P.POL"));
+            const std::string begin = "click \"izometrik gorunus\"\n" +
+                                      std::string(tools == std::string("Check2") ? "click \"plak/mesh\"\n" : "");
+            const std::string script = begin + Wandering(seed, tools, commands).script(400);
+            const std::string end = "print state\npicture P.png\nsave END.POL\n";
+            const Ended first = PlayText(folder, script + end, "--project P.POL --record record.txt");
+            EXPECT_EQ(first.status, 0) << first.error;
+            const std::string model = ReadBytes(folder.file("END.POL")), picture = ReadBytes(folder.file("P.png"));
+            std::string record = ReadBytes(folder.file("record.txt"));
+            record.erase(record.rfind("save "));
+            const Ended second = PlayText(folder, record + end, "--project P.POL");
+            EXPECT_EQ(second.status, 0) << second.error;
+            EXPECT_EQ(second.out, first.out);
+            EXPECT_TRUE(ReadBytes(folder.file("P.png")) == picture);
+            EXPECT_EQ(ReadBytes(folder.file("END.POL")), model);
+            EXPECT_LT(Moves(record), Moves(script));
+        }
 }
 
 } // namespace havuz

@@ -3,6 +3,7 @@
 #include "model/options.h"
 #include "model/startup.h"
 #include "model/store.h"
+#include "model/working_directory.h"
 #include "program_folder.h"
 #include "support.h"
 
@@ -114,6 +115,45 @@ TEST(Start, TheWorkingDirectory) {
         EXPECT_EQ(EndOf("", window), -1);
         EXPECT_EQ(CalismaDizini, program.path() + "/VEK9DATA");
     }
+}
+
+TEST(Start, TheWorkingDirectoryInTheHomeIsMadeOnceAndLeftAlone) {
+    const ProgramFolder program;
+    const TemporaryFolder home;
+    const char *own = std::getenv("HOME");
+    const std::string before = own == nullptr ? "" : own;
+    setenv("HOME", home.path().c_str(), 1);
+    const auto prepare = [&](const std::string &field) {
+        WriteBytes(program.file("WORKING.DIR"), field);
+        PrepareWorkingDirectory("");
+    };
+    for (const char *elsewhere : {"", "~someone/Havuz\r\n", "no/such\r\n"}) {
+        prepare(elsewhere);
+        EXPECT_TRUE(fs::is_empty(home.path())) << elsewhere;
+    }
+    WriteBytes(program.file("VEK9DATA/WORKING"), "sample\r\n");
+    prepare("~\\Belgeler\\Havuz\r\n");
+    EXPECT_EQ(ReadBytes(home.file("Belgeler/Havuz/WORKING")), "sample\r\n");
+    RecordingWindow window;
+    EXPECT_EQ(EndOf("", window), -1);
+    EXPECT_EQ(CalismaDizini, home.file("Belgeler/Havuz"));
+
+    WriteBytes(home.file("Belgeler/Havuz/WORKING"), "mine");
+    prepare("~/Belgeler/Havuz");
+    EXPECT_EQ(ReadBytes(home.file("Belgeler/Havuz/WORKING")), "mine");
+    fs::remove(home.file("Belgeler/Havuz/WORKING"));
+    fs::remove(program.file("VEK9DATA/WORKING"));
+    prepare("~/Belgeler/Havuz");
+    EXPECT_EQ(ReadBytes(home.file("Belgeler/Havuz/WORKING")), "HAVUZ\r\n");
+
+    WriteBytes(home.file("file"), "x");
+    const Failed failed = FailureOf([&] { prepare("~/file/Havuz"); });
+    EXPECT_EQ(failed.kind, File);
+    EXPECT_EQ(failed.words.rfind(home.file("file/Havuz: "), 0), 0U) << failed.words;
+    unsetenv("HOME"); // "~" stays a name then, and nothing is made by it
+    prepare("~/havuz-none");
+    EXPECT_FALSE(fs::exists("~"));
+    setenv("HOME", before.c_str(), 1);
 }
 
 TEST(Start, TheLoadFactorFile) {

@@ -97,7 +97,9 @@ TEST(Material, ConfirmingStoresAndTheOtherWaysOutDoNot) {
         EXPECT_TRUE(desk.window.Checked(Of("donsec", "Cap", 2))); // 8 mm
         EXPECT_EQ(desk.window.state(Of("donsec", "Cap", 2)).picture, 1);
         desk.click(Of("donsec", "Cap", 2));
-        desk.click(Of("donsec", "Cap", 12));
+        EXPECT_EQ(desk.window.state(Of("donsec", "Cap", 1)).label, "6");
+        EXPECT_EQ(desk.window.state(Of("donsec", "Cap", 13)).label, "30");
+        desk.click(Of("donsec", "Cap", 13));
         EXPECT_EQ(desk.window.state(Of("donsec", "Cap", 2)).picture, 0);
         desk.click(Of("donsec", "Yuk", 3));
         EXPECT_TRUE(desk.window.Checked(Of("donsec", "Yontem", 0)));
@@ -117,7 +119,7 @@ TEST(Material, ConfirmingStoresAndTheOtherWaysOutDoNot) {
     desk.click(Of("donsec", "Tamam"));
     EXPECT_EQ(DonatiCaplari[1], 10);
     EXPECT_EQ(DonatiCaplari[2], 12);
-    EXPECT_EQ(DonatiCaplari[3], 28);
+    EXPECT_EQ(DonatiCaplari[3], 30);
     EXPECT_EQ(DonatiCaplari[4], 0);
     EXPECT_EQ(HesapYontem, 0);
     EXPECT_EQ(YukDurum[2], 1);
@@ -255,6 +257,44 @@ TEST(OpenProject, ListsADirectoryAndLoadsTheChosenFile) {
     EXPECT_EQ(desk.window.Text(Of("LOADFILE", "Yol")), std::filesystem::path(folder.path()).parent_path().string());
     desk.click(Of("LOADFILE", "Iptal"));
     EXPECT_EQ(PanelCount, 1);
+}
+
+TEST(OpenProject, ADroppedFileEndsWhatIsArmedAndIsReadAsFromTheDialog) {
+    ResetAll();
+    Desk desk;
+    TemporaryFolder folder;
+    AddPanel(1, {0, 0, 3}, {4, 0, 3}, {4, 0, 0}, {0, 0, 0});
+    SaveProject(folder.file("depo.pol"), desk.main);
+    EXPECT_EQ(desk.window.remembered, std::vector{folder.file("depo.pol")}); // as it is called, not as it is made up
+    ClearModel();
+    const std::string before = CalismaDizini;
+    desk.click(ChkButton(9));
+    desk.click(Check2(5));
+    desk.press({100, 100});
+    WriteBytes(folder.file("depo.txt"), "x");
+    for (const auto &[path, words] :
+         {std::pair{"depo.txt", "depo.txt BIR .POL DOSYASI DEGIL"}, std::pair{"yok.POL", "yok.POL DOSYASI YOK"},
+          std::pair{"", " BIR .POL DOSYASI DEGIL"}}) {
+        EXPECT_TRUE(desk.window.OpenFile(folder.file(path)));
+        EXPECT_EQ(desk.prompt(), "ACILAMADI: " + std::string(words));
+        EXPECT_EQ(CommandState, kVerticalPlate);
+        EXPECT_TRUE(desk.window.Shown(RubberLine(1)));
+    }
+    EXPECT_TRUE(desk.window.OpenFile(folder.file("DEPO.Pol")));
+    EXPECT_EQ(PanelCount, 1);
+    EXPECT_EQ(ProjeAdi, "depo");
+    EXPECT_EQ(ProjeDosyasi, folder.file("depo.pol"));
+    EXPECT_EQ(CalismaDizini, before);
+    EXPECT_EQ(desk.window.remembered, (std::vector{2, folder.file("depo.pol")}));
+    EXPECT_EQ(CommandState + PickStage, 0);
+    EXPECT_FALSE(desk.window.Shown(RubberLine(1)));
+    EXPECT_FALSE(desk.window.Checked(ChkButton(9)));
+    EXPECT_FALSE(desk.window.Checked(Check2(5)));
+    EXPECT_FALSE(desk.window.FormShown(kTool1));
+    EXPECT_EQ(IsoView, 1);
+    EXPECT_TRUE(desk.window.Enabled(ChkButton(7)));
+    desk.click(ChkButton(3));
+    EXPECT_FALSE(desk.window.OpenFile(folder.file("depo.pol"))); // behind a dialog
 }
 
 TEST(EndConfirm, DeletesTheScratchFileAndEnds) {

@@ -3,12 +3,14 @@
 #include "model/project_file.h"
 #include "plak_support.h"
 #include "support.h"
+#include "ui/help_page.h"
 #include "ui/pointer.h"
 #include "ui/recovery.h"
 #include "ui/tools.h"
 #include "ui_support.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace havuz {
@@ -276,6 +278,31 @@ TEST(Tools, ProgramsAreStartedWithTheProject) {
     EXPECT_NE(desk.scr.log.find("Nokta sayisi  : 15"), std::string::npos);
 }
 
+// The program ends all the same, without a failure of its own.
+TEST(Tools, AnOutputProgramThatCannotBeStartedIsTold) {
+    ResetAll();
+    Desk desk;
+    desk.window.programsStart = false;
+    desk.main.EnableResults(true);
+    EXPECT_EQ(EndStatus([&] { desk.click(ChkButton(8)); }), 0);
+    EXPECT_EQ(desk.window.errors, std::vector{"havuz: " + desk.program.path() + "/RAPORCU.EXE: cannot be started"});
+    EXPECT_TRUE(ReadBytes(CalismaDizini + "/KURTARMA.POL").empty());
+}
+
+TEST(Tools, AToolThatIsStillDownRunsAgainByItsKey) {
+    ResetAll();
+    Desk desk;
+    AddWall();
+    EXPECT_TRUE(desk.window.ClickTool(ChkButton(9)));
+    AddWall();
+    EXPECT_TRUE(desk.window.ClickTool(ChkButton(9)));
+    EXPECT_EQ(PanelCount, 0);
+    EXPECT_TRUE(desk.window.Checked(ChkButton(9)));
+    EXPECT_FALSE(desk.window.ClickTool(ChkButton(7))); // disabled
+    desk.click(ChkButton(3));
+    EXPECT_FALSE(desk.window.ClickTool(ChkButton(3))); // behind its dialog
+}
+
 TEST(Tools, ExportsAskForANameAndComeUpAgain) {
     ResetAll();
     Desk desk;
@@ -318,6 +345,21 @@ TEST(Tools, TopBarEndsMinimisesAndHelps) {
     desk.main.EnableMainWindow();
     desk.click(TopBar(1));
     EXPECT_TRUE(desk.window.formState(kMain).minimised);
+}
+
+TEST(Tools, TheHelpFileNamesItsFirstPage) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder.file("help"));
+    WriteBytes(folder.file("help/index.html"), "<html>");
+    const auto page = [&](const std::string &text) {
+        WriteBytes(folder.file("vek9.chm"), text);
+        return HelpPage(folder.file("vek9.chm"));
+    };
+    EXPECT_EQ(page("help/index.html \r\nanother\n"), folder.file("help/index.html"));
+    EXPECT_EQ(page("help\\INDEX.HTML"), folder.file("help/index.html"));
+    for (const char *none : {"", "\nhelp/index.html", "help", "help/none.html"})
+        EXPECT_EQ(page(none), "") << none;
+    EXPECT_EQ(FailureOf([&] { HelpPage(folder.file("none.chm")); }).kind, File);
 }
 
 TEST(Tools, TheOverviewOpensZoomsAndGoesAway) {
@@ -494,16 +536,17 @@ TEST(MainWindow, AnyOtherFailureEndsTheProgramAndTheNextStartTells) {
     SaveProject(CalismaDizini + "/P.POL", desk.main);
     ZeminKo = 123;
     NoktaTable[1].Yay = 7; // the model as it stands: springs are not rebuilt
-    desk.window.programsStart = false;
     const auto fail = [&desk] {
-        desk.main.EnableResults(true);
-        desk.window.SetChecked(ChkButton(8), false);
-        desk.click(ChkButton(8));
+        desk.main.EnableMainWindow();
+        desk.window.HideForm("FEAPLAK");
+        desk.window.ClickTool(ChkButton(3));
+        desk.window.Type({"FEAPLAK", "Nx", 0}, "99999");
+        desk.window.Press(Key::Down);
     };
     EXPECT_EQ(EndStatus(fail), 1);
     const std::string recovery = CalismaDizini + "/KURTARMA.POL";
-    EXPECT_EQ(desk.window.errors, std::vector{"havuz: " + desk.program.path() +
-                                              "/RAPORCU.EXE: cannot be started; the model is in " + recovery});
+    EXPECT_EQ(desk.window.errors,
+              std::vector{"havuz: a 16-bit field cannot hold 99999.000000; the model is in " + recovery});
     EXPECT_EQ(ReadBytes(recovery), ProjectText());
     EXPECT_EQ(ReadBytes(CalismaDizini + "/HAVUZ.POL"), "the project");
     EXPECT_NE(ReadBytes(CalismaDizini + "/P.POL"), ReadBytes(recovery));

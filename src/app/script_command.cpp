@@ -8,6 +8,7 @@
 #include "ui/recovery.h"
 
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <strings.h>
 
@@ -16,7 +17,7 @@ namespace havuz {
 namespace {
 
 struct ScriptOptions {
-    std::string file, project;
+    std::string file, project, record;
 };
 
 // The start of the program, with the project on its command line or without one. Paths follow the rules of havuz-cli.
@@ -39,13 +40,32 @@ bool IsProjectFile(const std::string &path) {
     return strcasecmp(extension.c_str(), ".POL") == 0;
 }
 
+void PlayRecorded(Stage &stage, const ScriptOptions &o, const std::vector<ScriptLine> &lines) {
+    std::ofstream out(o.record, std::ios::binary);
+    const auto check = [&] {
+        if (!out)
+            throw RuntimeFailure(File, o.record + ": cannot be written");
+    };
+    check();
+    {
+        Recorder recorder(stage.window, out, o.project);
+        stage.recorder = &recorder;
+        PlayScript(stage, o.file, lines);
+        stage.recorder = nullptr;
+    }
+    check();
+}
+
 void Script(const ScriptOptions &o) {
     const std::vector<ScriptLine> lines = SplitScript(o.file, ReadWholeFile(o.file));
     if (!o.project.empty() && !IsProjectFile(o.project))
         throw UsageError("--project: \"" + o.project + "\" is no .POL file");
-    Stage stage(OwnProgram());
+    HeadlessStage stage(OwnProgram());
     Start(stage, o.project);
-    PlayScript(stage, o.file, lines);
+    if (o.record.empty())
+        PlayScript(stage, o.file, lines);
+    else
+        PlayRecorded(stage, o, lines);
 }
 
 } // namespace
@@ -55,6 +75,7 @@ void AddScriptCommand(CLI::App &parser, Job &job) {
     CLI::App *command = parser.add_subcommand("script", "replay tool clicks, pointer events and dialog input");
     command->add_option("file", o->file, "script, a line an action (docs/script.md)")->required()->type_name("FILE");
     command->add_option("--project", o->project, "project that the program starts with")->type_name("FILE.POL");
+    command->add_option("--record", o->record, "script to write what the window was told into")->type_name("FILE");
     command->callback([o, &job] { job = {o->file, [o] { Script(*o); }}; });
 }
 

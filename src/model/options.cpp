@@ -51,13 +51,18 @@ static FieldReader OpenOption(const std::string &directory, const char *name) {
     return {path, ReadWholeFile(path)};
 }
 
+std::string WorkingDirectoryField(const std::string &programDirectory) {
+    std::string field;
+    if (!FileExists(programDirectory + "/WORKING.DIR"))
+        return field;
+    FieldReader reader = OpenOption(programDirectory, "WORKING.DIR");
+    if (!reader.atEnd())
+        reader.read([&] { field = reader.text("directory"); });
+    return field;
+}
+
 void ReadWorkingDirectory() {
-    CalismaDizini.clear();
-    if (FileExists(ProgramDizini + "/WORKING.DIR")) {
-        FieldReader reader = OpenOption(ProgramDizini, "WORKING.DIR");
-        if (!reader.atEnd())
-            reader.read([&reader] { CalismaDizini = WithoutClosingSeparator(LocalPath(reader.text("directory"))); });
-    }
+    CalismaDizini = WithoutClosingSeparator(LocalPath(WorkingDirectoryField(ProgramDizini)));
     if (CalismaDizini.empty() || !DirectoryExists(CalismaDizini))
         CalismaDizini = ProgramDizini + "/VEK9DATA"; // neither made nor tested
 }

@@ -28,6 +28,9 @@ void ResetOptions();
 // <prefix>/share/havuz. A program directory whose path holds "/VBVEK" is replaced by that of C:\VEK9V12.
 std::string FindProgramDirectory(const std::string &executable);
 
+// First field of "WORKING.DIR" as it is written there, "" without the file or the field.
+std::string WorkingDirectoryField(const std::string &programDirectory);
+
 // Each reads one option file and fails as a project file does: File when a needed one is missing, BadNumber with path,
 // line and field for a bad field. Reading stops without complaint where a file ends behind a whole line.
 void ReadWorkingDirectory(); // "WORKING.DIR", optional: sets CalismaDizini

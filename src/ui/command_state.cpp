@@ -2,7 +2,7 @@
 
 namespace havuz {
 
-int PickStage, ZoomPending, DragRotated;
+int PickStage, ZoomPending, DragRotated, PlateViewMoved;
 double RubberX, RubberY;
 Row<double, kPolyPoints> PolyX, PolyY;
 int PolyCount;
@@ -21,8 +21,8 @@ void ClearEdgeState() {
 }
 
 void ResetCommandState() {
-    for (int *p : {&CommandState, &SelectedPanel, &PickStage, &ZoomPending, &DragRotated, &PolyCount, &SeciliKenar,
-                   &NoktaModu, &SurukleBasladi, &SabitTuru, &SeciliNo, &NodesHidden})
+    for (int *p : {&CommandState, &SelectedPanel, &PickStage, &ZoomPending, &DragRotated, &PlateViewMoved, &PolyCount,
+                   &SeciliKenar, &NoktaModu, &SurukleBasladi, &SabitTuru, &SeciliNo, &NodesHidden})
         *p = 0;
     for (double *p : {&AnchorX, &AnchorY, &RubberX, &RubberY, &EdgeMarkerX, &EdgeMarkerY})
         *p = 0.0;

@@ -31,6 +31,7 @@ enum Armed {
 extern int PickStage;           // 0 first pick, 1 and 2 later picks, -1 waits for the fixed item of an edge move
 extern int ZoomPending;         // 1 while a window zoom is being picked: before CommandState
 extern int DragRotated;         // 1 after a rotating drag until the full redraw
+extern int PlateViewMoved;      // 1: wheel or middle button moved the plate view after its last fit
 extern double RubberX, RubberY; // last corner of the zoom band, pixels
 
 constexpr int kPolyPoints = kPlakPoints;

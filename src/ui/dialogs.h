@@ -25,6 +25,11 @@ void ShowNodeTable(MainWindow &main);       // KOORBIL, focus on its first cell
 void ShowOpenProject(MainWindow &main);     // LOADFILE, leaves it enabled
 void ShowSaveName(MainWindow &main);        // BILGI, with ProjeAdi in its box
 
+// A project dropped on the window or chosen from the recent ones: whatever is armed ends, no tool stays down, and the
+// file is read as LOADFILE reads it. What is no .POL file, in any case of its letters, is told of in the prompt line
+// and changes nothing.
+void OpenGivenProject(MainWindow &main, const std::string &path);
+
 void ShowEndConfirm(MainWindow &main); // ENDKONT, at left (screen width - its width - 90), top 800
 
 // Of node SeciliNo, at left 950, top 1100; the main window is disabled.

@@ -41,7 +41,9 @@ Surface &HeadlessWindow::Canvas(Element picture) {
         return scr_;
     const Element name = own(picture);
     std::unique_ptr<Surface> &canvas = canvases_[name];
-    if (canvas == nullptr)
+    const bool outgrown = picture == kOverviewPicture && canvas != nullptr &&
+                          (canvas->width() != scr_.width() / 5 || canvas->height() != scr_.height() / 5);
+    if (canvas == nullptr || outgrown)
         canvas = picture == kOverviewPicture ? std::make_unique<BlankSurface>(scr_.width() / 5, scr_.height() / 5)
                                              : std::make_unique<BlankSurface>(kProgressWidth, kProgressHeight);
     return *canvas;
@@ -54,17 +56,20 @@ void HeadlessWindow::ResizeSurface(int width, int height) {
 
 std::string HeadlessWindow::AskSaveName(const SaveQuestion &question) {
     questions.push_back(question);
-    if (saveNames.empty())
-        return "";
-    std::string name = saveNames.front();
-    saveNames.pop_front();
+    std::string name;
+    if (!saveNames.empty()) {
+        name = saveNames.front();
+        saveNames.pop_front();
+    }
+    note({.kind = Act::Answer, .element = {}, .text = name});
     return name;
 }
 
 void HeadlessWindow::StartProgram(const std::string &program, const std::string &argument) {
-    if (!programsStart)
-        throw RuntimeFailure(File, program + ": cannot be started");
-    started.push_back({program, argument});
+    if (programsStart)
+        started.push_back({program, argument});
+    else
+        ReportError("havuz: " + program + ": cannot be started");
 }
 
 void HeadlessWindow::EndProgram(int status) {

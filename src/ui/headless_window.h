@@ -21,20 +21,20 @@ public:
 
     explicit HeadlessWindow(Surface &scr) : scr_(scr) {}
 
-    bool Hover(Element element); // the pointer lies there then
+    bool Hover(Element element) override; // the pointer lies there then
 
     // What it was asked for, and what it answers.
     std::deque<std::string> saveNames; // answers of the file dialog; none left: cancelled
     std::vector<SaveQuestion> questions;
     std::vector<Started> started;
-    std::vector<std::string> helps, errors;
+    std::vector<std::string> helps, errors, remembered;
     PointerShape pointerShape = PointerShape::Default;
     bool confined = false;
     Place pointer;        // where the pointer is on the screen
     Element underPointer; // what lies under it
     int screenWidth = 1024, screenHeight = 768;
     bool otherInstance = false;
-    bool programsStart = true;               // false: starting a program fails
+    bool programsStart = true;               // false: none can be started
     int surfaceWidth = 0, surfaceHeight = 0; // last size asked for SCR
     int copies = 0;                          // pictures copied
     int served = 0;                          // times that pending events were let through
@@ -55,6 +55,7 @@ public:
     bool AnotherInstanceRuns() override { return otherInstance; }
     std::string AskSaveName(const SaveQuestion &question) override;
     void StartProgram(const std::string &program, const std::string &argument) override;
+    void RememberProject(const std::string &path) override { remembered.push_back(path); }
     void OpenHelp(const std::string &path) override { helps.push_back(path); }
     void ServeEvents() override { ++served; }
     void ReportError(const std::string &line) override { errors.push_back(line); }

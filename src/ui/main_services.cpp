@@ -1,5 +1,6 @@
 // What the main window answers to the lower folders: the start, project files, views, meshing, analysis, the pool
 // library and the exports ask it through interfaces of their own.
+#include "model/files.h"
 #include "model/options.h"
 #include "ui/command_state.h"
 #include "ui/dialogs.h"
@@ -9,6 +10,8 @@
 #include "view/overview.h"
 #include "view/plate_drawing.h"
 #include "view/projection.h"
+
+#include <filesystem>
 
 namespace havuz {
 
@@ -79,8 +82,13 @@ void MainWindow::EndProgram(int status) {
 
 // Project files
 
+// A project that was read or written has a file. One below a directory with a "." in its name has its results
+// elsewhere, and is not found by the name that leads to them.
 void MainWindow::EnableAnalysis() {
     window.Enable(ChkButton(7), true);
+    const std::string file = FindFile(ProjeYolu + ".POL");
+    if (!ProjeYolu.empty() && FileExists(file))
+        window.RememberProject(std::filesystem::absolute(file).string());
 }
 void MainWindow::EnableResults(bool enabled) {
     window.Enable(ChkButton(8), enabled);

@@ -7,6 +7,7 @@
 #include "ui/pointer.h"
 #include "ui/recovery.h"
 #include "ui/tools.h"
+#include "ui/view_habits.h"
 #include "view/mesh_drawing.h"
 #include "view/overview.h"
 #include "view/plate_drawing.h"
@@ -66,9 +67,12 @@ void MainWindow::ShowLabel(const std::string &text, double left, double top) {
 }
 
 void MainWindow::RedrawView() {
+    if (GorunusModu == 1)
+        SettlePlateView(*this);
     Redraw(scr(), *this);
 }
 void MainWindow::DrawPlateView() {
+    SettlePlateView(*this);
     havuz::DrawPlateView(scr(), *this);
 }
 void MainWindow::DrawMeshView() {
@@ -273,9 +277,19 @@ void MainWindow::OnRelease(Element surface, int button, int shift, double x, dou
     });
 }
 
-void MainWindow::OnWheel(Element, int, double, double) {}
-void MainWindow::OnPan(Element, double, double) {}
-void MainWindow::OnOpen(const std::string &) {}
+void MainWindow::OnWheel(Element surface, int steps, double x, double y) {
+    if (surface == kScr)
+        guard([&] { ZoomAbout(*this, steps, x, y); });
+}
+
+void MainWindow::OnPan(Element surface, double dx, double dy) {
+    if (surface == kScr)
+        guard([&] { PanView(*this, dx, dy); });
+}
+
+void MainWindow::OnOpen(const std::string &path) {
+    guard([&] { OpenGivenProject(*this, path); });
+}
 
 void MainWindow::OnResize() {
     guard([this] {

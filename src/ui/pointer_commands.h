@@ -47,6 +47,7 @@ void PressCutEnd(MainWindow &main, Pointer at);
 void MoveLine(MainWindow &main, Pointer at);
 void HideLine(MainWindow &main);
 void EndPolygon(MainWindow &main);
+void FillPolygonSoFar(MainWindow &main); // the polygon being drawn; nothing in other commands
 
 // Model point of a pixel in the plate view, and back.
 struct ModelPoint {

@@ -130,7 +130,9 @@ void PressFirstPoint(MainWindow &main, Pointer at) {
     MoveStart(main, 2, p);
 }
 
-static void FillPolygonSoFar(MainWindow &main) {
+void FillPolygonSoFar(MainWindow &main) {
+    if (CommandState != kPolygon || PickStage <= 0 || PolyCount < 2)
+        return;
     for (int k = 1; k <= PolyCount; ++k)
         PutPoint(k, ToScreen({PolyX[k], PolyY[k]}));
     FillPolygonHatched(main.scr(), PolyCount, 15, 1, 1);

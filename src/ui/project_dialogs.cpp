@@ -5,6 +5,7 @@
 #include "model/store.h"
 #include "ui/dialog_parts.h"
 #include "ui/dialogs.h"
+#include "ui/pointer.h"
 
 #include <algorithm>
 #include <cctype>
@@ -17,6 +18,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int kReadTool = 10, kSaveTool = 11; // "FEA bilgisi okuma", "FEA bilgisi saklama"
+constexpr int kLastMainTool = 13;
 
 class SaveNameDialog : public Form {
 public:
@@ -108,6 +110,20 @@ bool IsProject(const fs::path &file) {
     return extension == ".POL";
 }
 
+void ReadProject(MainWindow &main, const std::string &path) {
+    ProjeAdi = UpToFirstDot(fs::path(path).filename().string());
+    ProjeDosyasi = path;
+    ClearModel();
+    LoadProject(ProjeDosyasi, main);
+    main.TakeRotated();
+    main.ComputeExtents();
+    if (MeshCount > 0)
+        main.DrawMeshes();
+    else
+        main.DrawPlates();
+    main.SetUpDynamicView();
+}
+
 // A directory that cannot be read shows empty lists.
 void OpenDialog::setDirectory(const std::string &path) {
     std::vector<std::string> directories, files;
@@ -138,17 +154,7 @@ void OpenDialog::confirm() {
     const std::string file = selected("Dosya");
     if (file.empty())
         return;
-    ProjeAdi = UpToFirstDot(file);
-    ProjeDosyasi = text("Yol") + "/" + file;
-    ClearModel();
-    LoadProject(ProjeDosyasi, main);
-    main.TakeRotated();
-    main.ComputeExtents();
-    if (MeshCount > 0)
-        main.DrawMeshes();
-    else
-        main.DrawPlates();
-    main.SetUpDynamicView();
+    ReadProject(main, text("Yol") + "/" + file);
     OnClose();
 }
 
@@ -194,6 +200,18 @@ void ShowSaveName(MainWindow &main) {
 
 void ShowOpenProject(MainWindow &main) {
     DialogOf<OpenDialog>(main, "LOADFILE").show();
+}
+
+void OpenGivenProject(MainWindow &main, const std::string &path) {
+    const std::string name = fs::path(path).filename().string();
+    if (!IsProject(path))
+        return main.Prompt("ACILAMADI: " + name + " BIR .POL DOSYASI DEGIL");
+    if (!FileExists(path))
+        return main.Prompt("ACILAMADI: " + name + " DOSYASI YOK");
+    AbandonCommand(main);
+    for (int i = 0; i <= kLastMainTool; ++i)
+        main.ClearTool(i);
+    ReadProject(main, fs::absolute(FindFile(path)).string());
 }
 
 void ShowEndConfirm(MainWindow &main) {

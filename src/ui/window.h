@@ -34,6 +34,14 @@ enum class Modality { Modeless, Modal };
 
 enum class Key { Enter, Down, Up, Left, Right, PageDown, PageUp, Escape };
 
+struct KeyName {
+    const char *name;
+    Key key;
+};
+inline constexpr KeyName kKeyNames[] = {{"Enter", Key::Enter},   {"Down", Key::Down},    {"Up", Key::Up},
+                                        {"Left", Key::Left},     {"Right", Key::Right},  {"PageDown", Key::PageDown},
+                                        {"PageUp", Key::PageUp}, {"Escape", Key::Escape}};
+
 enum class FieldKind {
     Label,
     TextBox,
@@ -159,12 +167,15 @@ public:
     virtual int ScreenHeight() = 0;
     virtual double TwipsPerPixel() = 0;
     virtual bool AnotherInstanceRuns() = 0;
-    virtual std::string AskSaveName(const SaveQuestion &question) = 0;                      // "" when cancelled
-    virtual void StartProgram(const std::string &program, const std::string &argument) = 0; // without waiting for it
-    virtual void OpenHelp(const std::string &path) = 0;    // the viewer "hh", maximised
-    virtual void ServeEvents() = 0;                        // lets pending events through
-    virtual void ReportError(const std::string &line) = 0; // standard error
-    [[noreturn]] virtual void EndProgram(int status) = 0;  // throws ProgramEnd
+    virtual std::string AskSaveName(const SaveQuestion &question) = 0; // "" when cancelled
+    // Without waiting for it. One that cannot be started is reported on standard error and is no failure of this
+    // program: the program ends all the same.
+    virtual void StartProgram(const std::string &program, const std::string &argument) = 0;
+    virtual void RememberProject(const std::string &path) = 0; // read or written just now: the first of the recent ones
+    virtual void OpenHelp(const std::string &path) = 0;        // the viewer "hh", maximised
+    virtual void ServeEvents() = 0;                            // lets pending events through
+    virtual void ReportError(const std::string &line) = 0;     // standard error
+    [[noreturn]] virtual void EndProgram(int status) = 0;      // throws ProgramEnd
 };
 
 } // namespace havuz

@@ -227,6 +227,12 @@ bool WindowState::Click(Element element) {
     return done;
 }
 
+bool WindowState::ClickTool(Element tool) {
+    if (state(tool).checked && !Click(tool))
+        return false;
+    return Click(tool);
+}
+
 bool WindowState::Type(Element box, const std::string &text) {
     if (!reachable(box) || state(box).kind != FieldKind::TextBox)
         return false;
@@ -359,7 +365,10 @@ bool WindowState::PanBy(Element surface, double dx, double dy) {
 bool WindowState::OpenFile(const std::string &path) {
     if (!formReachable(kMain))
         return false;
-    act({.kind = Act::Open, .element = {}, .text = path}, [&] { events_->OnOpen(path); });
+    act({.kind = Act::Open, .element = {}, .text = path}, [&] {
+        activate(kMain);
+        events_->OnOpen(path);
+    });
     return true;
 }
 
@@ -371,9 +380,12 @@ bool WindowState::CloseForm(std::string_view form) {
     return true;
 }
 
-void WindowState::Restore(std::string_view form) {
+bool WindowState::Restore(std::string_view form) {
+    if (!formState(form).minimised)
+        return false;
     const std::string_view name = forms_.find(form)->first;
     act({.kind = Act::Restore, .element = {name, {}, 0}}, [&] { at(name).minimised = false; });
+    return true;
 }
 
 void WindowState::TakeSize(int width, int height) {

@@ -52,6 +52,8 @@ static bool FitProjected(double &scale, double &offsetX, double &offsetY) {
 }
 
 bool FitPlateView() {
+    if (KeepPlateFit == 1)
+        return true;
     return RotatedView() ? FitProjected(PlateScale, PlateOffsetX, PlateOffsetY)
                          : FitPlan(PlateScale, PlateOffsetX, PlateOffsetY);
 }

@@ -5,7 +5,7 @@
 namespace havuz {
 
 // Fits the plate view to the bounding record. False when there is nothing to fit: the rotated view shows no width or no
-// height. PlateScale is 1 then.
+// height. PlateScale is 1 then. Under KeepPlateFit the transform stays as it is.
 bool FitPlateView();
 
 // Fits the mesh view: in plan to the bounding record, in the rotated view to the projected nodes. With 30 nodes or

@@ -85,7 +85,8 @@ void DrawPlateView(Surface &scr, ViewWindow &window) {
     const bool standsStill = CommandState == kDrawingLine;
     if (!standsStill) {
         PlateBoundsAndDepth(scr);
-        FitMeshView();
+        if (KeepPlateFit == 0)
+            FitMeshView();
     }
     if (RotatedView() && !standsStill)
         DrawRotated(scr, window);

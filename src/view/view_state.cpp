@@ -5,7 +5,7 @@ namespace havuz {
 double PlateScale, PlateOffsetX, PlateOffsetY;
 double MeshScale, MeshOffsetX, MeshOffsetY;
 double HomeScale, HomeOffsetX, HomeOffsetY;
-int KeepZoom;
+int KeepZoom, KeepPlateFit;
 Int16 ViewWidth, ViewHeight;
 
 double Xmin, Xmax, Ymin, Ymax, Zmin, Zmax;
@@ -47,8 +47,8 @@ void ResetView() {
                       &DeformScale, &ViewerX,      &ViewerY,      &ViewerZ,       &AnchorX,     &AnchorY,
                       &DynRectLeft, &DynRectTop,   &DynRectRight, &DynRectBottom, &EdgeMarkerX, &EdgeMarkerY})
         *p = 0.0;
-    for (int *p :
-         {&KeepZoom, &NeighbourMeshCount, &NeighbourNodeCount, &DynStage, &CommandState, &SelectedPanel, &EdgeHitCount})
+    for (int *p : {&KeepZoom, &KeepPlateFit, &NeighbourMeshCount, &NeighbourNodeCount, &DynStage, &CommandState,
+                   &SelectedPanel, &EdgeHitCount})
         *p = 0;
     HomeScale = 1.0;
     ActiveLoadCase = 1;

@@ -14,6 +14,7 @@ extern double PlateScale, PlateOffsetX, PlateOffsetY; // plate view
 extern double MeshScale, MeshOffsetX, MeshOffsetY;    // mesh view
 extern double HomeScale, HomeOffsetX, HomeOffsetY;    // mesh transform of the last fit
 extern int KeepZoom;                                  // 1: the mesh view's drawing does not refit
+extern int KeepPlateFit;                              // 1: no drawing refits the plate view
 extern Int16 ViewWidth, ViewHeight;                   // surface width and height less 5
 
 // Bounding record kept by PlateBoundsAndDepth: plan and projected, m. FitMeshView widens the projected part.

@@ -6,6 +6,7 @@ namespace havuz {
 
 constexpr int kLeftButton = 1;
 constexpr int kRightButton = 2;
+constexpr int kMiddleButton = 4;
 
 class ViewWindow {
 public:

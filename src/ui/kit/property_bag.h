@@ -15,6 +15,7 @@ inline constexpr const char *kSize = "siz";    // of the picture, QSize
 inline constexpr const char *kValue = "val";   // checked, or the number of a scroll bar
 inline constexpr const char *kMost = "max";    // greatest number of a scroll bar
 inline constexpr const char *kBack = "bck";    // colour; none: the platform's own
+inline constexpr const char *kBare = "bar";    // shows no caption: a heading says it
 inline constexpr const char *kText = "txt";    // colour of the caption; none: what is legible
 } // namespace bag
 

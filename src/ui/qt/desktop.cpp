@@ -1,5 +1,7 @@
 #include "ui/qt/desktop.h"
 
+#include "model/failure.h"
+#include "model/working_directory.h"
 #include "ui/main_window.h"
 #include "ui/qt/qt_window.h"
 #include "ui/qt/text.h"
@@ -11,6 +13,7 @@
 #include <QLocale>
 #include <QTranslator>
 #include <clocale>
+#include <cstdio>
 
 namespace havuz {
 
@@ -29,6 +32,17 @@ static void SpeakTurkish(QApplication &application) {
         QCoreApplication::installTranslator(texts);
 }
 
+// As the start does, a failure ends the program.
+static bool MakeWorkingDirectory(const std::string &executable) {
+    try {
+        PrepareWorkingDirectory(executable);
+        return true;
+    } catch (const RuntimeFailure &failure) {
+        std::fprintf(stderr, "havuz: %s\n", failure.what());
+        return false;
+    }
+}
+
 int RunDesktop(int &argc, char **argv, const std::string &executable, const DesktopOptions &options) {
     QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C"); // Qt takes the locale of the system
@@ -39,6 +53,8 @@ int RunDesktop(int &argc, char **argv, const std::string &executable, const Desk
     QtWindow window;
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/havuz.svg")));
     MainWindow main(window, executable);
+    if (!MakeWorkingDirectory(executable))
+        return 1;
     window.handle([&] { main.Start(CommandLine(options.project)); });
     return window.run();
 }

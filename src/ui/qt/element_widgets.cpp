@@ -126,10 +126,9 @@ void ShowButton(Button &button, Element element, const State &state) {
     button.put(bag::kSize, PictureSize(element));
     button.put(bag::kValue, state.checked);
     button.put(bag::kBack, state.colour == kButtonColour ? QVariant() : ToneOf(state.colour, button.palette()));
-    const bool tool = element.form == kMain && !picture.isEmpty();
-    if (tool)
+    if (element.form == kMain && !picture.isEmpty())
         button.setToolTip(ToQt(state.label));
-    else
+    else if (!button.get(bag::kBare).toBool())
         button.put(bag::kCaption, Words(state));
 }
 

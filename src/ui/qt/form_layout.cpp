@@ -1,10 +1,13 @@
 #include "ui/qt/form_layout.h"
 
+#include "ui/kit/button.h"
+
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <algorithm>
+#include <map>
 
 namespace havuz {
 
@@ -15,6 +18,11 @@ constexpr int kMarkerWidth = 20;
 
 bool IsClosingButton(const PlacedField &placed) {
     return placed.field.kind == FieldKind::Button && placed.made.widget != nullptr;
+}
+
+// The title of a project and the name of its file are longer than a number.
+bool HoldsAName(const PlacedField &placed) {
+    return placed.field.name == "Tex" && placed.field.label.rfind("PROJE", 0) == 0;
 }
 
 // The buttons that a form ends with, at the right of its last row.
@@ -49,9 +57,12 @@ void AddToGrid(QGridLayout &grid, const PlacedField &placed) {
     }
 }
 
-// Rows of many small elements stand in a row of their own, so that they do not widen the columns of the rest.
-bool StandsInALine(const PlacedField &placed) {
-    return placed.field.kind == FieldKind::Toggle && placed.field.name == "Cap";
+// Elements of one name and row stand in a line of their own, so that they do not widen the columns of the rest.
+bool StandsInALine(const PlacedField &placed, const std::vector<PlacedField> &fields) {
+    return placed.made.beside == nullptr && std::any_of(fields.begin(), fields.end(), [&](const PlacedField &other) {
+               return other.field.name == placed.field.name && other.field.row == placed.field.row &&
+                      other.field.index != placed.field.index;
+           });
 }
 
 void LayOutDialog(QWidget &window, const std::vector<PlacedField> &fields) {
@@ -59,24 +70,25 @@ void LayOutDialog(QWidget &window, const std::vector<PlacedField> &fields) {
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(8);
     column->addLayout(grid);
-    QHBoxLayout *line = nullptr;
+    std::map<int, QHBoxLayout *> lines; // by their rows
     for (const PlacedField &placed : fields) {
         if (placed.made.widget == nullptr || IsClosingButton(placed))
             continue;
         if (placed.field.kind == FieldKind::TextBox)
-            placed.made.widget->setFixedWidth(placed.field.name == "Tex" && placed.field.index == 0 ? kTitleWidth
-                                                                                                    : kBoxWidth);
-        if (!StandsInALine(placed)) {
+            placed.made.widget->setFixedWidth(HoldsAName(placed) ? kTitleWidth : kBoxWidth);
+        if (!StandsInALine(placed, fields)) {
             AddToGrid(*grid, placed);
             continue;
         }
+        QHBoxLayout *&line = lines[placed.field.row];
         if (line == nullptr) {
             line = new QHBoxLayout;
-            line->setSpacing(2);
-            grid->addLayout(line, 2 * placed.field.row, 0, 1, -1);
+            line->setSpacing(4);
+            grid->addLayout(line, 2 * placed.field.row, 0, 1, -1, Qt::AlignLeft);
         }
         line->addWidget(placed.made.widget);
     }
+    grid->setColumnStretch(grid->columnCount(), 1); // what is wide stands across, nothing is drawn apart
     AddClosingButtons(*column, fields);
     column->setSizeConstraint(QLayout::SetFixedSize);
 }
@@ -106,6 +118,8 @@ void AddToTable(QGridLayout &grid, const PlacedField &placed, int rows) {
     } else {
         if (placed.made.beside != nullptr)
             placed.made.beside->setFixedSize(0, 0); // the heading says it
+        if (placed.field.kind == FieldKind::CheckBox)
+            static_cast<Button *>(widget)->put(bag::kBare, true);
         const bool text = placed.field.kind == FieldKind::TextBox;
         if (text)
             widget->setFixedWidth(kCellWidth);

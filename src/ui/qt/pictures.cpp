@@ -8,8 +8,8 @@ namespace havuz {
 QString PictureName(Element element, int picture) {
     const QString form = ToQt(element.form).toLower(), name = ToQt(element.name).toLower();
     const QString index = QString::number(element.index), number = QString::number(picture);
-    for (const QString &file :
-         {form + '-' + name, name + '-' + index + '-' + number, name + '-' + index, name + '-' + number, name})
+    for (const QString &file : {form + '-' + name, name + '-' + index + '-' + number, name + '-' + index,
+                                name + QStringLiteral("-p-") + number, name})
         if (HasPicture(file))
             return file;
     return {};

@@ -8,7 +8,7 @@
 
 namespace havuz {
 
-// The first of form-name, name-index-picture, name-index, name-picture, name, in small letters, that is a file of
+// The first of form-name, name-index-picture, name-index, name-p-picture, name, in small letters, that is a file of
 // src/ui/qt/icons; "" when none is. picture: the number that the logic gave the element.
 QString PictureName(Element element, int picture);
 

@@ -37,11 +37,16 @@ QtWindow::~QtWindow() {
         RememberPlace(main_->saveGeometry());
 }
 
-int QtWindow::run() {
+void QtWindow::begin() {
     started_ = true;
+    timer_.start(kTimer);
+    fit_.start(0);
+    views_[kScr]->setFocus();
+}
+
+int QtWindow::run() {
     if (!ended_) {
-        timer_.start(kTimer);
-        fit_.start(0);
+        begin();
         QApplication::exec();
     }
     return status_;
@@ -69,14 +74,11 @@ void QtWindow::MakeForm(const FormFields &form) {
     else if (form.name == kTool1 || form.name == kTool2 || form.name == kTool3)
         window->setAttribute(Qt::WA_ShowWithoutActivating);
     forms_[form.name] = window;
-    window->setWindowTitle(ToQt(form.caption));
+    window->setWindowTitle(form.caption.empty() ? QStringLiteral("HAVUZ") : ToQt(form.caption));
     const std::string_view name = forms_.find(form.name)->first;
     window->closeAsked = [this, name] { handle([&] { CloseForm(name); }); };
     window->activated = [this, name] { handle([&] { activate(name); }); };
-    window->restored = [this, name] {
-        if (formState(name).minimised)
-            handle([&] { Restore(name); });
-    };
+    window->restored = [this, name] { handle([&] { Restore(name); }); };
     std::vector<PlacedField> fields;
     SurfaceView *view = nullptr;
     for (const Field &field : form.fields) {

@@ -23,10 +23,15 @@ public:
     QtWindow();
     ~QtWindow() override;
 
+    // The window is ready for a person, once the program has started.
+    void begin();
     // Lets a person work until the program ends; its status.
     int run();
     // Does what throws ProgramEnd when the program ends; the window takes note of it. False when it has ended.
     bool handle(const std::function<void()> &job);
+
+    bool ended() const { return ended_; }
+    int status() const { return status_; }
 
     QWidget *widget(Element element) const; // none: nullptr
     QWidget *formWidget(std::string_view form) const;
@@ -69,6 +74,7 @@ public:
     std::string AskSaveName(const SaveQuestion &question) override;
     void StartProgram(const std::string &program, const std::string &argument) override;
     void OpenHelp(const std::string &path) override;
+    void RememberProject(const std::string &path) override;
     void ServeEvents() override;
     void ReportError(const std::string &line) override;
     [[noreturn]] void EndProgram(int status) override;

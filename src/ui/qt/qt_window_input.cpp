@@ -34,10 +34,15 @@ bool QtWindow::handle(const std::function<void()> &job) {
     return !ended_;
 }
 
+// Without a focus of the state's own the keyboard is the surface's.
 void QtWindow::settle() {
     followFocus();
-    if (const auto scr = views_.find(kScr); scr != views_.end())
-        scr->second->update();
+    const auto scr = views_.find(kScr);
+    if (scr == views_.end())
+        return;
+    if (!focused() && main_->isActiveWindow())
+        scr->second->setFocus(Qt::OtherFocusReason);
+    scr->second->update();
 }
 
 // Widgets
@@ -247,7 +252,7 @@ bool QtWindow::eventFilter(QObject *object, QEvent *event) {
         const auto &key = static_cast<QKeyEvent &>(*event);
         const Element element = elementOf(at);
         if (const Element tool = ShortcutOf(key); !tool.name.empty() && formReachable(kMain)) {
-            handle([&] { Click(tool); });
+            handle([&] { ClickTool(tool); });
             return true;
         }
         const Qt::KeyboardModifiers held = key.modifiers() & ~Qt::KeypadModifier;

@@ -1,7 +1,9 @@
 // The platform around the forms: drawing surfaces, the pointer, the screen, files, programs, the end.
 #include "model/failure.h"
+#include "ui/help_page.h"
 #include "ui/kit/vek_form.h"
 #include "ui/qt/qt_window.h"
+#include "ui/qt/settings.h"
 #include "ui/qt/text.h"
 
 #include <QApplication>
@@ -101,7 +103,13 @@ void QtWindow::StartProgram(const std::string &program, const std::string &argum
 }
 
 void QtWindow::OpenHelp(const std::string &path) {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(path)));
+    const std::string page = HelpPage(path);
+    if (!page.empty())
+        QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(page)));
+}
+
+void QtWindow::RememberProject(const std::string &path) {
+    RememberRecentProject(ToQt(path));
 }
 
 void QtWindow::ServeEvents() {
