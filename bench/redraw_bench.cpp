@@ -1,8 +1,7 @@
 // Redraws of the fullest model there is, 5000 meshes on 5000 nodes, in the rotated mesh view on the raster surface of
 // 1024 x 768 pixels, and where their time goes: the drawing on a surface that paints nothing, then with one kind of
 // request painted at a time. The exchange sort stands beside the sort that the drawing uses.
-#include "model/options.h"
-#include "model/store.h"
+#include "full_model.h"
 #include "ui/qt/raster_surface.h"
 #include "view/mesh_drawing.h"
 #include "view/view_state.h"
@@ -16,36 +15,6 @@
 namespace havuz {
 
 namespace {
-
-constexpr int kAround = 100, kAcross = 50;
-
-// A ring-shaped tube: both ways round, so there are as many meshes as nodes.
-void MakeFullModel() {
-    ResetStore();
-    ResetView();
-    ViewAngleA = -140.0 / 180.0 * std::acos(-1.0);
-    ViewAngleB = 20.0 / 180.0 * std::acos(-1.0);
-    IsoView = 1;
-    PanelCount = 1;
-    PanelTable[1].Tip = 1;
-    const auto node = [](int i, int j) { return 1 + i % kAround * kAcross + j % kAcross; };
-    for (int i = 0; i < kAround; ++i)
-        for (int j = 0; j < kAcross; ++j) {
-            const double u = 2.0 * std::acos(-1.0) * i / kAround;
-            const double v = 2.0 * std::acos(-1.0) * j / kAcross;
-            NoktaRecord &n = NoktaTable[node(i, j)];
-            n.X = (20.0 + 5.0 * std::cos(v)) * std::cos(u);
-            n.Y = (20.0 + 5.0 * std::cos(v)) * std::sin(u);
-            n.Z = 5.0 * std::sin(v);
-            MeshRecord &m = MeshTable[node(i, j)];
-            m.N1 = node(i, j);
-            m.N2 = node(i + 1, j);
-            m.N3 = node(i + 1, j + 1);
-            m.N4 = node(i, j + 1);
-            m.PanelNo = 1;
-        }
-    NoktaCount = MeshCount = kAround * kAcross;
-}
 
 // Paints the requests of one kind and lets the others pass.
 enum Kind { Nothing, Polygons, Lines, Points, Circles, Texts };
@@ -90,6 +59,8 @@ private:
 };
 
 void BM_FullRedraw(benchmark::State &state) {
+    ResetStore();
+    ResetView();
     MakeFullModel();
     RasterSurface scr(1024, 768);
     TakeSurfaceSize(scr);
@@ -100,6 +71,8 @@ void BM_FullRedraw(benchmark::State &state) {
 
 void BM_FullRedrawPart(benchmark::State &state) {
     static const char *const names[] = {"arithmetic and sort alone", "polygons", "sides", "dots", "circles", "numbers"};
+    ResetStore();
+    ResetView();
     MakeFullModel();
     RasterSurface painted(1024, 768);
     TakeSurfaceSize(painted);
@@ -111,6 +84,8 @@ void BM_FullRedrawPart(benchmark::State &state) {
 }
 
 void BM_DragOutline(benchmark::State &state) {
+    ResetStore();
+    ResetView();
     MakeFullModel();
     RasterSurface scr(1024, 768);
     TakeSurfaceSize(scr);
@@ -119,6 +94,8 @@ void BM_DragOutline(benchmark::State &state) {
 }
 
 void BM_PictureAsPng(benchmark::State &state) {
+    ResetStore();
+    ResetView();
     MakeFullModel();
     RasterSurface scr(1024, 768);
     TakeSurfaceSize(scr);
@@ -130,6 +107,8 @@ void BM_PictureAsPng(benchmark::State &state) {
 
 // The quadratic sort that the drawing's order was first told with.
 void BM_ExchangeSort(benchmark::State &state) {
+    ResetStore();
+    ResetView();
     MakeFullModel();
     std::vector<std::pair<float, int>> keys;
     for (int i = 1; i <= MeshCount; ++i)

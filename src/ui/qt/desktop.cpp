@@ -5,6 +5,7 @@
 #include "ui/main_window.h"
 #include "ui/qt/qt_window.h"
 #include "ui/qt/text.h"
+#include "ui/recorder.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -14,6 +15,7 @@
 #include <QTranslator>
 #include <clocale>
 #include <cstdio>
+#include <fstream>
 
 namespace havuz {
 
@@ -43,6 +45,21 @@ static bool MakeWorkingDirectory(const std::string &executable) {
     }
 }
 
+// A record that cannot be written is told before any work, or when it is over.
+static int RunRecorded(QtWindow &window, const DesktopOptions &options) {
+    std::ofstream out(options.record, std::ios::binary);
+    int status = 1;
+    if (out) {
+        const Recorder recorder(window, out, options.project);
+        status = window.run();
+    }
+    if (!out) {
+        std::fprintf(stderr, "havuz: %s: cannot be written\n", options.record.c_str());
+        return 1;
+    }
+    return status;
+}
+
 int RunDesktop(int &argc, char **argv, const std::string &executable, const DesktopOptions &options) {
     QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C"); // Qt takes the locale of the system
@@ -56,7 +73,7 @@ int RunDesktop(int &argc, char **argv, const std::string &executable, const Desk
     if (!MakeWorkingDirectory(executable))
         return 1;
     window.handle([&] { main.Start(CommandLine(options.project)); });
-    return window.run();
+    return options.record.empty() ? window.run() : RunRecorded(window, options);
 }
 
 } // namespace havuz
