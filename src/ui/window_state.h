@@ -155,6 +155,7 @@ protected:
     Element own(Element element) const { return find(element).first; }
     // The form comes to the front: the one that was there loses its activation.
     void activate(std::string_view form);
+    std::string_view front() const { return stack_.empty() ? std::string_view() : stack_.back(); }
     // Tells the log of something that is no event.
     void note(const Act &act);
 

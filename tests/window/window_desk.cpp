@@ -7,9 +7,12 @@
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QListWidget>
+#include <QMenu>
 #include <QScreen>
 #include <QScrollBar>
+#include <QSettings>
 #include <QStyleOptionSlider>
+#include <QTimer>
 #include <algorithm>
 #include <cstdlib>
 
@@ -18,7 +21,7 @@ namespace havuz {
 static constexpr int kWhile = 3000, kQuiet = 40; // ms
 
 WindowDesk::Environment::Environment(const std::string &home) {
-    setenv("XDG_CONFIG_HOME", home.c_str(), 1);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, QString::fromStdString(home));
     setenv("XDG_RUNTIME_DIR", home.c_str(), 1);
     std::filesystem::permissions(home, std::filesystem::perms::owner_all);
     std::filesystem::current_path(home);
@@ -216,6 +219,17 @@ bool WindowDesk::close(std::string_view form) {
 void WindowDesk::hover(Element element) {
     const QPoint at = Middle(*window.widget(element));
     hand::MoveTo(at.x(), at.y());
+    settle();
+}
+
+// The menu serves events itself until an entry is chosen: the hand goes on from a timer.
+void WindowDesk::openRecent(int entry) {
+    QTimer::singleShot(200, [entry] {
+        const auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        if (menu != nullptr && entry < menu->actions().size())
+            ClickOnScreen(menu->mapToGlobal(menu->actionGeometry(menu->actions().at(entry)).center()));
+    });
+    ClickOnScreen(Middle(*window.recentButton()));
     settle();
 }
 

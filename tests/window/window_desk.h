@@ -51,6 +51,7 @@ public:
     bool scroll(Element bar, int value); // by pages and single steps
     bool close(std::string_view form);   // what a window manager sends when its button is clicked
     void hover(Element element);
+    void openRecent(int entry); // of the menu of recent projects
 
     // Serves events until it holds, up to a while.
     bool waitFor(const std::function<bool()> &holds);

@@ -131,6 +131,10 @@ QWidget *QtWindow::formWidget(std::string_view form) const {
     return made == forms_.end() ? nullptr : made->second;
 }
 
+QWidget *QtWindow::recentButton() const {
+    return recent_;
+}
+
 // Showing
 
 void QtWindow::show(Element element) {
@@ -301,8 +305,13 @@ void QtWindow::ShowForm(std::string_view form, Place place, Modality modality, b
 
 void QtWindow::HideForm(std::string_view form) {
     WindowState::HideForm(form);
-    if (QWidget *window = formWidget(form))
-        window->hide();
+    QWidget *window = formWidget(form);
+    if (window == nullptr)
+        return;
+    const bool active = window->isActiveWindow();
+    window->hide();
+    if (QWidget *next = formWidget(front()); active && next != nullptr)
+        next->activateWindow(); // also where no window manager does
 }
 
 Place QtWindow::FormPlace(std::string_view form) {

@@ -35,6 +35,7 @@ public:
 
     QWidget *widget(Element element) const; // none: nullptr
     QWidget *formWidget(std::string_view form) const;
+    QWidget *recentButton() const; // opens the menu of the recent projects
 
     // Window
     void MakeForm(const FormFields &form) override;
