@@ -197,6 +197,10 @@ TEST(Recorder, MovesThatLeaveSomethingBehindStay) {
     EXPECT_EQ(moves({230, 231, 232}), "230 232"); // the first is waited for
     desk.drag({230, 30});
     EXPECT_EQ(moves({230, 400, 430}), "230 430"); // the first ends the drag
+    desk.click(Check2(3));
+    desk.click(Check2(5));
+    PlateScale = 0.0;
+    EXPECT_EQ(moves({100, 200, 300}), "100 300"); // the first fails and ends the command
 }
 
 } // namespace havuz

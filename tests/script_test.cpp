@@ -274,7 +274,8 @@ int Moves(const std::string &script) {
 
 } // namespace
 
-// What the record leaves out of the pointer's way changes neither the model nor the picture.
+// What the record leaves out of the pointer's way changes neither the model nor the picture. Of sixty ways these two
+// tell most of what may be left out.
 TEST(Script, AWanderingPointerIsPlayedAgain) {
     const struct {
         const char *begin, *tools;
@@ -283,7 +284,7 @@ TEST(Script, AWanderingPointerIsPlayedAgain) {
                   {"click \"plak/mesh\"\n", "Check2", {2, 3, 4}},
                   {"click \"izometrik gorunus\"\n", "Check1", {2, 3, 4}}};
     for (const auto &group : groups)
-        for (unsigned seed = 1; seed <= 2; ++seed) {
+        for (const unsigned seed : {28U, 38U}) {
             SCOPED_TRACE(testing::Message() << group.begin << seed);
             const TemporaryFolder folder;
             fs::copy_file(kExamples / "sample_pool.POL", folder.file("P.POL"));
