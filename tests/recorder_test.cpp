@@ -199,7 +199,7 @@ TEST(Recorder, MovesThatLeaveSomethingBehindStay) {
     EXPECT_EQ(moves({230, 400, 430}), "230 430"); // the first ends the drag
     desk.click(Check2(3));
     desk.click(Check2(5));
-    PlateScale = 0.0;
+    PlateScale = AnchorX = AnchorY = 0.0;
     EXPECT_EQ(moves({100, 200, 300}), "100 300"); // the first fails and ends the command
 }
 
