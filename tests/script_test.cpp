@@ -175,6 +175,30 @@ TEST(Script, WordsQuotesAndComments) {
     EXPECT_EQ(said.out, "ZOOM WINDOW ICIN 1. NOKTAYI SECIN\n2 \"#\n");
 }
 
+// The acts of a desktop that no example has, and their record word by word.
+TEST(Script, CaretSizeAndDroppedProjects) {
+    const TemporaryFolder folder;
+    fs::copy_file(kExamples / "sample_pool.POL", folder.file("P.POL"));
+    const std::string acts =
+        "surface 700 500\nopen P.POL\nclick MAIN ChkButton 6\nfield KOORBIL X 0 12,5\nselect KOORBIL X 0 1 0\n"
+        "key KOORBIL X 0 Left\n";
+    const Ended ended = PlayText(folder,
+                                 acts + "expect focus \"KOORBIL X 0\"\nkey Left\nkey Right\nkey Right\n"
+                                        "expect focus \"KOORBIL X 0\"\nexpect count nodes 194\npicture S.png\n",
+                                 "--record record.txt");
+    EXPECT_EQ(ended.status, 0) << ended.error;
+    const std::string png = ReadBytes(folder.file("S.png"));
+    ASSERT_GT(png.size(), 24U);
+    EXPECT_EQ(png.substr(16, 8), std::string("\0\0\2\xBC\0\0\1\xF4", 8)); // width and height
+    EXPECT_EQ(ReadBytes(folder.file("record.txt")).rfind("# no project\nsurface 1010 600\n" + acts, 0), 0U)
+        << ReadBytes(folder.file("record.txt"));
+    EXPECT_EQ(PlayText(folder, "surface 0 10\n").status, 1);
+    EXPECT_EQ(PlayText(folder, "select ChkButton 1 0 0\n").status, 1);
+    const Ended unwritten = PlayText(folder, "print state\n", "--record no/such/record.txt");
+    EXPECT_EQ(unwritten.status, 1);
+    EXPECT_EQ(unwritten.out, ""); // not played
+}
+
 // Text that is no number reads as 0; a number that no field can hold ends the program.
 TEST(Script, AFailureInsideAHandlerLeavesTheModel) {
     const TemporaryFolder folder;
