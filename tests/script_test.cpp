@@ -55,23 +55,6 @@ std::string TestName(const testing::TestParamInfo<std::string> &example) {
 
 class ScriptExample : public testing::TestWithParam<std::string> {};
 
-// A script that works on a project says so in its first line: "# project NAME.POL", one of the sample projects.
-TEST_P(ScriptExample, RunsToItsEnd) {
-    const TemporaryFolder folder;
-    const std::string script = (kExamples / "scripts" / (GetParam() + ".txt")).string();
-    const std::string text = ReadBytes(script), mark = "# project ";
-    std::string options;
-    if (text.rfind(mark, 0) == 0) {
-        const std::string project = text.substr(mark.size(), text.find('\n') - mark.size());
-        fs::copy_file(kExamples / project, folder.file(project));
-        options = "--project " + project;
-    }
-    const Ended ended = Play(folder, script, options);
-    EXPECT_EQ(ended.status, 0) << ended.error;
-    EXPECT_EQ(ended.error, "");
-    EXPECT_NE(text.find("\nexpect "), std::string::npos) << "an example tells what is to be seen";
-}
-
 // What two folders hold, but for pictures and for the path of the folder itself.
 std::map<std::string, std::string> Files(const TemporaryFolder &folder) {
     std::map<std::string, std::string> files;
@@ -85,8 +68,9 @@ std::map<std::string, std::string> Files(const TemporaryFolder &folder) {
     return files;
 }
 
-// A script's record leaves the same files, the model among them, when it is played again.
-TEST_P(ScriptExample, IsPlayedAgainFromItsRecord) {
+// A script that works on a project says so in its first line: "# project NAME.POL", one of the sample projects. Its
+// record leaves the same files, the model among them, when it is played again.
+TEST_P(ScriptExample, RunsToItsEndAndIsPlayedAgain) {
     const TemporaryFolder scripts, first, second;
     std::string text = ReadBytes((kExamples / "scripts" / (GetParam() + ".txt")).string()), options;
     const std::string mark = "# project ";
@@ -102,6 +86,8 @@ TEST_P(ScriptExample, IsPlayedAgainFromItsRecord) {
     const std::string record = scripts.file("record.txt");
     const Ended ended = Play(first, scripts.file("s.txt"), options + " --record " + record);
     EXPECT_EQ(ended.status, 0) << ended.error;
+    EXPECT_EQ(ended.error, "");
+    EXPECT_NE(text.find("\nexpect "), std::string::npos) << "an example tells what is to be seen";
     WriteBytes(first.file("out"), ""); // only the script asks
     const Ended again = Play(second, record, options);
     EXPECT_EQ(again.status, 0) << again.error << ReadBytes(record);
