@@ -97,7 +97,9 @@ TEST(Material, ConfirmingStoresAndTheOtherWaysOutDoNot) {
         EXPECT_TRUE(desk.window.Checked(Of("donsec", "Cap", 2))); // 8 mm
         EXPECT_EQ(desk.window.state(Of("donsec", "Cap", 2)).picture, 1);
         desk.click(Of("donsec", "Cap", 2));
-        desk.click(Of("donsec", "Cap", 12));
+        EXPECT_EQ(desk.window.state(Of("donsec", "Cap", 1)).label, "6");
+        EXPECT_EQ(desk.window.state(Of("donsec", "Cap", 13)).label, "30");
+        desk.click(Of("donsec", "Cap", 13));
         EXPECT_EQ(desk.window.state(Of("donsec", "Cap", 2)).picture, 0);
         desk.click(Of("donsec", "Yuk", 3));
         EXPECT_TRUE(desk.window.Checked(Of("donsec", "Yontem", 0)));
@@ -117,7 +119,7 @@ TEST(Material, ConfirmingStoresAndTheOtherWaysOutDoNot) {
     desk.click(Of("donsec", "Tamam"));
     EXPECT_EQ(DonatiCaplari[1], 10);
     EXPECT_EQ(DonatiCaplari[2], 12);
-    EXPECT_EQ(DonatiCaplari[3], 28);
+    EXPECT_EQ(DonatiCaplari[3], 30);
     EXPECT_EQ(DonatiCaplari[4], 0);
     EXPECT_EQ(HesapYontem, 0);
     EXPECT_EQ(YukDurum[2], 1);

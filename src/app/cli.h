@@ -1,5 +1,5 @@
-// The command line of havuz-cli: each command is one row of the table in main_cli.cpp and one file of src/app. A command
-// adds its own options to the parser and leaves its job.
+// The command line of havuz-cli: each command is one row of the table in main_cli.cpp and one file of src/app. A
+// command adds its own options to the parser and leaves its job.
 #pragma once
 
 #include <CLI/CLI.hpp>

@@ -1,5 +1,5 @@
-// Values of the model by name, as the command line takes them: NAME=VALUE, with the name of a parameter or of a field of
-// one record, such as Lx, YukDurum(2), Mesnet(17), KenarMesnet(3,1).
+// Values of the model by name, as the command line takes them: NAME=VALUE, with the name of a parameter or of a field
+// of one record, such as Lx, YukDurum(2), Mesnet(17), KenarMesnet(3,1).
 #pragma once
 
 #include <string>
@@ -20,8 +20,8 @@ Assignment ParseAssignment(const std::string &text);
 // those of the store. A name that is none of these is refused by false; a value that is no number is UsageError.
 bool SetParameter(const Assignment &a);
 
-// Fields of nodes, point loads, meshes, panels and plates in use, beside the parameters. A record outside the table's count
-// is Subscript; a name that is nothing of the model is UsageError.
+// Fields of nodes, point loads, meshes, panels and plates in use, beside the parameters. A record outside the table's
+// count is Subscript; a name that is nothing of the model is UsageError.
 void SetModelValue(const Assignment &a);
 
 // The value of such a name, NAME or NAME(places), as text. Failures as above.

@@ -37,9 +37,7 @@ void AddPoolCommand(CLI::App &parser, Job &job) {
         ->type_name("NAME=VALUE")
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    command->callback([o, &job] {
-        job = {o->out, [o] { MakePool(o->kind == "circular", o->out, o->settings); }};
-    });
+    command->callback([o, &job] { job = {o->out, [o] { MakePool(o->kind == "circular", o->out, o->settings); }}; });
 }
 
 } // namespace havuz

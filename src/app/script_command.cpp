@@ -60,7 +60,7 @@ void Script(const ScriptOptions &o) {
     const std::vector<ScriptLine> lines = SplitScript(o.file, ReadWholeFile(o.file));
     if (!o.project.empty() && !IsProjectFile(o.project))
         throw UsageError("--project: \"" + o.project + "\" is no .POL file");
-    Stage stage(OwnProgram());
+    HeadlessStage stage(OwnProgram());
     Start(stage, o.project);
     if (o.record.empty())
         PlayScript(stage, o.file, lines);

@@ -13,11 +13,10 @@
 
 namespace havuz {
 
-std::string LastError(const Stage &stage, const std::string &otherwise) {
-    const std::string head = "havuz: ";
-    if (stage.window.errors.empty())
+std::string LastError(Stage &stage, const std::string &otherwise) {
+    const std::string head = "havuz: ", line = stage.LastErrorLine();
+    if (line.empty())
         return otherwise;
-    const std::string &line = stage.window.errors.back();
     return line.rfind(head, 0) == 0 ? line.substr(head.size()) : line;
 }
 
@@ -36,7 +35,7 @@ void RequireReach(const Stage &stage, Element element) {
 
 void ClickReached(Stage &stage, Element element) {
     RequireReach(stage, element);
-    Require(stage.window.Click(element), Named(element) + " went out of reach as the last element lost the focus");
+    Require(stage.person.Click(element), Named(element) + " went out of reach as the last element lost the focus");
 }
 
 void Click(Stage &stage, Words words) {
@@ -49,7 +48,7 @@ void Hover(Stage &stage, Words words) {
     const Element element = TakeElement(stage, words);
     words.done();
     RequireReach(stage, element);
-    stage.window.Hover(element);
+    stage.person.Hover(element);
 }
 
 void TypeField(Stage &stage, Words words) {
@@ -57,7 +56,7 @@ void TypeField(Stage &stage, Words words) {
     const std::string text = words.take("TEXT");
     words.done();
     RequireReach(stage, element);
-    Require(stage.window.Type(element, text), Named(element) + " is no text box");
+    Require(stage.person.Type(element, text), Named(element) + " is no text box");
 }
 
 void SelectText(Stage &stage, Words words) {
@@ -65,7 +64,20 @@ void SelectText(Stage &stage, Words words) {
     const int start = words.takeWhole("START"), length = words.takeWhole("LENGTH");
     words.done();
     RequireReach(stage, element);
-    Require(stage.window.Select(element, start, length), Named(element) + " is no text box");
+    Require(stage.person.Select(element, start, length), Named(element) + " is no text box");
+}
+
+void FocusElement(Stage &stage, Words words) {
+    const Element element = TakeElement(stage, words);
+    words.done();
+    RequireReach(stage, element);
+    stage.person.GoTo(element);
+}
+
+void RestoreForm(Stage &stage, Words words) {
+    const std::string form = TakeForm(stage, words);
+    words.done();
+    Require(stage.person.Restore(form), form + " is not minimised");
 }
 
 void Check(Stage &stage, Words words) {
@@ -92,9 +104,9 @@ void PressKey(Stage &stage, Words words) {
         const Element element = TakeElement(stage, words);
         words.done();
         RequireReach(stage, element);
-        stage.window.Focus(element);
+        stage.person.GoTo(element);
     }
-    Require(stage.window.Press(key), "no element has the focus");
+    Require(stage.person.Press(key), "no element has the focus");
 }
 
 int ItemOf(const WindowState::ElementState &list, const std::string &item) {
@@ -109,7 +121,7 @@ void Choose(Stage &stage, Words words) {
     const std::string item = words.take("ITEM");
     words.done();
     RequireReach(stage, list);
-    Require(stage.window.Choose(list, ItemOf(stage.window.state(list), item)),
+    Require(stage.person.Choose(list, ItemOf(stage.window.state(list), item)),
             Named(list) + " has no item \"" + item + "\"");
 }
 
@@ -119,7 +131,7 @@ void Scroll(Stage &stage, Words words) {
     words.done();
     const Element bar = OnlyElement(stage, form, FieldKind::ScrollBar);
     RequireReach(stage, bar);
-    Require(stage.window.Scroll(bar, value), Named(bar) + " does not go to " + std::to_string(value));
+    Require(stage.person.Scroll(bar, value), Named(bar) + " does not go to " + std::to_string(value));
 }
 
 void Option(Stage &stage, Words words) {
@@ -151,7 +163,7 @@ void PickRow(Stage &stage, Words words) {
 void Close(Stage &stage, Words words) {
     const std::string form = TakeForm(stage, words);
     words.done();
-    Require(stage.window.CloseForm(form), form + " cannot be reached");
+    Require(stage.person.CloseForm(form), form + " cannot be reached");
 }
 
 // Pointer
@@ -222,17 +234,17 @@ PointerWords TakePointer(const Stage &stage, Words &words, bool needsButton) {
 
 void PressPointer(Stage &stage, Words words) {
     const PointerWords p = TakePointer(stage, words, true);
-    stage.window.PressAt(p.surface, p.button, p.place.x, p.place.y);
+    stage.person.PressAt(p.surface, p.button, p.place.x, p.place.y);
 }
 
 void MovePointer(Stage &stage, Words words) {
     const PointerWords p = TakePointer(stage, words, false);
-    stage.window.MoveTo(p.surface, p.button, p.place.x, p.place.y);
+    stage.person.MoveTo(p.surface, p.button, p.place.x, p.place.y);
 }
 
 void ReleasePointer(Stage &stage, Words words) {
     const PointerWords p = TakePointer(stage, words, true);
-    stage.window.ReleaseAt(p.surface, p.button, p.place.x, p.place.y);
+    stage.person.ReleaseAt(p.surface, p.button, p.place.x, p.place.y);
 }
 
 void TurnWheel(Stage &stage, Words words) {
@@ -240,7 +252,7 @@ void TurnWheel(Stage &stage, Words words) {
     const int steps = words.takeWhole("STEPS");
     const ScreenPoint place = TakePlace(words);
     RequireReach(stage, surface);
-    stage.window.TurnWheel(surface, steps, place.x, place.y);
+    stage.person.TurnWheel(surface, steps, place.x, place.y);
 }
 
 void Pan(Stage &stage, Words words) {
@@ -248,14 +260,13 @@ void Pan(Stage &stage, Words words) {
     const double dx = words.takeNumber("DX"), dy = words.takeNumber("DY");
     words.done();
     RequireReach(stage, surface);
-    stage.window.PanBy(surface, dx, dy);
+    stage.person.PanBy(surface, dx, dy);
 }
 
 void ResizeSurface(Stage &stage, Words words) {
     const int width = words.takeWhole("W"), height = words.takeWhole("H");
     words.done();
-    stage.scr.resize(width, height);
-    stage.window.TakeSize(width, height);
+    stage.Resize(width, height);
 }
 
 // The rest
@@ -264,25 +275,25 @@ void Timer(Stage &stage, Words words) {
     const int times = words.empty() ? 1 : words.takeWhole("TIMES");
     words.done();
     for (int i = 0; i < times; ++i)
-        stage.window.Tick();
+        stage.person.Tick();
 }
 
 void AnswerDialog(Stage &stage, Words words) {
     const std::string path = words.take("PATH");
     words.done();
-    stage.window.saveNames.push_back(path.empty() ? "" : ScriptPath(path));
+    stage.Answer(path.empty() ? "" : ScriptPath(path));
 }
 
 void OpenProject(Stage &stage, Words words) {
     const std::string path = ScriptPath(words.take("FILE.POL"));
     words.done();
-    Require(stage.window.OpenFile(path), "the main window cannot be reached");
+    Require(stage.person.OpenFile(path), "the main window cannot be reached");
 }
 
 void SavePicture(Stage &stage, Words words) {
     const std::string path = ScriptPath(words.take("PATH"));
     words.done();
-    WriteWholeFile(path, stage.scr.png());
+    WriteWholeFile(path, stage.Png());
 }
 
 void Save(Stage &stage, Words words) {
@@ -307,6 +318,7 @@ constexpr VerbRow kVerbs[] = {
     {"hover", "[FORM] NAME [INDEX]", Hover, false},
     {"field", "[FORM] NAME [INDEX] TEXT", TypeField, false},
     {"select", "[FORM] NAME [INDEX] START LENGTH", SelectText, false},
+    {"focus", "[FORM] NAME [INDEX]", FocusElement, false},
     {"check", "[FORM] NAME [INDEX] on|off", Check, false},
     {"option", "[FORM] NAME [INDEX]", Option, false},
     {"page", "FORM PAGE", Page, false},
@@ -315,6 +327,7 @@ constexpr VerbRow kVerbs[] = {
     {"key", "[[FORM] NAME [INDEX]] KEY", PressKey, false},
     {"scroll", "FORM VALUE", Scroll, false},
     {"close", "FORM", Close, false},
+    {"restore", "FORM", RestoreForm, false},
     {"press", "[FORM] left|right|middle PLACE", PressPointer, false},
     {"move", "[FORM] [left|right|middle] PLACE", MovePointer, false},
     {"release", "[FORM] left|right|middle PLACE", ReleasePointer, false},
@@ -395,7 +408,10 @@ private:
         }
     }
 
-    std::string lastError() const { return stage_.window.errors.empty() ? "by itself" : stage_.window.errors.back(); }
+    std::string lastError() {
+        const std::string line = stage_.LastErrorLine();
+        return line.empty() ? "by itself" : line;
+    }
 
     Stage &stage_;
     std::string file_;

@@ -14,6 +14,6 @@ namespace havuz {
 void PlayScript(Stage &stage, const std::string &file, const std::vector<ScriptLine> &lines);
 
 // What the program said last on standard error, without its own name in front.
-std::string LastError(const Stage &stage, const std::string &otherwise);
+std::string LastError(Stage &stage, const std::string &otherwise);
 
 } // namespace havuz

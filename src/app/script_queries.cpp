@@ -112,10 +112,8 @@ std::string LastPart(const std::string &path) {
 
 // The names alone: where the program stands and where the project lies is another matter on each machine.
 std::string AskStarted(Stage &stage, Words & /*words*/) {
-    if (stage.window.started.empty())
-        return "";
-    const HeadlessWindow::Started &last = stage.window.started.back();
-    return LastPart(last.program) + " " + LastPart(last.argument);
+    const auto last = stage.LastStarted();
+    return last ? LastPart(last->program) + " " + LastPart(last->argument) : "";
 }
 
 std::string AskFile(Stage & /*stage*/, Words &words) {

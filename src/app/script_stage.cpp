@@ -53,6 +53,17 @@ bool InSight(const Stage &stage, Element element) {
 
 } // namespace
 
+void HeadlessStage::Resize(int width, int height) {
+    scr.resize(width, height);
+    headless.TakeSize(width, height);
+}
+
+std::optional<Stage::Started> HeadlessStage::LastStarted() {
+    if (headless.started.empty())
+        return {};
+    return Started{headless.started.back().program, headless.started.back().argument};
+}
+
 std::string Named(Element element) {
     return std::string(element.form) + " " + std::string(element.name) + " " + std::to_string(element.index);
 }

@@ -1,5 +1,5 @@
-// What a script plays on: the whole program on a window without a platform, drawn as a picture. Elements of its forms
-// are found from words.
+// What a script plays on: the whole program in a window, and a person at it. Elements of its forms are found from
+// words.
 #pragma once
 
 #include "app/script_lines.h"
@@ -8,6 +8,7 @@
 #include "ui/qt/raster_surface.h"
 #include "ui/recorder.h"
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -19,12 +20,43 @@ class ScriptFailure : public std::runtime_error {
 };
 
 struct Stage {
-    explicit Stage(const std::string &executable) : main(window, executable) {}
+    struct Started {
+        std::string program, argument;
+    };
+    Stage(WindowState &state, Person &hands, MainWindow &program) : window(state), person(hands), main(program) {}
+    virtual ~Stage() = default;
+
+    WindowState &window;
+    Person &person;
+    MainWindow &main;
+    Recorder *recorder = nullptr; // where one listens
+
+    virtual void Resize(int width, int height) = 0;   // SCR
+    virtual std::string Png() = 0;                    // SCR as it is now
+    virtual void Answer(const std::string &path) = 0; // what the next file dialog gets
+    virtual std::optional<Started> LastStarted() = 0; // program
+    virtual std::string LastErrorLine() = 0;          // "" for none
+};
+
+// On a window without a platform.
+struct HeadlessProgram {
+    explicit HeadlessProgram(const std::string &executable) : program(headless, executable) {}
 
     RasterSurface scr{1010, 600}; // pixels, on a screen of 1024 x 768
-    HeadlessWindow window{scr};
-    MainWindow main;
-    Recorder *recorder = nullptr; // where one listens
+    HeadlessWindow headless{scr};
+    MainWindow program;
+};
+
+class HeadlessStage : private HeadlessProgram, public Stage {
+public:
+    explicit HeadlessStage(const std::string &executable)
+        : HeadlessProgram(executable), Stage(headless, headless, program) {}
+
+    void Resize(int width, int height) override;
+    std::string Png() override { return scr.png(); }
+    void Answer(const std::string &path) override { headless.saveNames.push_back(path); }
+    std::optional<Started> LastStarted() override;
+    std::string LastErrorLine() override { return headless.errors.empty() ? "" : headless.errors.back(); }
 };
 
 // [FORM] NAME [INDEX]: without a form the main one. NAME is the element's name, or what stands on or beside it, or its

@@ -16,6 +16,7 @@ constexpr int kDiameters = 13;
 constexpr int kStrengths = 5;
 constexpr int kUsualConcrete = 3, kUsualSteel = 1; // entries taken for a strength that the table lacks
 
+// Buttons are numbered from 1: 6 mm to 30 mm.
 constexpr int Diameter(int button) {
     return 2 * button + 4;
 }
@@ -23,7 +24,7 @@ constexpr int Diameter(int button) {
 // The button of a diameter. One that no button has is Subscript.
 int DiameterButton(double diameter) {
     const double button = std::nearbyint((diameter - 4.0) / 2.0);
-    if (!(button >= 0.0 && button < kDiameters))
+    if (!(button >= 1.0 && button <= kDiameters))
         throw RuntimeFailure(Subscript, "no button for the bar diameter " + NumberText(diameter));
     return static_cast<int>(button);
 }
@@ -58,7 +59,7 @@ public:
                           .column = 1});
         fields.push_back({.kind = FieldKind::List, .name = "Beton", .label = "Beton", .row = 4});
         fields.push_back({.kind = FieldKind::List, .name = "Celik", .label = "Celik", .row = 4, .column = 1});
-        for (int button = 0; button < kDiameters; ++button)
+        for (int button = 1; button <= kDiameters; ++button)
             fields.push_back({.kind = FieldKind::Toggle,
                               .name = "Cap",
                               .index = button,
@@ -98,12 +99,12 @@ private:
     void showTick(int button) { window.SetPicture(at("Cap", button), checked("Cap", button) ? 1 : 0); }
 
     void showDiameters() {
-        for (int button = 0; button < kDiameters; ++button)
+        for (int button = 1; button <= kDiameters; ++button)
             setChecked("Cap", button, false);
         for (int i = 1; i <= kDiameters; ++i)
             if (DonatiCaplari[i] > 0.0)
                 setChecked("Cap", DiameterButton(DonatiCaplari[i]), true);
-        for (int button = 0; button < kDiameters; ++button)
+        for (int button = 1; button <= kDiameters; ++button)
             showTick(button);
     }
 
@@ -128,7 +129,7 @@ private:
     void takeDiameters() {
         DonatiCaplari = {};
         int taken = 0;
-        for (int button = 0; button < kDiameters; ++button)
+        for (int button = 1; button <= kDiameters; ++button)
             if (checked("Cap", button))
                 DonatiCaplari[++taken] = Diameter(button);
     }

@@ -109,6 +109,8 @@ std::string Recorder::lineOf(const Act &act) const {
     case Act::Select:
         return "select" + elementWords(act.element) + " " + std::to_string(act.first) + " " +
                std::to_string(act.second);
+    case Act::GoTo:
+        return "focus" + elementWords(act.element);
     case Act::Press:
         return "key" + elementWords(act.element) + " " + KeyWord(act.key);
     case Act::Choose:
@@ -133,6 +135,8 @@ std::string Recorder::lineOf(const Act &act) const {
         return "open " + PathWord(act.text);
     case Act::CloseForm:
         return "close " + std::string(act.element.form);
+    case Act::Restore:
+        return "restore " + std::string(act.element.form);
     case Act::Answer:
         return "answer " + PathWord(act.text);
     case Act::Tick:

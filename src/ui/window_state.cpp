@@ -268,6 +268,14 @@ void WindowState::pressLeft(Element element, Key key) {
         SelectText(element, std::max(s.caret - 1, 0), 0);
 }
 
+bool WindowState::GoTo(Element element) {
+    if (!reachable(element) || focus_ == element)
+        return false;
+    const Element next = own(element);
+    act({.kind = Act::GoTo, .element = next}, [&] { Focus(next); });
+    return true;
+}
+
 bool WindowState::Press(Key key) {
     if (!focus_ || !reachable(*focus_))
         return false;
@@ -369,6 +377,14 @@ bool WindowState::CloseForm(std::string_view form) {
         return false;
     const std::string_view name = forms_.find(form)->first;
     act({.kind = Act::CloseForm, .element = {name, {}, 0}}, [&] { events_->OnClose(name); });
+    return true;
+}
+
+bool WindowState::Restore(std::string_view form) {
+    if (!formState(form).minimised)
+        return false;
+    const std::string_view name = forms_.find(form)->first;
+    act({.kind = Act::Restore, .element = {name, {}, 0}}, [&] { at(name).minimised = false; });
     return true;
 }
 

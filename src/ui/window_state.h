@@ -3,6 +3,7 @@
 // effect on the state and tells the events in their order. A platform shows the state; a test or a script reads it.
 #pragma once
 
+#include "ui/person.h"
 #include "ui/window.h"
 
 #include <map>
@@ -19,6 +20,7 @@ struct Act {
         Click,
         Type,   // text: what the box holds afterwards
         Select, // first, second: start and length of the selection
+        GoTo,   // the keyboard focus, by mouse or by the tab key
         Press,  // key
         Choose, // first: item
         Scroll, // first: value
@@ -31,11 +33,12 @@ struct Act {
         Resize,         // of SCR; first, second: width, height
         Open,           // text: path of a project
         CloseForm,
+        Restore, // a form that was minimised
         Tick,
         Answer // text: what a file dialog gave
     };
     Kind kind = Click;
-    Element element; // of CloseForm: the form alone
+    Element element; // of CloseForm and Restore: the form alone
     std::string text = {};
     int first = 0, second = 0;
     double x = 0.0, y = 0.0;
@@ -53,7 +56,7 @@ public:
 // The button that Enter presses where the form leaves the key alone.
 inline constexpr std::string_view kConfirmButton = "Tamam";
 
-class WindowState : public Window {
+class WindowState : public Window, public Person {
 public:
     struct ElementState {
         FieldKind kind = FieldKind::Label;
@@ -79,24 +82,26 @@ public:
 
     void SetLog(ActLog *log) { log_ = log; }
 
-    // What a person does. False, with nothing done, when it cannot be reached: hidden, disabled, behind a modal form.
-    bool Click(Element element);                     // turns a toggle, a check box or an option first
-    bool ClickTool(Element tool);                    // by its key: one that is still down comes up first
-    bool Type(Element box, const std::string &text); // replaces what the box holds
-    bool Select(Element box, int start, int length); // by mouse or by a key that moves the caret
-    bool Press(Key key);                             // to the element with the focus
-    bool Choose(Element list, int item);
-    bool Scroll(Element bar, int value);
-    bool Hover(Element element);
-    bool PressAt(Element surface, int button, double x, double y);
-    bool MoveTo(Element surface, int buttonsHeld, double x, double y);
-    bool ReleaseAt(Element surface, int button, double x, double y);
-    bool TurnWheel(Element surface, int steps, double x, double y);
-    bool PanBy(Element surface, double dx, double dy);
-    bool OpenFile(const std::string &path); // dropped on the main window, or one of the recent projects
-    bool CloseForm(std::string_view form);
+    // What a person does.
+    bool Click(Element element) override;
+    bool ClickTool(Element tool); // by its key: one that is still down comes up first
+    bool Type(Element box, const std::string &text) override;
+    bool Select(Element box, int start, int length) override;
+    bool GoTo(Element element) override;
+    bool Press(Key key) override;
+    bool Choose(Element list, int item) override;
+    bool Scroll(Element bar, int value) override;
+    bool Hover(Element element) override;
+    bool PressAt(Element surface, int button, double x, double y) override;
+    bool MoveTo(Element surface, int buttonsHeld, double x, double y) override;
+    bool ReleaseAt(Element surface, int button, double x, double y) override;
+    bool TurnWheel(Element surface, int steps, double x, double y) override;
+    bool PanBy(Element surface, double dx, double dy) override;
+    bool OpenFile(const std::string &path) override;
+    bool CloseForm(std::string_view form) override;
+    bool Restore(std::string_view form) override;
+    void Tick() override;
     void TakeSize(int width, int height); // of SCR, after it changed
-    void Tick();                          // the 100 ms timer
 
     // What it shows. An element that was never made is Subscript.
     const ElementState &state(Element element) const;

@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QVarLengthArray>
 #include <algorithm>
+#include <cmath>
 
 namespace havuz {
 
@@ -16,6 +17,8 @@ static QRgb Opaque(Colour colour) {
 }
 
 struct RasterSurface::Painting {
+    int width, height;
+    double scale;
     QImage image;
     QPainter painter; // open as long as the image: goes first
     // what the painter holds now, to tell it only what changes
@@ -25,7 +28,14 @@ struct RasterSurface::Painting {
     FillStyle brushStyle = FillStyle::None;
     int penWidth = 0;
 
-    Painting(int width, int height) : image(width, height, QImage::Format_RGB32) {}
+    Painting(int w, int h, double s)
+        : width(w), height(h), scale(s), image(toPicture(w), toPicture(h), QImage::Format_RGB32) {
+        if (image.isNull())
+            FailOverflow("a picture of " + std::to_string(w) + "x" + std::to_string(h) + " pixels");
+        painter.begin(&image);
+        painter.scale(scale, scale);
+    }
+    int toPicture(int pixel) const { return static_cast<int>(std::lround(pixel * scale)); }
     void takeMode(const PenState &pen);
     void takePen(const PenState &pen, Colour colour);
     void takeBrush(const PenState &pen);
@@ -50,7 +60,8 @@ void RasterSurface::Painting::takePen(const PenState &pen, Colour colour) {
     penColour = colour;
     penStyle = pen.lineStyle;
     // one pixel as the thinnest pen there is, which the painter draws fastest
-    painter.setPen(QPen(QColor(Opaque(colour)), penWidth > 1 ? penWidth : 0, styles[static_cast<int>(penStyle)]));
+    painter.setPen(
+        QPen(QColor(Opaque(colour)), penWidth > 1 || scale > 1.0 ? penWidth : 0, styles[static_cast<int>(penStyle)]));
 }
 
 void RasterSurface::Painting::takeBrush(const PenState &pen) {
@@ -66,31 +77,29 @@ void RasterSurface::Painting::takeBrush(const PenState &pen) {
 }
 
 void RasterSurface::Painting::put(int x, int y, Colour colour) {
-    if (image.valid(x, y))
-        reinterpret_cast<QRgb *>(image.scanLine(y))[x] = Opaque(colour);
+    for (int row = toPicture(y); row < toPicture(y + 1); ++row)
+        for (int column = toPicture(x); column < toPicture(x + 1); ++column)
+            if (image.valid(column, row))
+                reinterpret_cast<QRgb *>(image.scanLine(row))[column] = Opaque(colour);
 }
 
-RasterSurface::RasterSurface(int width, int height) {
-    RasterSurface::resize(width, height);
+RasterSurface::RasterSurface(int width, int height, double scale) {
+    resize(width, height, scale);
 }
 
-void RasterSurface::resize(int width, int height) {
-    auto painting = std::make_unique<Painting>(width, height);
-    if (painting->image.isNull())
-        FailOverflow("a picture of " + std::to_string(width) + "x" + std::to_string(height) + " pixels");
-    painting->painter.begin(&painting->image);
-    painting_ = std::move(painting);
+void RasterSurface::resize(int width, int height, double scale) {
+    painting_ = std::make_unique<Painting>(width, height, scale);
     RasterSurface::Clear();
 }
 
 RasterSurface::~RasterSurface() = default;
 
 int RasterSurface::width() const {
-    return painting_->image.width();
+    return painting_->width;
 }
 
 int RasterSurface::height() const {
-    return painting_->image.height();
+    return painting_->height;
 }
 
 const QImage &RasterSurface::image() const {
@@ -133,7 +142,8 @@ void RasterSurface::Circle(int x, int y, int radius, Colour colour) {
 
 Colour RasterSurface::ReadPoint(int x, int y) {
     const QImage &image = painting_->image;
-    return image.valid(x, y) ? Colour{image.pixel(x, y) & 0xFFFFFFU} : kBackground;
+    const QPoint at(painting_->toPicture(x), painting_->toPicture(y));
+    return image.valid(at) ? Colour{image.pixel(at) & 0xFFFFFFU} : kBackground;
 }
 
 void RasterSurface::Polygon(std::span<const Pixel> points) {
@@ -148,6 +158,14 @@ void RasterSurface::Polygon(std::span<const Pixel> points) {
 // Two pixels stay free at the left, as most labels stand on a line that would run into their first digit.
 void RasterSurface::Text(int x, int y, const std::string &text) {
     ForEachTextPixel(text, [&](int column, int row) { painting_->put(x + 2 + column, y + row, pen.colour); });
+}
+
+void RasterSurface::drawScaled(const QImage &picture) {
+    painting_->mode = DrawMode::Copy;
+    painting_->painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painting_->painter.drawImage(
+        QRectF(0, 0, width(), height()),
+        picture.scaled(painting_->image.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
 }
 
 std::string RasterSurface::png() const {

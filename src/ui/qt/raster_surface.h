@@ -14,11 +14,13 @@ namespace havuz {
 
 class RasterSurface : public Surface {
 public:
-    // width, height in pixels, above 0. A picture that memory cannot hold is Overflow.
-    RasterSurface(int width, int height);
+    // width, height in pixels of the drawing, above 0; scale: pixels of the picture to one of these, for screens that
+    // have more of them. A picture that memory cannot hold is Overflow.
+    RasterSurface(int width, int height, double scale = 1.0);
     ~RasterSurface() override;
 
-    void resize(int width, int height); // and clears; a failure leaves the picture as it is
+    // Takes another size; what was drawn is gone. The pen stays.
+    void resize(int width, int height, double scale = 1.0);
 
     int width() const override;
     int height() const override;
@@ -33,7 +35,8 @@ public:
     void Text(int x, int y, const std::string &text) override;
 
     const QImage &image() const;
-    std::string png() const; // the bytes of a PNG file
+    void drawScaled(const QImage &picture); // over the whole surface
+    std::string png() const;                // the bytes of a PNG file
 
 private:
     struct Painting; // the image and its painter: who only draws needs no Qt

@@ -1,0 +1,62 @@
+#include "ui/qt/desktop.h"
+
+#include "model/failure.h"
+#include "model/working_directory.h"
+#include "ui/main_window.h"
+#include "ui/qt/qt_window.h"
+#include "ui/qt/text.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+#include <clocale>
+#include <cstdio>
+
+namespace havuz {
+
+// The program takes a project by its name without the extension.
+static std::string CommandLine(const std::string &project) {
+    const QFileInfo file(ToQt(project));
+    if (file.suffix().compare(QLatin1String("pol"), Qt::CaseInsensitive) != 0)
+        return project;
+    return project.substr(0, project.size() - 4);
+}
+
+static void SpeakTurkish(QApplication &application) {
+    QLocale::setDefault(QLocale(QLocale::Turkish, QLocale::Turkey));
+    auto *texts = new QTranslator(&application);
+    if (texts->load(QStringLiteral("qtbase_tr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(texts);
+}
+
+// As the start does, a failure ends the program.
+static bool MakeWorkingDirectory(const std::string &executable) {
+    try {
+        PrepareWorkingDirectory(executable);
+        return true;
+    } catch (const RuntimeFailure &failure) {
+        std::fprintf(stderr, "havuz: %s\n", failure.what());
+        return false;
+    }
+}
+
+int RunDesktop(int &argc, char **argv, const std::string &executable, const DesktopOptions &options) {
+    QApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C"); // Qt takes the locale of the system
+    QApplication::setApplicationName(QStringLiteral("havuz"));
+    QApplication::setDesktopFileName(QStringLiteral("havuz"));
+    QApplication::setQuitOnLastWindowClosed(false); // the program ends when it says so
+    SpeakTurkish(application);
+    QtWindow window;
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/havuz.svg")));
+    MainWindow main(window, executable);
+    if (!MakeWorkingDirectory(executable))
+        return 1;
+    window.handle([&] { main.Start(CommandLine(options.project)); });
+    return window.run();
+}
+
+} // namespace havuz

@@ -1,0 +1,239 @@
+#include "ui/qt/element_widgets.h"
+
+#include "ui/kit/but_frm.h"
+#include "ui/kit/picture.h"
+#include "ui/kit/schk.h"
+#include "ui/kit/soption.h"
+#include "ui/kit/tones.h"
+#include "ui/kit/vek_banner.h"
+#include "ui/kit/vek_top_bar.h"
+#include "ui/kit/yscroll.h"
+#include "ui/qt/pictures.h"
+#include "ui/qt/text.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <QSignalBlocker>
+
+namespace havuz {
+
+namespace {
+
+using State = WindowState::ElementState;
+
+// The words on an element: its text, where it was given one, else its label.
+QString Words(const State &state) {
+    return ToQt(state.text.empty() ? state.label : state.text);
+}
+
+// Labels report clicks too: the row marker and the rows of the popup are such.
+class ReportingLabel : public QLabel {
+public:
+    ReportingLabel(Element element, QWidget *form, PersonInput &input)
+        : QLabel(form), element_(element), input_(input) {
+        setTextFormat(Qt::PlainText);
+    }
+
+protected:
+    void mouseReleaseEvent(QMouseEvent *event) override {
+        if (event->button() == Qt::LeftButton && rect().contains(event->pos()))
+            input_.clicked(element_);
+    }
+    void mouseMoveEvent(QMouseEvent *) override { input_.hovered(element_); }
+
+private:
+    Element element_;
+    PersonInput &input_;
+};
+
+// A platform's own colour is left to the palette.
+void Tint(QWidget *widget, QPalette::ColorRole back, QPalette::ColorRole text, const State &state) {
+    QPalette palette;
+    if (state.colour != kButtonColour) {
+        const QColor tone = ToneOf(state.colour, palette);
+        palette.setColor(back, tone);
+        palette.setColor(text, LegibleOn(tone));
+        if (state.textColour != QbColour(0))
+            palette.setColor(text, ToneOf(state.textColour, palette));
+    }
+    widget->setPalette(palette);
+}
+
+ElementWidget MakeTopBar(QWidget *form) {
+    auto *bar = new VekTopBar(form);
+    return {bar, nullptr, [bar](const State &state) { bar->put(bag::kCaption, Words(state)); }};
+}
+
+// A text that floats over the surface and lets the pointer through.
+ElementWidget MakeFloatingLabel(QWidget *form) {
+    auto *label = new QLabel(form);
+    label->setTextFormat(Qt::PlainText);
+    label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    label->setContentsMargins(4, 1, 4, 1);
+    label->setAutoFillBackground(true);
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor(0xFF, 0xF7, 0xD6));
+    palette.setColor(QPalette::WindowText, QColor(0x20, 0x20, 0x20));
+    label->setPalette(palette);
+    return {label, nullptr, [label](const State &state) {
+                label->setText(Words(state));
+                label->adjustSize();
+                label->move(qRound(state.left), qRound(state.top));
+            }};
+}
+
+ElementWidget MakeLabel(Element element, QWidget *form, PersonInput &input) {
+    if (element == kTopBarText)
+        return MakeTopBar(form);
+    if (element == kLabel1 || element == kProgLab)
+        return MakeFloatingLabel(form);
+    auto *label = new ReportingLabel(element, form, input);
+    label->setMouseTracking(element.form == "TOOL");
+    const QString picture = PictureName(element, 0);
+    const bool painted = !picture.isEmpty();
+    if (painted)
+        label->setPixmap(PictureOf(picture, PictureSize(element), label->devicePixelRatioF(),
+                                   LegibleOn(label->palette().color(QPalette::Window))));
+    return {label, nullptr, [label, painted](const State &state) {
+                if (!painted)
+                    label->setText(Words(state));
+                label->setAutoFillBackground(state.colour != kButtonColour);
+                Tint(label, QPalette::Window, QPalette::WindowText, state);
+                label->adjustSize();
+            }};
+}
+
+ElementWidget MakeTextBox(const Field &field, Element element, QWidget *form, PersonInput &input) {
+    auto *box = new QLineEdit(form);
+    auto *beside = new QLabel(ToQt(field.label), form);
+    beside->setTextFormat(Qt::PlainText);
+    beside->setBuddy(box);
+    QObject::connect(box, &QLineEdit::textEdited, box,
+                     [element, &input](const QString &text) { input.typed(element, FromQt(text)); });
+    return {box, beside, [box](const State &state) {
+                if (box->text() != ToQt(state.text))
+                    box->setText(ToQt(state.text));
+                Tint(box, QPalette::Base, QPalette::Text, state);
+            }};
+}
+
+void ShowButton(Button &button, Element element, const State &state) {
+    const QString picture = PictureName(element, state.picture);
+    button.put(bag::kPicture, picture);
+    button.put(bag::kSize, PictureSize(element));
+    button.put(bag::kValue, state.checked);
+    button.put(bag::kBack, state.colour == kButtonColour ? QVariant() : ToneOf(state.colour, button.palette()));
+    if (element.form == kMain && !picture.isEmpty())
+        button.setToolTip(ToQt(state.label));
+    else if (!button.get(bag::kBare).toBool())
+        button.put(bag::kCaption, Words(state));
+}
+
+ElementWidget Reporting(Button *button, Element element, PersonInput &input) {
+    QObject::connect(button, &QAbstractButton::clicked, button, [element, &input] { input.clicked(element); });
+    return {button, nullptr, [button, element](const State &state) { ShowButton(*button, element, state); }};
+}
+
+ElementWidget MakeCombo(QWidget *form, QLabel *beside, Element element, PersonInput &input) {
+    auto *list = new QComboBox(form);
+    QObject::connect(list, &QComboBox::activated, list, [element, &input](int item) { input.chosen(element, item); });
+    return {list, beside, [list](const State &state) {
+                const QSignalBlocker silent(list);
+                QStringList items;
+                for (const std::string &item : state.items)
+                    items.append(ToQt(item));
+                list->clear();
+                list->addItems(items);
+                list->setCurrentIndex(state.item);
+            }};
+}
+
+ElementWidget MakePlainList(QWidget *form, QLabel *beside, Element element, PersonInput &input) {
+    auto *list = new QListWidget(form);
+    list->setMinimumSize(190, 220);
+    QObject::connect(list, &QListWidget::itemClicked, list,
+                     [element, list, &input](QListWidgetItem *item) { input.chosen(element, list->row(item)); });
+    QObject::connect(list, &QListWidget::itemActivated, list,
+                     [element, list, &input](QListWidgetItem *item) { input.confirmed(element, list->row(item)); });
+    return {list, beside, [list](const State &state) {
+                const QSignalBlocker silent(list);
+                QStringList items;
+                for (const std::string &item : state.items)
+                    items.append(ToQt(item));
+                QStringList shown;
+                for (int i = 0; i < list->count(); ++i)
+                    shown.append(list->item(i)->text());
+                if (items != shown) {
+                    list->clear();
+                    list->addItems(items);
+                }
+                list->setCurrentRow(state.item);
+            }};
+}
+
+// Directories and files are plain lists, all others drop down.
+ElementWidget MakeList(const Field &field, Element element, QWidget *form, PersonInput &input) {
+    auto *beside = new QLabel(ToQt(field.label), form);
+    beside->setTextFormat(Qt::PlainText);
+    if (element.name == "Dizin" || element.name == "Dosya")
+        return MakePlainList(form, beside, element, input);
+    return MakeCombo(form, beside, element, input);
+}
+
+ElementWidget MakeScrollBar(Element element, QWidget *form, PersonInput &input) {
+    auto *bar = new Yscroll(form);
+    bar->moved = [element, &input](int value) { input.scrolled(element, value); };
+    return {bar, nullptr, [bar](const State &state) {
+                bar->put(bag::kMost, state.maximum);
+                bar->put(bag::kValue, state.value);
+            }};
+}
+
+// The main window's frames are panels of buttons, those of dialogs are headings.
+ElementWidget MakeFrame(const Field &field, Element element, QWidget *form) {
+    if (element.form == kMain)
+        return {new ButFrm(form), nullptr, [](const State &) {}};
+    auto *banner = new VEKbanner(form);
+    banner->put(bag::kCaption, ToQt(field.label));
+    const QString picture = PictureName(element, 0);
+    if (!picture.isEmpty()) {
+        banner->put(bag::kPicture, picture);
+        banner->put(bag::kSize, PictureSize(element));
+    }
+    return {banner, nullptr, [](const State &) {}};
+}
+
+} // namespace
+
+ElementWidget MakeWidget(const Field &field, Element element, QWidget *form, PersonInput &input) {
+    switch (field.kind) {
+    case FieldKind::Label:
+        return MakeLabel(element, form, input);
+    case FieldKind::TextBox:
+        return MakeTextBox(field, element, form, input);
+    case FieldKind::Button:
+        return Reporting(new Button(form), element, input);
+    case FieldKind::Toggle:
+        return Reporting(new Schk(Schk::Look::Toggle, form), element, input);
+    case FieldKind::CheckBox:
+        return Reporting(new Schk(Schk::Look::Box, form), element, input);
+    case FieldKind::Option:
+        return Reporting(new Soption(element.name == "Sayfa" ? Soption::Look::Tab : Soption::Look::Radio, form),
+                         element, input);
+    case FieldKind::List:
+        return MakeList(field, element, form, input);
+    case FieldKind::ScrollBar:
+        return MakeScrollBar(element, form, input);
+    case FieldKind::Frame:
+        return MakeFrame(field, element, form);
+    case FieldKind::Picture:
+    case FieldKind::Line:
+        break;
+    }
+    return {};
+}
+
+} // namespace havuz

@@ -1,0 +1,186 @@
+#include "ui/qt/form_layout.h"
+
+#include "ui/kit/button.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <algorithm>
+#include <map>
+
+namespace havuz {
+
+namespace {
+
+constexpr int kBoxWidth = 110, kCellWidth = 84, kTitleWidth = 260; // pixels
+constexpr int kMarkerWidth = 20;
+
+bool IsClosingButton(const PlacedField &placed) {
+    return placed.field.kind == FieldKind::Button && placed.made.widget != nullptr;
+}
+
+// The title of a project and the name of its file are longer than a number.
+bool HoldsAName(const PlacedField &placed) {
+    return placed.field.name == "Tex" && placed.field.label.rfind("PROJE", 0) == 0;
+}
+
+// The buttons that a form ends with, at the right of its last row.
+void AddClosingButtons(QVBoxLayout &column, const std::vector<PlacedField> &fields) {
+    auto *row = new QHBoxLayout;
+    row->addStretch(1);
+    for (const PlacedField &placed : fields)
+        if (IsClosingButton(placed)) {
+            placed.made.widget->setMinimumWidth(90);
+            row->addWidget(placed.made.widget);
+        }
+    if (row->count() > 1)
+        column.addLayout(row);
+    else
+        delete row;
+}
+
+// A box or a list stands behind what is written beside it; everything else takes the place of both.
+void AddToGrid(QGridLayout &grid, const PlacedField &placed) {
+    const int row = placed.field.row, column = 2 * placed.field.column;
+    if (placed.made.beside != nullptr && placed.field.kind == FieldKind::List &&
+        placed.made.widget->minimumHeight() > 0) {
+        grid.addWidget(placed.made.beside, 2 * row, column, 1, 2);
+        grid.addWidget(placed.made.widget, 2 * row + 1, column, 1, 2);
+    } else if (placed.made.beside != nullptr) {
+        grid.addWidget(placed.made.beside, 2 * row, column);
+        grid.addWidget(placed.made.widget, 2 * row, column + 1);
+    } else if (placed.field.kind == FieldKind::Frame) {
+        grid.addWidget(placed.made.widget, 2 * row, 0, 1, -1);
+    } else {
+        grid.addWidget(placed.made.widget, 2 * row, column, 1, 2, Qt::AlignLeft | Qt::AlignVCenter);
+    }
+}
+
+// Elements of one name and row stand in a line of their own, so that they do not widen the columns of the rest.
+bool StandsInALine(const PlacedField &placed, const std::vector<PlacedField> &fields) {
+    return placed.made.beside == nullptr && std::any_of(fields.begin(), fields.end(), [&](const PlacedField &other) {
+               return other.field.name == placed.field.name && other.field.row == placed.field.row &&
+                      other.field.index != placed.field.index;
+           });
+}
+
+void LayOutDialog(QWidget &window, const std::vector<PlacedField> &fields) {
+    auto *column = new QVBoxLayout(&window);
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(8);
+    column->addLayout(grid);
+    std::map<int, QHBoxLayout *> lines; // by their rows
+    for (const PlacedField &placed : fields) {
+        if (placed.made.widget == nullptr || IsClosingButton(placed))
+            continue;
+        if (placed.field.kind == FieldKind::TextBox)
+            placed.made.widget->setFixedWidth(HoldsAName(placed) ? kTitleWidth : kBoxWidth);
+        if (!StandsInALine(placed, fields)) {
+            AddToGrid(*grid, placed);
+            continue;
+        }
+        QHBoxLayout *&line = lines[placed.field.row];
+        if (line == nullptr) {
+            line = new QHBoxLayout;
+            line->setSpacing(4);
+            grid->addLayout(line, 2 * placed.field.row, 0, 1, -1, Qt::AlignLeft);
+        }
+        line->addWidget(placed.made.widget);
+    }
+    grid->setColumnStretch(grid->columnCount(), 1); // what is wide stands across, nothing is drawn apart
+    AddClosingButtons(*column, fields);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+// Tables: the ten rows with the scroll bar at their side, and below them what else the form has.
+int TableRows(const std::vector<PlacedField> &fields) {
+    int last = 0;
+    for (const PlacedField &placed : fields)
+        if (placed.field.name == "Sira")
+            last = std::max(last, placed.field.row);
+    return last;
+}
+
+void AddToTable(QGridLayout &grid, const PlacedField &placed, int rows) {
+    QWidget *widget = placed.made.widget;
+    const int row = placed.field.row, column = placed.field.column + 1;
+    if (placed.field.name == "Isaret") { // moved beside the row with the focus
+        grid.setColumnMinimumWidth(0, kMarkerWidth);
+        widget->setCursor(Qt::PointingHandCursor);
+    } else if (placed.field.kind == FieldKind::ScrollBar) {
+        grid.addWidget(widget, 1, column, rows, 1);
+    } else if (placed.field.name == "Baslik") {
+        const int span = placed.field.label.find("X         Y") != std::string::npos ? 2
+                         : placed.field.label.find("x   y") != std::string::npos     ? 3
+                                                                                     : 1;
+        grid.addWidget(widget, 0, column, 1, span, Qt::AlignCenter);
+    } else {
+        if (placed.made.beside != nullptr)
+            placed.made.beside->setFixedSize(0, 0); // the heading says it
+        if (placed.field.kind == FieldKind::CheckBox)
+            static_cast<Button *>(widget)->put(bag::kBare, true);
+        const bool text = placed.field.kind == FieldKind::TextBox;
+        if (text)
+            widget->setFixedWidth(kCellWidth);
+        grid.addWidget(widget, row, column, text ? Qt::Alignment() : Qt::AlignCenter);
+    }
+}
+
+void LayOutTable(QWidget &window, const std::vector<PlacedField> &fields) {
+    const int rows = TableRows(fields);
+    auto *column = new QVBoxLayout(&window);
+    auto *grid = new QGridLayout, *below = new QGridLayout;
+    grid->setSpacing(3);
+    below->setHorizontalSpacing(8);
+    column->addLayout(grid);
+    column->addLayout(below);
+    for (const PlacedField &placed : fields) {
+        if (IsClosingButton(placed))
+            continue;
+        if (placed.field.row <= rows) {
+            AddToTable(*grid, placed, rows);
+            continue;
+        }
+        if (placed.field.kind == FieldKind::TextBox)
+            placed.made.widget->setFixedWidth(kCellWidth);
+        AddToGrid(*below, placed);
+    }
+    AddClosingButtons(*column, fields);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+// The popup: one label under the other, as wide as the widest.
+void LayOutPopup(QWidget &window, const std::vector<PlacedField> &fields) {
+    auto *column = new QVBoxLayout(&window);
+    column->setContentsMargins(1, 1, 1, 1);
+    column->setSpacing(0);
+    for (const PlacedField &placed : fields) {
+        placed.made.widget->setContentsMargins(10, 4, 10, 4);
+        column->addWidget(placed.made.widget);
+    }
+    column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void LayOutPicture(QWidget &window, SurfaceView &view) {
+    auto *column = new QVBoxLayout(&window);
+    column->setContentsMargins(0, 0, 0, 0);
+    view.setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    column->addWidget(&view);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+} // namespace
+
+void LayOutForm(std::string_view form, QWidget &window, const std::vector<PlacedField> &fields, SurfaceView *view) {
+    if (view != nullptr)
+        LayOutPicture(window, *view);
+    else if (form == "TOOL")
+        LayOutPopup(window, fields);
+    else if (TableRows(fields) > 0)
+        LayOutTable(window, fields);
+    else
+        LayOutDialog(window, fields);
+}
+
+} // namespace havuz

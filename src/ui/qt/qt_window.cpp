@@ -1,0 +1,333 @@
+// Forms and elements: made once, shown as the state says.
+#include "ui/qt/qt_window.h"
+
+#include "ui/kit/button.h"
+#include "ui/kit/vek_form.h"
+#include "ui/qt/settings.h"
+#include "ui/qt/text.h"
+
+#include <QApplication>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLayout>
+#include <QLineEdit>
+#include <QScreen>
+
+static void LoadPictures() {
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace havuz {
+
+static constexpr double kTwips = 15.0;             // to a device-independent pixel
+static constexpr int kTimer = 100, kFitDelay = 30; // ms
+static constexpr int kProgressWidth = 200, kProgressHeight = 20;
+
+QtWindow::QtWindow() {
+    LoadPictures();
+    qApp->installEventFilter(this);
+    connect(&timer_, &QTimer::timeout, this, [this] { handle([this] { Tick(); }); });
+    fit_.setSingleShot(true);
+    connect(&fit_, &QTimer::timeout, this, [this] { handle([this] { fitSurface(); }); });
+}
+
+QtWindow::~QtWindow() {
+    qApp->removeEventFilter(this);
+    if (main_ != nullptr)
+        RememberPlace(main_->saveGeometry());
+}
+
+void QtWindow::begin() {
+    started_ = true;
+    timer_.start(kTimer);
+    fit_.start(0);
+    views_[kScr]->setFocus();
+}
+
+int QtWindow::run() {
+    if (!ended_) {
+        begin();
+        running_ = true;
+        QApplication::exec();
+    }
+    return status_;
+}
+
+// Making
+
+static Qt::WindowFlags FlagsOf(std::string_view form) {
+    if (form == kMain)
+        return Qt::Window;
+    if (form == "TOOL")
+        return Qt::Tool | Qt::FramelessWindowHint;
+    if (form == kOverview || form == kTool1 || form == kTool2 || form == kTool3)
+        return Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+    return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+}
+
+void QtWindow::MakeForm(const FormFields &form) {
+    WindowState::MakeForm(form);
+    if (form.name == kDyuk)
+        return; // never shown
+    auto *window = new VekForm(ToQt(form.name), main_.get(), FlagsOf(form.name));
+    if (form.name == kMain)
+        main_.reset(window);
+    else if (form.name == kTool1 || form.name == kTool2 || form.name == kTool3)
+        window->setAttribute(Qt::WA_ShowWithoutActivating);
+    forms_[form.name] = window;
+    window->setWindowTitle(form.caption.empty() ? QStringLiteral("HAVUZ") : ToQt(form.caption));
+    const std::string_view name = forms_.find(form.name)->first;
+    window->closeAsked = [this, name] { handle([&] { CloseForm(name); }); };
+    window->activated = [this, name] { handle([&] { activate(name); }); };
+    window->restored = [this, name] { handle([&] { Restore(name); }); };
+    std::vector<PlacedField> fields;
+    SurfaceView *view = nullptr;
+    for (const Field &field : form.fields) {
+        const Element element = own({form.name, field.name, field.index});
+        fields.push_back({field, element, MakeWidget(field, element, window, *this)});
+        made_[element] = fields.back();
+        if (field.kind == FieldKind::Picture)
+            view = element == kVekProgBar ? view : makeView(element, window);
+    }
+    if (form.name == kMain) {
+        makeMainExtras(*window);
+        LayOutMain(*window, fields, *view, *views_[own(kVekProgBar)], *recent_);
+    } else {
+        LayOutForm(form.name, *window, fields, view);
+    }
+    for (const PlacedField &placed : fields)
+        show(placed.element);
+}
+
+SurfaceView *QtWindow::makeView(Element picture, QWidget *form) {
+    auto *view = new SurfaceView(form);
+    views_[picture] = view;
+    made_[picture].made.widget = view;
+    takePointer(picture, *view);
+    return view;
+}
+
+void QtWindow::makeMainExtras(VekForm &main) {
+    SurfaceView *progress = makeView(own(kVekProgBar), &main);
+    progress->pointer = {};
+    progress->takeSize(kProgressWidth, kProgressHeight);
+    progress->setFixedSize(kProgressWidth, kProgressHeight);
+    recent_ = new Button(&main);
+    recent_->put(bag::kPicture, QStringLiteral("topbar-recent"));
+    recent_->put(bag::kSize, QSize(22, 22));
+    recent_->put(bag::kCaption, QStringLiteral("Son projeler"));
+    recent_->setToolTip(QStringLiteral("son açılan projeler"));
+    connect(recent_, &QAbstractButton::clicked, this, [this] { showRecent(); });
+    main.dropped = [this](const QString &path) { handle([&] { OpenFile(FromQt(path)); }); };
+}
+
+QWidget *QtWindow::widget(Element element) const {
+    const auto made = made_.find(element);
+    return made == made_.end() ? nullptr : made->second.made.widget;
+}
+
+QWidget *QtWindow::formWidget(std::string_view form) const {
+    const auto made = forms_.find(form);
+    return made == forms_.end() ? nullptr : made->second;
+}
+
+// Showing
+
+void QtWindow::show(Element element) {
+    const auto made = made_.find(element);
+    if (made == made_.end())
+        return;
+    const ElementState &now = state(element);
+    const ElementWidget &shown = made->second.made;
+    if (now.kind == FieldKind::Line)
+        return showLines(element.form);
+    if (shown.widget == nullptr)
+        return;
+    if (shown.show && !(element == typing_))
+        shown.show(now);
+    shown.widget->setEnabled(now.enabled);
+    shown.widget->setVisible(now.shown);
+    if (shown.beside != nullptr)
+        shown.beside->setVisible(now.shown);
+    if (busy_ && (element == kLabel1 || element == kProgLab))
+        shown.widget->repaint(); // also in a job that lets no events through
+}
+
+void QtWindow::showLines(std::string_view form) {
+    const auto view = views_.find({form, "SCR", 0});
+    if (view == views_.end())
+        return;
+    std::vector<ElementState> lines;
+    for (const auto &[element, placed] : made_)
+        if (element.form == form && placed.field.kind == FieldKind::Line && state(element).shown)
+            lines.push_back(state(element));
+    view->second->showLines(std::move(lines));
+}
+
+void QtWindow::Show(Element element, bool shown) {
+    WindowState::Show(element, shown);
+    show(element);
+}
+void QtWindow::Enable(Element element, bool enabled) {
+    WindowState::Enable(element, enabled);
+    show(element);
+}
+void QtWindow::SetText(Element element, const std::string &text) {
+    WindowState::SetText(element, text);
+    show(element);
+}
+void QtWindow::SetPicture(Element element, int picture) {
+    WindowState::SetPicture(element, picture);
+    show(element);
+}
+void QtWindow::SetColour(Element element, Colour back) {
+    WindowState::SetColour(element, back);
+    show(element);
+}
+void QtWindow::SetTextColour(Element element, Colour text) {
+    WindowState::SetTextColour(element, text);
+    show(element);
+}
+void QtWindow::SetLine(Element line, LineEnds ends) {
+    WindowState::SetLine(line, ends);
+    show(line);
+}
+void QtWindow::SetLineStyle(Element line, RubberStyle style) {
+    WindowState::SetLineStyle(line, style);
+    show(line);
+}
+void QtWindow::SetItems(Element list, const std::vector<std::string> &items) {
+    WindowState::SetItems(list, items);
+    show(list);
+}
+void QtWindow::AddItem(Element list, const std::string &item) {
+    WindowState::AddItem(list, item);
+    show(list);
+}
+void QtWindow::SelectItem(Element list, int item) {
+    WindowState::SelectItem(list, item);
+    show(list);
+}
+void QtWindow::SetScroll(Element bar, int value, int maximum) {
+    WindowState::SetScroll(bar, value, maximum);
+    show(bar);
+}
+
+// The options that it excludes change with it.
+void QtWindow::SetChecked(Element element, bool checked) {
+    WindowState::SetChecked(element, checked);
+    if (state(element).kind != FieldKind::Option)
+        return show(element);
+    for (const auto &[other, placed] : made_)
+        if (other.form == element.form && placed.field.kind == FieldKind::Option)
+            show(other);
+}
+
+// Cells stand where the layout puts them; the row marker follows them.
+void QtWindow::Move(Element element, double left, double top) {
+    WindowState::Move(element, left, top);
+    if (element.name == "Isaret")
+        placeMarker(element);
+    else
+        show(element);
+}
+
+// Beside the cell with the greatest told top above its own.
+void QtWindow::placeMarker(Element marker) {
+    QWidget *beside = nullptr;
+    double top = 0.0;
+    for (const auto &[element, placed] : made_)
+        if (element.form == marker.form && placed.field.kind == FieldKind::TextBox && state(element).top > top &&
+            state(element).top <= state(marker).top) {
+            top = state(element).top;
+            beside = placed.made.widget;
+        }
+    QWidget *shown = widget(marker);
+    if (beside == nullptr || shown == nullptr)
+        return;
+    shown->window()->layout()->activate();
+    shown->adjustSize();
+    shown->move(6, beside->y() + (beside->height() - shown->height()) / 2);
+    shown->raise();
+}
+
+// Forms
+
+static QRect ScreenOf(const QWidget *main) {
+    const QScreen *screen = main != nullptr ? main->screen() : QGuiApplication::primaryScreen();
+    return screen->geometry();
+}
+
+// Twips of the screen, moved so that the whole form is in sight. The popup opens beside what was clicked.
+void QtWindow::placeForm(VekForm &form, std::string_view name, Place place) {
+    form.layout()->activate();
+    form.adjustSize();
+    QPoint at = ScreenOf(main_.get()).topLeft() + QPoint(qRound(place.left / kTwips), qRound(place.top / kTwips));
+    if (name == "TOOL" && lastClicked_ != nullptr)
+        at = lastClicked_->mapToGlobal(QPoint(lastClicked_->width(), 0));
+    const QRect free = main_->screen()->availableGeometry();
+    const QSize size = form.frameSize();
+    form.move(std::clamp(at.x(), free.left(), std::max(free.left(), free.right() + 1 - size.width())),
+              std::clamp(at.y(), free.top(), std::max(free.top(), free.bottom() + 1 - size.height())));
+}
+
+static void ShowMain(VekForm &main) {
+    const QByteArray place = RememberedPlace();
+    const QRect free = main.screen()->availableGeometry();
+    main.resize(free.size());
+    main.move(free.topLeft());
+    if (place.isEmpty() || !main.restoreGeometry(place))
+        main.setWindowState(Qt::WindowMaximized);
+    main.show();
+    main.activateWindow();
+}
+
+void QtWindow::ShowForm(std::string_view form, Place place, Modality modality, bool onTop) {
+    WindowState::ShowForm(form, place, modality, onTop);
+    const auto found = forms_.find(form);
+    if (found == forms_.end())
+        return;
+    VekForm &window = *found->second;
+    if (form == kMain)
+        return ShowMain(window);
+    window.setWindowModality(modality == Modality::Modal ? Qt::ApplicationModal : Qt::NonModal);
+    placeForm(window, form, place);
+    window.show();
+    placeForm(window, form, place); // its frame counts too now
+    window.raise();
+    if (!window.testAttribute(Qt::WA_ShowWithoutActivating))
+        window.activateWindow();
+}
+
+void QtWindow::HideForm(std::string_view form) {
+    WindowState::HideForm(form);
+    if (QWidget *window = formWidget(form))
+        window->hide();
+}
+
+Place QtWindow::FormPlace(std::string_view form) {
+    const QWidget *window = formWidget(form);
+    if (window == nullptr || !window->isVisible())
+        return WindowState::FormPlace(form);
+    const QPoint at = window->pos() - ScreenOf(main_.get()).topLeft();
+    return {at.x() * kTwips, at.y() * kTwips};
+}
+
+double QtWindow::FormWidth(std::string_view form) {
+    QWidget *window = formWidget(form);
+    return window == nullptr ? 0.0 : window->sizeHint().width() * kTwips;
+}
+
+void QtWindow::SetCaption(std::string_view form, const std::string &caption) {
+    WindowState::SetCaption(form, caption);
+    if (QWidget *window = formWidget(form))
+        window->setWindowTitle(ToQt(caption));
+}
+
+void QtWindow::Minimise(std::string_view form) {
+    WindowState::Minimise(form);
+    if (QWidget *window = formWidget(form))
+        window->showMinimized();
+}
+
+} // namespace havuz
