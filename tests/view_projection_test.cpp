@@ -181,25 +181,4 @@ TEST(Fit, NothingIsDrawnOffTheSurface) {
         }
 }
 
-TEST(Zoom, AWindowIsShownAtThePlaceOfTheModelAndGoesWithTheNextRedraw) {
-    BeginView(0);
-    RecordingSurface scr;
-    ViewWindow window;
-    AddPanel(0, {0, 0, 0}, {10, 0, 0}, {10, 5, 0}, {0, 5, 0});
-    AddGrid(10, 5);
-    PlateBoundsAndDepth(scr);
-    DrawMeshView(scr, window);
-    ASSERT_EQ(MeshScale, 30.0);
-    // from the node (2, 1) to the node (4, 3): 60 x 60 pixels
-    ZoomWindow(90, 60, 60, 60, scr, window);
-    EXPECT_EQ(KeepZoom, 0);
-    EXPECT_EQ(MeshScale, 250.0 * 30.0 / 60.0);
-    EXPECT_EQ(NodePixels(14).x, 30.0) << "node (2, 1)";
-    EXPECT_EQ(NodePixels(14).y, 30.0);
-    EXPECT_EQ(HomeScale, 30.0) << "the fit stays what dynamic zoom starts from";
-    EXPECT_EQ(FailureOf([&] { ZoomWindow(0, 0, 0, 5, scr, window); }).kind, DivisionByZero);
-    DrawMeshView(scr, window);
-    EXPECT_EQ(MeshScale, 30.0);
-}
-
 } // namespace havuz

@@ -195,17 +195,15 @@ void Recorder::waitWithSelection(const Act &act) {
 // Acts
 
 // The state behind a move that the next move over the same surface does not set again by itself. In the idle state it
-// sets the anchor; a zoom window tells from where the pointer was last whether it moves at all.
+// sets the anchor; an edge longer than the screen leaves the marker of the edge before.
 Recorder::Trace Recorder::traceNow() {
     const bool idle = CommandState + ZoomPending == 0;
     return {.anchorX = idle ? 0.0 : AnchorX,
             .anchorY = idle ? 0.0 : AnchorY,
-            .rubberX = RubberX,
-            .rubberY = RubberY,
+            .markerX = EdgeMarkerX,
+            .markerY = EdgeMarkerY,
             .command = CommandState,
-            .stage = PickStage,
-            .edgeDrag = EdgeDragActive,
-            .turned = DragRotated};
+            .edgeDrag = EdgeDragActive};
 }
 
 void Recorder::Before(const Act &act) {
@@ -235,7 +233,7 @@ void Recorder::After() {
     if (!ended.late.empty())
         write(ended.late);
     if (ended.move && waiting_.kind == Act::PointerMove)
-        waiting_.passes = traceNow() == ended.before;
+        waiting_.passes = ZoomPending == 0 && traceNow() == ended.before; // a zoom window is not drawn twice at a place
 }
 
 } // namespace havuz

@@ -38,8 +38,8 @@ public:
 private:
     // What a move leaves behind besides what each move sets anew.
     struct Trace {
-        double anchorX = 0.0, anchorY = 0.0, rubberX = 0.0, rubberY = 0.0;
-        int command = 0, stage = 0, edgeDrag = 0, turned = 0;
+        double anchorX = 0.0, anchorY = 0.0, markerX = 0.0, markerY = 0.0;
+        int command = 0, edgeDrag = 0;
         bool operator==(const Trace &) const = default;
     };
     // An act whose line waits, since the next one may take its place.
