@@ -1,0 +1,96 @@
+// The program itself as a process on the display: its start, its record, its single instance, its ends.
+#include "program_folder.h"
+#include "support.h"
+#include "window_desk.h"
+#include "x_hand.h"
+
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QThread>
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace havuz {
+
+namespace {
+
+constexpr int kWhile = 8000; // ms
+
+// A program folder and a home of the process's own.
+struct Machine {
+    ProgramFolder program;
+    TemporaryFolder home;
+
+    std::unique_ptr<QProcess> start(const QStringList &arguments) const {
+        auto process = std::make_unique<QProcess>();
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"})
+            environment.insert(name, QString::fromStdString(home.path()));
+        process->setProcessEnvironment(environment);
+        process->setWorkingDirectory(QString::fromStdString(home.path()));
+        process->start(HAVUZ, arguments);
+        return process;
+    }
+};
+
+// Status of the end, -1 when it does not come.
+int StatusOf(QProcess &process) {
+    return process.waitForFinished(kWhile) && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+}
+
+bool Comes(const std::function<bool()> &holds) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!holds()) {
+        if (clock.elapsed() > kWhile)
+            return false;
+        QThread::msleep(20);
+    }
+    return true;
+}
+
+} // namespace
+
+// The keyboard alone: a project is opened, a dialog opens and closes, the record tells of it and plays again.
+TEST(program, RecordsWhatIsDoneAndOneInstanceRuns) {
+    const Machine machine;
+    const std::string project = machine.home.file("P.POL"), record = machine.home.file("kayit.txt");
+    std::filesystem::copy_file(std::string(HAVUZ_SOURCE_DIR) + "/examples/sample_pool.POL", project);
+    const auto process = machine.start({QString::fromStdString(project), "--record", QString::fromStdString(record)});
+    const auto written = [&](const std::string &words) {
+        return Comes([&] { return ReadBytes(record).find(words) != std::string::npos; });
+    };
+    ASSERT_TRUE(written("surface 1010 600\n"));
+    QThread::msleep(500);
+    const auto second = machine.start({});
+    EXPECT_EQ(StatusOf(*second), 0);
+    hand::Key("s", true);
+    ASSERT_TRUE(written("click MAIN ChkButton 11\n"));
+    hand::Key("a", true);
+    hand::Write("YENI");
+    hand::Key("Return");
+    ASSERT_TRUE(written("key BILGI Tex Enter\n"));
+    EXPECT_TRUE(Comes([&] { return std::filesystem::exists(machine.program.file("VEK9DATA/YENI.POL")); }));
+    process->terminate();
+    process->waitForFinished(kWhile);
+
+    QProcess replay;
+    replay.setWorkingDirectory(QString::fromStdString(machine.home.path()));
+    replay.start(HAVUZ_CLI, {"script", QString::fromStdString(record), "--project", QString::fromStdString(project)});
+    EXPECT_EQ(StatusOf(replay), 0) << replay.readAllStandardError().toStdString() << ReadBytes(record);
+    EXPECT_EQ(ReadBytes(machine.home.file("YENI.POL")), ReadBytes(machine.program.file("VEK9DATA/YENI.POL")));
+}
+
+TEST(program, AStartThatFailsEndsWithOneLineAndStatusOne) {
+    const Machine machine;
+    const auto missing = machine.start({"YOK"});
+    EXPECT_EQ(StatusOf(*missing), 1);
+    EXPECT_NE(missing->readAllStandardError().toStdString().find("havuz: "), std::string::npos);
+    std::filesystem::remove(machine.program.file("VEKCARD.OPS"));
+    const auto empty = machine.start({});
+    EXPECT_EQ(StatusOf(*empty), 1);
+    const auto wrong = machine.start({"--no-such-option"});
+    EXPECT_EQ(StatusOf(*wrong), 2);
+}
+
+} // namespace havuz
