@@ -29,7 +29,8 @@ namespace {
 // The acts of a person as a hand does them at the display.
 class HandStage : public Stage, public Person {
 public:
-    explicit HandStage(WindowDesk &desk) : Stage(desk.window, *this, desk.main), desk_(desk) {
+    HandStage(WindowDesk &desk, const std::string &name)
+        : Stage(desk.window, *this, desk.main), desk_(desk), name_(name) {
         QObject::connect(&answers_, &QTimer::timeout, [this] { answer(); });
         answers_.start(50);
     }
@@ -41,7 +42,10 @@ public:
 
     // Stage
     void Resize(int, int) override {} // the surface is as large as the script says: the display is made for it
-    std::string Png() override { return dynamic_cast<RasterSurface &>(desk_.window.Canvas(kScr)).png(); }
+    std::string Png() override {
+        desk_.shot(name_ + "-" + std::to_string(++pictures_)); // the whole window beside the drawing
+        return dynamic_cast<RasterSurface &>(desk_.window.Canvas(kScr)).png();
+    }
     void Answer(const std::string &path) override { given_.push_back(path); }
     std::optional<Started> LastStarted() override {
         if (desk_.window.program.empty())
@@ -160,6 +164,8 @@ private:
     }
 
     WindowDesk &desk_;
+    std::string name_;
+    int pictures_ = 0;
     std::deque<std::string> given_;
     QTimer answers_;
     bool answering_ = false;
@@ -222,7 +228,7 @@ TEST_P(scripts, ByHandAndWithoutAWindowLeaveTheSameProject) {
         const std::string project = ProjectOf(text, folder.path());
         WindowDesk desk(project);
         TakeFolder(folder.path(), project);
-        HandStage stage(desk);
+        HandStage stage(desk, GetParam());
         Recorder recorder(desk.window, record, project);
         desk.window.SetLog(&desk);
         desk.also = &recorder;

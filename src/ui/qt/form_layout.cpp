@@ -90,6 +90,8 @@ void LayOutDialog(QWidget &window, const std::vector<PlacedField> &fields) {
     }
     grid->setColumnStretch(grid->columnCount(), 1); // what is wide stands across, nothing is drawn apart
     AddClosingButtons(*column, fields);
+    if (fields.front().element.form.rfind("Tool", 0) != 0)
+        column->addStrut(kTitleWidth); // for the words of the title
     column->setSizeConstraint(QLayout::SetFixedSize);
 }
 

@@ -6,6 +6,8 @@
 namespace havuz {
 
 QString PictureName(Element element, int picture) {
+    if (element.form.rfind("Tool", 0) == 0)
+        return {}; // palettes have none, though their elements are named as tools are
     const QString form = ToQt(element.form).toLower(), name = ToQt(element.name).toLower();
     const QString index = QString::number(element.index), number = QString::number(picture);
     for (const QString &file : {form + '-' + name, name + '-' + index + '-' + number, name + '-' + index,
