@@ -28,6 +28,7 @@ QtWindow::QtWindow() {
     qApp->installEventFilter(this);
     connect(&timer_, &QTimer::timeout, this, [this] { handle([this] { Tick(); }); });
     fit_.setSingleShot(true);
+    fit_.setInterval(kFitDelay);
     connect(&fit_, &QTimer::timeout, this, [this] { handle([this] { fitSurface(); }); });
 }
 
@@ -40,7 +41,7 @@ QtWindow::~QtWindow() {
 void QtWindow::begin() {
     started_ = true;
     timer_.start(kTimer);
-    fit_.start(0);
+    fit_.start();
     views_[kScr]->setFocus();
 }
 
