@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <initializer_list>
+#include <string_view>
 
 namespace havuz {
 
@@ -29,8 +31,16 @@ std::string Number(double value) {
     return {text.data(), std::to_chars(text.data(), text.data() + text.size(), value).ptr};
 }
 
+// Each with a blank before it.
+std::string Spaced(std::initializer_list<std::string_view> words) {
+    std::string line;
+    for (const std::string_view word : words)
+        line.append(1, ' ').append(word);
+    return line;
+}
+
 std::string At(double x, double y) {
-    return " " + Number(x) + " " + Number(y);
+    return Spaced({Number(x), Number(y)});
 }
 
 // A button that no command knows counts as the middle one.
@@ -86,11 +96,11 @@ std::string Recorder::elementWords(Element element) const {
     const std::string form(element.form), name(element.name);
     const auto sharing = sharing_.find({form, name});
     const bool one = sharing == sharing_.end() || sharing->second == 1; // the language counts those that share a name
-    return " " + form + " " + name + (one ? "" : " " + std::to_string(element.index));
+    return one ? Spaced({form, name}) : Spaced({form, name, std::to_string(element.index)});
 }
 
 std::string Recorder::surfaceWords(Element surface) const {
-    return surface == kScr ? "" : " " + std::string(surface.form);
+    return surface == kScr ? "" : Spaced({surface.form});
 }
 
 // By its text where this finds it.
