@@ -244,8 +244,10 @@ TEST(OpenProject, ListsADirectoryAndLoadsTheChosenFile) {
     ASSERT_EQ(desk.window.Items(Of("LOADFILE", "Dosya")), std::vector<std::string>{"depo.pol"});
     desk.window.Choose(Of("LOADFILE", "Dosya"), 0);
     EXPECT_EQ(desk.window.Text(Of("LOADFILE", "Secilen")), "depo.pol");
+    ZoomPending = NodesHidden = 1;
     desk.click(Of("LOADFILE", "Tamam"));
     EXPECT_EQ(ProjeAdi, "depo");
+    EXPECT_EQ(ZoomPending + NodesHidden, 0); // as at the start
     EXPECT_EQ(ProjeDosyasi, folder.file("eski/depo.pol"));
     EXPECT_EQ(PanelCount, 1);
     EXPECT_EQ(IsoView, 1);

@@ -119,6 +119,24 @@ TEST(EdgeHover, SupportsAreSetOnPanelEdgesAlone) {
     EXPECT_EQ(SelectedPanel, 1001);
 }
 
+// Panel 1000 has the number that the plates count from, and is none of them.
+TEST(EdgeHover, TheLastPanelOfTheTableIsNoPlate) {
+    ResetAll();
+    Desk desk;
+    PanelCount = kPanelCapacity - 1;
+    ASSERT_EQ(AddPanel(0, {0, 0, 0}, {20, 0, 0}, {20, 20, 0}, {0, 20, 0}), 1000);
+    desk.main.DrawPlateView();
+    desk.click(Check2(4));
+    desk.move({230, 30});
+    ASSERT_EQ(desk.note(), "1000. PLAK ust kenari <SERBEST>");
+    desk.press({230, 30});
+    EXPECT_EQ(int(PanelTable[1000].KenarMesnet[1]), 1);
+    desk.click(Check2(3));
+    Drag(desk, {230, 30}, 0, -20);
+    EXPECT_DOUBLE_EQ(PanelTable[1000].Y[1], -1.0);
+    EXPECT_DOUBLE_EQ(PanelTable[1000].Y[4], 20.0);
+}
+
 TEST(EdgeHover, APlateEdgeTakesItsWallAlong) {
     ResetAll();
     Desk desk;

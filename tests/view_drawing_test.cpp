@@ -7,6 +7,7 @@
 #include "pool/pool_library.h"
 #include "recording_surface.h"
 #include "support.h"
+#include "view/far_to_near.h"
 #include "view/marks.h"
 #include "view/mesh_drawing.h"
 #include "view/plate_drawing.h"
@@ -17,6 +18,7 @@
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <random>
 
 namespace havuz {
 
@@ -222,6 +224,59 @@ TEST(Drawings, DepthKeysOfPlatesRunOn) {
     PlateBoundsAndDepth(scr); // no sort in plan
     EXPECT_EQ(DepthOrder[1], 1);
     EXPECT_EQ(DepthOrder[4], PlateOwner(2));
+}
+
+namespace {
+
+// What the quick sort must come to: the exchange sort itself.
+void ExchangeSort(std::vector<std::pair<double, int>> &entries) {
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        for (std::size_t j = i + 1; j < entries.size(); ++j)
+            if (entries[i].first < entries[j].first)
+                std::swap(entries[i], entries[j]);
+}
+
+} // namespace
+
+TEST(Drawings, EqualDistancesStandAsTheExchangesLeaveThem) {
+    std::mt19937 random(7);
+    int turned = 0; // orders that no stable sort gives
+    for (int count = 0; count <= 200; ++count)
+        for (const unsigned distances : {1U, 3U, 20U, 1000U}) {
+            std::vector<std::pair<double, int>> entries;
+            for (int i = 1; i <= count; ++i)
+                entries.emplace_back(static_cast<double>(random() % distances), i);
+            std::vector<std::pair<double, int>> expected = entries, stable = entries;
+            ExchangeSort(expected);
+            std::stable_sort(stable.begin(), stable.end(),
+                             [](const auto &a, const auto &b) { return a.first > b.first; });
+            SortFarToNear(entries);
+            ASSERT_EQ(entries, expected) << count << " entries, " << distances << " distances";
+            turned += expected == stable ? 0 : 1;
+        }
+    EXPECT_GT(turned, 100);
+}
+
+// Two entries as far as each other before a farther one: its exchange with the first puts that behind the second.
+TEST(Drawings, EquallyFarPanelsAndMeshesChangePlaces) {
+    BeginView(1);
+    TakeDefaultAngles();
+    RecordingSurface scr;
+    LoggingWindow window;
+    for (const double z : {0.0, 0.0, -9.0})
+        AddPanel(0, {0, 0, z}, {1, 0, z}, {1, 1, z}, {0, 1, z});
+    PlateBoundsAndDepth(scr);
+    EXPECT_EQ(DepthKey[2], DepthKey[3]);
+    EXPECT_EQ(DepthOrder[1], 3);
+    EXPECT_EQ(DepthOrder[2], 2);
+    EXPECT_EQ(DepthOrder[3], 1);
+    for (const double z : {0.0, 0.0, -9.0})
+        AddGrid(1, 1, z);
+    DrawMeshView(scr, window);
+    EXPECT_EQ(MeshTable[2].Derinlik, MeshTable[3].Derinlik);
+    EXPECT_EQ(MeshTable[1].Sira, 3);
+    EXPECT_EQ(MeshTable[2].Sira, 2);
+    EXPECT_EQ(MeshTable[3].Sira, 1);
 }
 
 namespace {

@@ -25,5 +25,7 @@ constexpr int kPlateOwner = 1000;
 constexpr int PlateOwner(int plate) { return kPlateOwner + plate; }
 constexpr bool OwnerIsPlate(int owner) { return owner >= kPlateOwner; }
 constexpr int OwnerPlate(int owner) { return owner - kPlateOwner; }
+// Of what is picked or drawn, panels up to number 1000 among it; a mesh of panel 1000 counts as a plate's.
+constexpr bool ItemIsPlate(int item) { return item > kPlateOwner; }
 
 } // namespace havuz

@@ -98,10 +98,10 @@ void SavePanel(std::size_t index) {
 
 void BeginDrag() {
     for (std::size_t i = 0; i < ItemCount(); ++i)
-        if (OwnerIsPlate(EdgeItems[i].code))
+        if (ItemIsPlate(EdgeItems[i].code))
             SplitOff(EdgeItems[i]);
     for (std::size_t i = 0; i < ItemCount(); ++i)
-        OwnerIsPlate(EdgeItems[i].code) ? SavePlate(i) : SavePanel(i);
+        ItemIsPlate(EdgeItems[i].code) ? SavePlate(i) : SavePanel(i);
 }
 
 // Rubber lines
@@ -335,14 +335,14 @@ double LevelAt(const Record &record, int no, int next) {
 
 std::string LevelNote(double dZ) {
     const EdgeItem item = EdgeItems.front();
-    const double level = OwnerIsPlate(item.code) ? LevelAt(PlakTable[OwnerPlate(item.code)], item.no,
-                                                           item.no % PlakTable[OwnerPlate(item.code)].NoktaSayisi + 1)
-                                                 : LevelAt(PanelTable[item.code], item.no, NextCorner(item.no));
+    const double level = ItemIsPlate(item.code) ? LevelAt(PlakTable[OwnerPlate(item.code)], item.no,
+                                                          item.no % PlakTable[OwnerPlate(item.code)].NoktaSayisi + 1)
+                                                : LevelAt(PanelTable[item.code], item.no, NextCorner(item.no));
     return "Kot=" + PictureText(level, kNotePicture) + " m  dZ=" + PictureText(dZ, kNotePicture);
 }
 
 void DragItem(MainWindow &main, std::size_t index, const Step &step) {
-    const bool plate = OwnerIsPlate(EdgeItems[index].code);
+    const bool plate = ItemIsPlate(EdgeItems[index].code);
     if (RotatedView())
         plate ? LiftPlate(main, index, step.dZ) : LiftPanel(main, index, step.dZ);
     else

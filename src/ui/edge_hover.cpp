@@ -119,7 +119,7 @@ private:
 
     void select(EdgeItem item, ScreenPoint marker) {
         SelectedPanel = item.code;
-        SeciliKenar = OwnerIsPlate(item.code) ? 0 : item.no;
+        SeciliKenar = ItemIsPlate(item.code) ? 0 : item.no;
         EdgeMarkerX = marker.x;
         EdgeMarkerY = marker.y;
     }
@@ -206,9 +206,9 @@ bool Carries(int plate, EdgeItem wall) {
 void DropCarriedWalls() {
     const std::vector<EdgeItem> all = EdgeItems;
     for (const EdgeItem plate : all)
-        if (OwnerIsPlate(plate.code))
+        if (ItemIsPlate(plate.code))
             std::erase_if(EdgeItems, [plate](EdgeItem item) {
-                return !OwnerIsPlate(item.code) && Carries(OwnerPlate(plate.code), item);
+                return !ItemIsPlate(item.code) && Carries(OwnerPlate(plate.code), item);
             });
 }
 

@@ -176,7 +176,7 @@ void PressTakeEdge(MainWindow &main, Pointer /*at*/) {
 }
 
 void PressEdgeSupport(MainWindow &main, Pointer /*at*/) {
-    if (SelectedPanel <= 0 || OwnerIsPlate(SelectedPanel))
+    if (SelectedPanel <= 0 || ItemIsPlate(SelectedPanel))
         return;
     Int16 &held = PanelTable[SelectedPanel].KenarMesnet[SeciliKenar];
     held = held > 0 ? 0 : 1;

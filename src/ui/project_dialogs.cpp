@@ -3,6 +3,7 @@
 #include "model/options.h"
 #include "model/project_file.h"
 #include "model/store.h"
+#include "ui/command_state.h"
 #include "ui/dialog_parts.h"
 #include "ui/dialogs.h"
 #include "ui/pointer.h"
@@ -115,6 +116,8 @@ void ReadProject(MainWindow &main, const std::string &path) {
     ProjeDosyasi = path;
     ClearModel();
     LoadProject(ProjeDosyasi, main);
+    ZoomPending = 0; // the window is then as at the start, but for the view
+    NodesHidden = 0;
     main.TakeRotated();
     main.ComputeExtents();
     if (MeshCount > 0)

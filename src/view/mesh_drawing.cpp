@@ -3,6 +3,7 @@
 #include "model/arithmetic.h"
 #include "model/link_code.h"
 #include "model/store.h"
+#include "view/far_to_near.h"
 #include "view/fit.h"
 #include "view/marks.h"
 #include "view/pick.h"
@@ -11,7 +12,6 @@
 #include "view/view_frames.h"
 #include "view/view_state.h"
 
-#include <algorithm>
 #include <array>
 #include <optional>
 #include <vector>
@@ -61,11 +61,11 @@ static double MeshDistance(const MeshRecord &mesh) {
 
 // Leaves in Sira of record k the number of the k-th mesh, far to near, and its distance in Derinlik.
 static void SortMeshes() {
-    std::vector<std::pair<Float32, int>> order;
+    std::vector<std::pair<double, int>> order;
     order.reserve(static_cast<std::size_t>(MeshCount));
     for (int i = 1; i <= MeshCount; ++i)
         order.emplace_back(Float32(MeshDistance(MeshTable[i])), i);
-    std::stable_sort(order.begin(), order.end(), [](const auto &a, const auto &b) { return a.first > b.first; });
+    SortFarToNear(order);
     for (int k = 1; k <= MeshCount; ++k) {
         MeshTable[k].Derinlik = order[static_cast<std::size_t>(k - 1)].first;
         MeshTable[k].Sira = order[static_cast<std::size_t>(k - 1)].second;

@@ -2,6 +2,7 @@
 #include "model/arithmetic.h"
 #include "model/link_code.h"
 #include "model/store.h"
+#include "view/far_to_near.h"
 #include "view/fit.h"
 #include "view/marks.h"
 #include "view/plate_drawing.h"
@@ -63,12 +64,12 @@ static void TakePlates(double key) {
     }
 }
 
-static void SortFarToNear() {
+static void SortEntries() {
     const int count = PanelCount + PlakCount;
     std::vector<std::pair<double, int>> entries;
     for (int i = 1; i <= count; ++i)
         entries.emplace_back(DepthKey[i], DepthOrder[i]);
-    std::stable_sort(entries.begin(), entries.end(), [](const auto &a, const auto &b) { return a.first > b.first; });
+    SortFarToNear(entries);
     for (int i = 1; i <= count; ++i) {
         DepthKey[i] = entries[static_cast<std::size_t>(i - 1)].first;
         DepthOrder[i] = entries[static_cast<std::size_t>(i - 1)].second;
@@ -86,7 +87,7 @@ void PlateBoundsAndDepth(Surface &scr) {
         Xmax = Ymax = kEmptyModel;
     }
     if (FitPlateView() && RotatedView())
-        SortFarToNear();
+        SortEntries();
 }
 
 } // namespace havuz

@@ -58,7 +58,7 @@ static void DrawRotated(Surface &scr, ViewWindow &window) {
     scr.pen.mode = DrawMode::Merge;
     for (int i = 1; i <= PanelCount + PlakCount; ++i) {
         const int item = DepthOrder[i];
-        if (item > kPlateOwner) {
+        if (ItemIsPlate(item)) {
             FillPlate(scr, OwnerPlate(item), kQbLightGreen);
             continue;
         }
