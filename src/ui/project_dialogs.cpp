@@ -3,6 +3,7 @@
 #include "model/options.h"
 #include "model/project_file.h"
 #include "model/store.h"
+#include "ui/command_state.h"
 #include "ui/dialog_parts.h"
 #include "ui/dialogs.h"
 #include "ui/pointer.h"
@@ -110,11 +111,13 @@ bool IsProject(const fs::path &file) {
     return extension == ".POL";
 }
 
+// As after a new project nothing is pending and no node is hidden.
 void ReadProject(MainWindow &main, const std::string &path) {
     ProjeAdi = UpToFirstDot(fs::path(path).filename().string());
     ProjeDosyasi = path;
     ClearModel();
     LoadProject(ProjeDosyasi, main);
+    ZoomPending = NodesHidden = 0;
     main.TakeRotated();
     main.ComputeExtents();
     if (MeshCount > 0)
