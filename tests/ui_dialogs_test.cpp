@@ -299,6 +299,7 @@ TEST(OpenProject, ADroppedFileEndsWhatIsArmedAndIsReadAsFromTheDialog) {
     EXPECT_FALSE(desk.window.OpenFile(folder.file("depo.pol"))); // behind a dialog
 }
 
+// A new project and one that is read leave nothing pending and nothing hidden.
 TEST(EndConfirm, DeletesTheScratchFileAndEnds) {
     ResetAll();
     Desk desk;

@@ -129,6 +129,9 @@ TEST(Paging, KeysWalkTheColumnsOfARow) {
         desk.window.Press(Key::Enter);
     EXPECT_EQ(desk.window.focused(), Cell("KOORBIL", "X", 1)); // behind the last box the next row
     EXPECT_TRUE(desk.main.OnKey(Cell("KOORBIL", "X", 1), Key::Enter));
+    desk.window.Type(Cell("KOORBIL", "X", 1), "5 ş"); // the end is counted in characters
+    desk.window.Press(Key::Right);
+    EXPECT_EQ(desk.window.focused(), Cell("KOORBIL", "Y", 1));
 }
 
 TEST(Paging, PagesMoveByTenAndStopAtBothEnds) {

@@ -1,5 +1,6 @@
 #include "ui/paged_table.h"
 
+#include "model/code_page.h"
 #include "model/number_text.h"
 #include "model/store.h"
 #include "ui/dialog_parts.h"
@@ -57,10 +58,14 @@ int PagedTable::columnOf(Element element) const {
 
 // Pages
 
+// The cells start in the colour of those without the focus.
 void PagedTable::placeCells() {
     for (int row = 0; row < kTableRows; ++row)
-        for (int c = 0; c < columnCount(); ++c)
+        for (int c = 0; c < columnCount(); ++c) {
             window.Move(cell(row, c), CellLeft(c), CellTop(row));
+            if (isText(c))
+                window.SetColour(cell(row, c), kLeftColour);
+        }
 }
 
 void PagedTable::show() {
@@ -195,7 +200,10 @@ bool PagedTable::OnKey(Element element, Key key) {
         return false;
     const int row = element.index;
     const bool text = isText(c);
-    const auto caret = [&] { return window.SelectionStart(element) + window.SelectionLength(element); };
+    const auto atEnd = [&] {
+        const auto characters = static_cast<int>(ToCodePage(window.Text(element)).size()); // a byte each
+        return window.SelectionStart(element) + window.SelectionLength(element) >= characters;
+    };
     switch (key) {
     case Key::Enter:
         goNext(row, c);
@@ -207,7 +215,7 @@ bool PagedTable::OnKey(Element element, Key key) {
         goUp(row, c);
         return true;
     case Key::Right:
-        if (text && caret() < static_cast<int>(window.Text(element).size()))
+        if (text && !atEnd())
             return false;
         goNext(row, c);
         return true;

@@ -29,6 +29,12 @@ public:
     explicit PanelTableForm(MainWindow &owner) : PagedTable(owner, kKind) {}
     std::vector<Field> fields() const override;
 
+    void show() {
+        for (int i = 0; i <= kDetailLast; ++i)
+            window.SetColour(at("Deger", i), kLeftColour);
+        PagedTable::show();
+    }
+
     void OnClick(Element element) override {
         if (element.name == "Tamam")
             confirm();

@@ -50,6 +50,8 @@ public:
     }
 
     void show() {
+        for (int row = 0; row <= kLastRow; ++row)
+            window.SetColour(at("Tex", row), kLeftColour);
         setText("Tex", 0, CutBlanks(ProjeIsmi));
         for (int row = 1; row <= kLastRow; ++row)
             setText("Tex", row, PictureText(*kRows[row].parameter, kRows[row].picture));

@@ -59,10 +59,14 @@ public:
     std::vector<Field> fields() const override;
 
     void show() {
-        for (const PageBox &box : kPageBoxes)
+        for (const PageBox &box : kPageBoxes) {
             setText(box.name, box.page, PictureText(*box.parameter, "#####"));
-        for (int row = 0; row <= kCommonLast; ++row)
+            window.SetColour(boxElement(box), kLeftColour);
+        }
+        for (int row = 0; row <= kCommonLast; ++row) {
             setText("Ortak", row, PictureText(*kCommon[row].parameter, kCommon[row].picture));
+            window.SetColour(at("Ortak", row), kLeftColour);
+        }
         setChecked("HucreTip", HucreTip == 0.0 ? 0 : 1, true);
         for (int i = 0; i <= kYukKombinasyonLast; ++i)
             setChecked("YukKombinasyon", i, YukKombinasyon[i] != 0.0);

@@ -111,6 +111,7 @@ bool IsProject(const fs::path &file) {
     return extension == ".POL";
 }
 
+// As after a new project nothing is pending and no node is hidden.
 void ReadProject(MainWindow &main, const std::string &path) {
     ProjeAdi = UpToFirstDot(fs::path(path).filename().string());
     ProjeDosyasi = path;

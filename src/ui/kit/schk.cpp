@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QStyleOptionButton>
+#include <algorithm>
 
 namespace havuz {
 
@@ -14,7 +15,7 @@ Schk::Schk(Look look, QWidget *parent) : Button(parent), look_(look) {
 
 QSize Schk::sizeHint() const {
     const QSize size = Button::sizeHint();
-    return look_ == Look::Toggle ? size : QSize(size.width() + kIndicator, size.height());
+    return look_ == Look::Toggle ? size : QSize(size.width() + kIndicator, std::max(size.height(), kIndicator));
 }
 
 QRect Schk::contents() const {

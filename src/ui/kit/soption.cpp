@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QStyleOptionButton>
+#include <algorithm>
 
 namespace havuz {
 
@@ -11,7 +12,7 @@ Soption::Soption(Look look, QWidget *parent) : Button(parent), look_(look) {}
 
 QSize Soption::sizeHint() const {
     const QSize size = Button::sizeHint();
-    return look_ == Look::Tab ? size : QSize(size.width() + kIndicator, size.height());
+    return look_ == Look::Tab ? size : QSize(size.width() + kIndicator, std::max(size.height(), kIndicator));
 }
 
 QRect Soption::contents() const {

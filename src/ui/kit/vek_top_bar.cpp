@@ -27,8 +27,8 @@ VekTopBar::VekTopBar(QWidget *parent)
 void VekTopBar::put(const char *key, const QVariant &value) {
     bag_.put(key, value);
     const QStringList lines = bag_.get(bag::kCaption).toString().split(QLatin1Char('^'));
-    title_->setText(lines.value(0).simplified());
-    subtitle_->setText(lines.value(1).simplified());
+    title_->setText(lines.value(0).trimmed());
+    subtitle_->setText(lines.value(1).trimmed());
 }
 
 void VekTopBar::add(QWidget *button) {

@@ -49,16 +49,14 @@ private:
     PersonInput &input_;
 };
 
-// A platform's own colour is left to the palette.
+// A box that nothing has coloured keeps the platform's own colours.
 void Tint(QWidget *widget, QPalette::ColorRole back, QPalette::ColorRole text, const State &state) {
     QPalette palette;
-    if (state.colour != kButtonColour) {
-        const QColor tone = ToneOf(state.colour, palette);
-        palette.setColor(back, tone);
-        palette.setColor(text, LegibleOn(tone));
-        if (state.textColour != QbColour(0))
-            palette.setColor(text, ToneOf(state.textColour, palette));
-    }
+    if (state.colour == kButtonColour && back == QPalette::Base)
+        return widget->setPalette(palette);
+    const QColor tone = ToneOf(state.colour, palette);
+    palette.setColor(back, tone);
+    palette.setColor(text, state.textColour == QbColour(0) ? LegibleOn(tone) : ToneOf(state.textColour, palette));
     widget->setPalette(palette);
 }
 
@@ -93,15 +91,16 @@ ElementWidget MakeLabel(Element element, QWidget *form, PersonInput &input) {
     auto *label = new ReportingLabel(element, form, input);
     label->setMouseTracking(element.form == "TOOL");
     const QString picture = PictureName(element, 0);
-    const bool painted = !picture.isEmpty();
+    const bool painted = !picture.isEmpty(), tinted = element.form == "TOOL";
     if (painted)
         label->setPixmap(PictureOf(picture, PictureSize(element), label->devicePixelRatioF(),
                                    LegibleOn(label->palette().color(QPalette::Window))));
-    return {label, nullptr, [label, painted](const State &state) {
+    return {label, nullptr, [label, painted, tinted](const State &state) {
                 if (!painted)
                     label->setText(Words(state));
-                label->setAutoFillBackground(state.colour != kButtonColour);
-                Tint(label, QPalette::Window, QPalette::WindowText, state);
+                label->setAutoFillBackground(tinted || state.colour != kButtonColour);
+                if (label->autoFillBackground())
+                    Tint(label, QPalette::Window, QPalette::WindowText, state);
                 label->adjustSize();
             }};
 }
