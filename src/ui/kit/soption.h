@@ -2,23 +2,15 @@
 // what the bag says: a click is only reported.
 #pragma once
 
-#include "ui/kit/button.h"
+#include "ui/kit/marked_button.h"
 
 namespace havuz {
 
-class Soption : public Button {
+class Soption : public MarkedButton {
 public:
     enum class Look { Radio, Tab };
-    Soption(Look look, QWidget *parent);
-
-    QSize sizeHint() const override;
-
-protected:
-    void paintBack(QPainter &painter) override;
-    QRect contents() const override;
-
-private:
-    Look look_;
+    Soption(Look look, QWidget *parent)
+        : MarkedButton(look == Look::Radio ? Mark(QStyle::PE_IndicatorRadioButton) : Mark(), parent) {}
 };
 
 } // namespace havuz
