@@ -182,10 +182,16 @@ void MainWindow::Clear() {
     window.Canvas(kVekProgBar).Clear();
 }
 
+// A row that stops short of the end is laid over the last whole one, so that the label of before is gone.
 void MainWindow::Line(int y, int width, int red, int green, int blue) {
-    window.Canvas(kVekProgBar)
-        .Line(0, y, width, y,
-              Rgb(static_cast<unsigned>(red), static_cast<unsigned>(green), static_cast<unsigned>(blue)));
+    Surface &bar = window.Canvas(kVekProgBar);
+    const Colour colour = Rgb(static_cast<unsigned>(red), static_cast<unsigned>(green), static_cast<unsigned>(blue));
+    Colour &whole = progressRows_[y];
+    if (width >= bar.width())
+        whole = colour;
+    else
+        bar.Line(0, y, bar.width(), y, whole);
+    bar.Line(0, y, width, y, colour);
 }
 
 void MainWindow::Label(const std::string &text, bool white) {

@@ -12,6 +12,7 @@
 #include "view/view_window.h"
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -144,6 +145,7 @@ private:
 
     std::string executable_;
     std::vector<std::unique_ptr<Form>> forms_;
+    std::map<int, Colour> progressRows_; // of the bar, as it was painted whole
     double overviewLeft_ = 0.0, overviewTop_ = 0.0; // where the overview opens next, twips
 };
 

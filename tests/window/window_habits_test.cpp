@@ -8,7 +8,9 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QDragEnterEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QUrl>
 #include <gtest/gtest.h>
 
@@ -91,6 +93,24 @@ TEST(habits, ARecentProjectOpensFromItsMenu) {
     desk.openRecent(0);
     ASSERT_TRUE(desk.waitFor([] { return MeshCount == 174; }));
     desk.shot("recent");
+}
+
+TEST(habits, AProjectDroppedOnTheWindowOpens) {
+    WindowDesk desk;
+    QWidget *main = desk.window.formWidget(kMain);
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(kSample + ".POL"))});
+    QDragEnterEvent enter({100, 300}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(main, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({100, 300}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(main, &drop);
+    EXPECT_EQ(MeshCount, 174);
+    // a dialog keeps drops from the main window
+    ASSERT_TRUE(desk.key("n", true));
+    ASSERT_TRUE(desk.click(ChkButton(2)));
+    QApplication::sendEvent(main, &drop);
+    EXPECT_EQ(MeshCount, 0);
 }
 
 TEST(habits, TheRowMenuOfATableWorksBesideItsRow) {
