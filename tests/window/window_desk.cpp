@@ -32,6 +32,7 @@ WindowDesk::WindowDesk(const std::string &project) : main(window, HAVUZ_CLI) {
     window.SetLog(this);
     window.handle([&] { main.Start(project); });
     window.begin();
+    waitFor([&] { return window.ended() || window.keyboardInFront(); });
     settle();
 }
 
@@ -108,6 +109,8 @@ bool WindowDesk::click(Element element) {
 bool WindowDesk::type(Element box, const std::string &text) {
     if (!click(box))
         return false;
+    if (!waitFor([&] { return window.widget(box)->hasFocus(); }))
+        return false;
     hand::Key("a", true);
     if (text.empty())
         return comes(Act::Type, box, [&] { hand::Key("BackSpace"); });
@@ -115,6 +118,8 @@ bool WindowDesk::type(Element box, const std::string &text) {
 }
 
 bool WindowDesk::key(const std::string &name, bool control) {
+    if (!waitFor([&] { return window.keyboardInFront(); }))
+        return false;
     const std::size_t before = acts_.size();
     hand::Key(name, control);
     return waitFor([&] {

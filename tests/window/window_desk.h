@@ -7,11 +7,10 @@
 #include "ui/main_window.h"
 #include "ui/qt/qt_window.h"
 
+#include <QWidget>
 #include <functional>
 #include <string>
 #include <vector>
-
-class QWidget;
 
 namespace havuz {
 
@@ -34,6 +33,11 @@ public:
             argument = with;
         }
         void ReportError(const std::string &line) override { error = line; }
+        // Whether the keyboard is at the form in front; palettes leave it where it was.
+        bool keyboardInFront() const {
+            const QWidget *form = formWidget(front());
+            return form == nullptr || form->isActiveWindow() || form->testAttribute(Qt::WA_ShowWithoutActivating);
+        }
     } window;
     MainWindow main;
 

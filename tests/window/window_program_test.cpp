@@ -61,11 +61,13 @@ TEST(program, RecordsWhatIsDoneAndOneInstanceRuns) {
         return Comes([&] { return ReadBytes(record).find(words) != std::string::npos; });
     };
     ASSERT_TRUE(written("surface 1010 600\n"));
-    QThread::msleep(500);
+    ASSERT_TRUE(Comes([] { return hand::FocusWindow() != 0; }));
+    const unsigned long main = hand::FocusWindow();
     const auto second = machine.start({});
     EXPECT_EQ(StatusOf(*second), 0);
     hand::Key("s", true);
     ASSERT_TRUE(written("click MAIN ChkButton 11\n"));
+    ASSERT_TRUE(Comes([&] { return hand::FocusWindow() != 0 && hand::FocusWindow() != main; }));
     hand::Key("a", true);
     hand::Write("YENI");
     hand::Key("Return");

@@ -74,6 +74,13 @@ void Write(const std::string &text) {
         PressCode(static_cast<KeySym>(static_cast<unsigned char>(c)), false);
 }
 
+unsigned long FocusWindow() {
+    Window window = None;
+    int revert = 0;
+    XGetInputFocus(TheDisplay(), &window, &revert);
+    return window == PointerRoot ? 0 : window;
+}
+
 void AskToClose(unsigned long window) {
     Display *display = TheDisplay();
     XEvent event{};

@@ -13,6 +13,9 @@ void Release(int button);
 void Key(const std::string &name, bool control = false);
 void Write(const std::string &text); // ASCII
 
+// The window that the keyboard goes to, 0 when it goes to none.
+unsigned long FocusWindow();
+
 // What a window manager sends to a window whose close button was clicked.
 void AskToClose(unsigned long window);
 
