@@ -21,11 +21,13 @@ struct Machine {
     ProgramFolder program;
     TemporaryFolder home;
 
-    std::unique_ptr<QProcess> start(const QStringList &arguments) const {
+    std::unique_ptr<QProcess> start(const QStringList &arguments, const QStringList &without = {}) const {
         auto process = std::make_unique<QProcess>();
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"})
             environment.insert(name, QString::fromStdString(home.path()));
+        for (const QString &name : without)
+            environment.remove(name);
         process->setProcessEnvironment(environment);
         process->setWorkingDirectory(QString::fromStdString(home.path()));
         process->start(HAVUZ, arguments);
@@ -93,6 +95,9 @@ TEST(program, AStartThatFailsEndsWithOneLineAndStatusOne) {
     EXPECT_EQ(StatusOf(*empty), 1);
     const auto wrong = machine.start({"--no-such-option"});
     EXPECT_EQ(StatusOf(*wrong), 2);
+    const auto blind = machine.start({}, {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"});
+    EXPECT_EQ(StatusOf(*blind), 1);
+    EXPECT_NE(blind->readAllStandardError().toStdString().find("havuz: no display"), std::string::npos);
 }
 
 } // namespace havuz

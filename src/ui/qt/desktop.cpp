@@ -60,7 +60,18 @@ static int RunRecorded(QtWindow &window, const DesktopOptions &options) {
     return status;
 }
 
+static bool HasDisplay() {
+    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (!qEnvironmentVariableIsEmpty(name))
+            return true;
+    return false;
+}
+
 int RunDesktop(int &argc, char **argv, const std::string &executable, const DesktopOptions &options) {
+    if (!HasDisplay()) { // Qt would abort the process
+        std::fprintf(stderr, "havuz: no display: the window needs an X or Wayland session\n");
+        return 1;
+    }
     QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C"); // Qt takes the locale of the system
     QApplication::setApplicationName(QStringLiteral("havuz"));
