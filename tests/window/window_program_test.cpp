@@ -66,7 +66,7 @@ TEST(program, RecordsWhatIsDoneAndOneInstanceRuns) {
     ASSERT_TRUE(Comes([] { return hand::FocusWindow() != 0; }));
     const unsigned long main = hand::FocusWindow();
     const auto second = machine.start({});
-    EXPECT_EQ(StatusOf(*second), 0);
+    EXPECT_EQ(StatusOf(*second), 0) << second->readAllStandardError().toStdString();
     hand::Key("s", true);
     ASSERT_TRUE(written("click MAIN ChkButton 11\n"));
     ASSERT_TRUE(Comes([&] { return hand::FocusWindow() != 0 && hand::FocusWindow() != main; }));
