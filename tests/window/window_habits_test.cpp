@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QUrl>
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace havuz {
@@ -36,9 +37,12 @@ TEST(habits, TheWheelZoomsAboutThePointerAndTheMiddleButtonPans) {
     hand::MoveTo(from.x(), from.y());
     hand::Press(2);
     desk.settle();
+    hand::MoveTo(from.x() + 20, from.y() - 10);
+    desk.settle();
     hand::MoveTo(from.x() + 60, from.y() - 40);
     ASSERT_TRUE(desk.waitFor([&] { return NodePixels(48).x > zoomed.x + 59.0; }));
     hand::Release(2);
+    EXPECT_NEAR(NodePixels(48).x, zoomed.x + 60.0, 1e-6);
     EXPECT_NEAR(NodePixels(48).y, zoomed.y - 40.0, 1e-6);
     ASSERT_TRUE(desk.click(Command(0)));
     EXPECT_EQ(MeshScale, scale); // zoom all
@@ -93,6 +97,28 @@ TEST(habits, ARecentProjectOpensFromItsMenu) {
     desk.openRecent(0);
     ASSERT_TRUE(desk.waitFor([] { return MeshCount == 174; }));
     desk.shot("recent");
+}
+
+TEST(habits, TheDrawingFollowsTheSizeOfTheWindow) {
+    WindowDesk desk(kSample);
+    const double scale = MeshScale;
+    desk.window.formWidget(kMain)->resize(800, 600); // as a window manager does
+    ASSERT_TRUE(desk.waitFor([] { return ViewWidth == 800 - 14 - 5; }));
+    EXPECT_LT(MeshScale, scale);
+    EXPECT_EQ(desk.main.scr().width(), desk.window.widget(kScr)->width());
+    EXPECT_EQ(desk.main.scr().height(), desk.window.widget(kScr)->height());
+}
+
+TEST(habits, ADoubleClickInTheListOpensTheProject) {
+    WindowDesk desk;
+    std::filesystem::copy_file(kSample + ".POL", desk.program.file("VEK9DATA/P.POL"));
+    ASSERT_TRUE(desk.key("o", true));
+    const Element files = In("LOADFILE", "Dosya");
+    ASSERT_TRUE(desk.choose(files, 0));
+    EXPECT_EQ(desk.window.Text(In("LOADFILE", "Secilen")), "P.POL");
+    ASSERT_TRUE(desk.choose(files, 0)); // soon after the first
+    EXPECT_TRUE(desk.waitFor([] { return MeshCount == 174; }));
+    EXPECT_FALSE(desk.window.FormShown("LOADFILE"));
 }
 
 TEST(habits, AProjectDroppedOnTheWindowOpens) {
