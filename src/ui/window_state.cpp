@@ -118,6 +118,7 @@ void WindowState::SetText(Element element, const std::string &text) {
     ElementState &state = at(element);
     state.text = text;
     state.caret = state.selected = 0;
+    changed(element);
 }
 
 void WindowState::SetChecked(Element element, bool checked) {
@@ -127,6 +128,7 @@ void WindowState::SetChecked(Element element, bool checked) {
             if (name.form == element.form && other.kind == FieldKind::Option && other.group == state.group)
                 other.checked = false;
     state.checked = checked;
+    changed(element);
 }
 
 void WindowState::Focus(Element element) {
@@ -152,12 +154,14 @@ void WindowState::SetItems(Element list, const std::vector<std::string> &items) 
     ElementState &state = at(list);
     state.items = items;
     state.item = -1;
+    changed(list);
 }
 
 void WindowState::SetScroll(Element bar, int value, int maximum) {
     ElementState &state = at(bar);
     state.value = value;
     state.maximum = maximum;
+    changed(bar);
 }
 
 // What a person does

@@ -121,21 +121,42 @@ public:
     void EnableForm(std::string_view form, bool enabled) override { at(form).enabled = enabled; }
     void Minimise(std::string_view form) override { at(form).minimised = true; }
 
-    void Show(Element element, bool shown) override { at(element).shown = shown; }
+    void Show(Element element, bool shown) override {
+        at(element).shown = shown;
+        changed(element);
+    }
     bool Shown(Element element) override { return state(element).shown; }
-    void Enable(Element element, bool enabled) override { at(element).enabled = enabled; }
+    void Enable(Element element, bool enabled) override {
+        at(element).enabled = enabled;
+        changed(element);
+    }
     bool Enabled(Element element) override { return state(element).enabled; }
     void Move(Element element, double left, double top) override;
     void SetText(Element element, const std::string &text) override;
     std::string Text(Element element) override { return state(element).text; }
-    void SetPicture(Element element, int picture) override { at(element).picture = picture; }
+    void SetPicture(Element element, int picture) override {
+        at(element).picture = picture;
+        changed(element);
+    }
     void SetChecked(Element element, bool checked) override;
     bool Checked(Element element) override { return state(element).checked; }
-    void SetColour(Element element, Colour back) override { at(element).colour = back; }
-    void SetTextColour(Element element, Colour text) override { at(element).textColour = text; }
-    void SetLine(Element line, LineEnds ends) override { at(line).line = ends; }
+    void SetColour(Element element, Colour back) override {
+        at(element).colour = back;
+        changed(element);
+    }
+    void SetTextColour(Element element, Colour text) override {
+        at(element).textColour = text;
+        changed(element);
+    }
+    void SetLine(Element line, LineEnds ends) override {
+        at(line).line = ends;
+        changed(line);
+    }
     LineEnds Line(Element line) override { return state(line).line; }
-    void SetLineStyle(Element line, RubberStyle style) override { at(line).style = style; }
+    void SetLineStyle(Element line, RubberStyle style) override {
+        at(line).style = style;
+        changed(line);
+    }
 
     void Focus(Element element) override;
     void SelectText(Element box, int start, int length) override;
@@ -143,14 +164,22 @@ public:
     int SelectionLength(Element box) override { return state(box).selected; }
 
     void SetItems(Element list, const std::vector<std::string> &items) override;
-    void AddItem(Element list, const std::string &item) override { at(list).items.push_back(item); }
+    void AddItem(Element list, const std::string &item) override {
+        at(list).items.push_back(item);
+        changed(list);
+    }
     std::vector<std::string> Items(Element list) override { return state(list).items; }
-    void SelectItem(Element list, int item) override { at(list).item = item; }
+    void SelectItem(Element list, int item) override {
+        at(list).item = item;
+        changed(list);
+    }
     int SelectedItem(Element list) override { return state(list).item; }
     void SetScroll(Element bar, int value, int maximum) override;
     int ScrollValue(Element bar) override { return state(bar).value; }
 
 protected:
+    // The state of the element was set: a platform shows it.
+    virtual void changed(Element /*element*/) {}
     // The name that stays valid for an event.
     Element own(Element element) const { return find(element).first; }
     // The form comes to the front: the one that was there loses its activation.

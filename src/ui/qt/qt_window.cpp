@@ -169,58 +169,8 @@ void QtWindow::showLines(std::string_view form) {
     view->second->showLines(std::move(lines));
 }
 
-void QtWindow::Show(Element element, bool shown) {
-    WindowState::Show(element, shown);
-    show(element);
-}
-void QtWindow::Enable(Element element, bool enabled) {
-    WindowState::Enable(element, enabled);
-    show(element);
-}
-void QtWindow::SetText(Element element, const std::string &text) {
-    WindowState::SetText(element, text);
-    show(element);
-}
-void QtWindow::SetPicture(Element element, int picture) {
-    WindowState::SetPicture(element, picture);
-    show(element);
-}
-void QtWindow::SetColour(Element element, Colour back) {
-    WindowState::SetColour(element, back);
-    show(element);
-}
-void QtWindow::SetTextColour(Element element, Colour text) {
-    WindowState::SetTextColour(element, text);
-    show(element);
-}
-void QtWindow::SetLine(Element line, LineEnds ends) {
-    WindowState::SetLine(line, ends);
-    show(line);
-}
-void QtWindow::SetLineStyle(Element line, RubberStyle style) {
-    WindowState::SetLineStyle(line, style);
-    show(line);
-}
-void QtWindow::SetItems(Element list, const std::vector<std::string> &items) {
-    WindowState::SetItems(list, items);
-    show(list);
-}
-void QtWindow::AddItem(Element list, const std::string &item) {
-    WindowState::AddItem(list, item);
-    show(list);
-}
-void QtWindow::SelectItem(Element list, int item) {
-    WindowState::SelectItem(list, item);
-    show(list);
-}
-void QtWindow::SetScroll(Element bar, int value, int maximum) {
-    WindowState::SetScroll(bar, value, maximum);
-    show(bar);
-}
-
 // The options that it excludes change with it.
-void QtWindow::SetChecked(Element element, bool checked) {
-    WindowState::SetChecked(element, checked);
+void QtWindow::changed(Element element) {
     if (state(element).kind != FieldKind::Option)
         return show(element);
     for (const auto &[other, placed] : made_)

@@ -45,22 +45,9 @@ public:
     double FormWidth(std::string_view form) override;
     void SetCaption(std::string_view form, const std::string &caption) override;
     void Minimise(std::string_view form) override;
-    void Show(Element element, bool shown) override;
-    void Enable(Element element, bool enabled) override;
     void Move(Element element, double left, double top) override;
-    void SetText(Element element, const std::string &text) override;
-    void SetPicture(Element element, int picture) override;
-    void SetChecked(Element element, bool checked) override;
-    void SetColour(Element element, Colour back) override;
-    void SetTextColour(Element element, Colour text) override;
-    void SetLine(Element line, LineEnds ends) override;
-    void SetLineStyle(Element line, RubberStyle style) override;
     void Focus(Element element) override;
     void SelectText(Element box, int start, int length) override;
-    void SetItems(Element list, const std::vector<std::string> &items) override;
-    void AddItem(Element list, const std::string &item) override;
-    void SelectItem(Element list, int item) override;
-    void SetScroll(Element bar, int value, int maximum) override;
     Surface &Canvas(Element picture) override;
     void ResizeSurface(int width, int height) override;
     void CopyPicture(Element from, Element to) override;
@@ -89,6 +76,7 @@ private:
     void confirmed(Element list, int item) override;
     void scrolled(Element bar, int value) override;
 
+    void changed(Element element) override;
     bool eventFilter(QObject *object, QEvent *event) override;
     bool keyPressed(Element element, int key, bool plain);
     void focusTaken(Element element);
