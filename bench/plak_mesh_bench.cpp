@@ -53,12 +53,8 @@ void MeshOne(benchmark::State &state, const std::vector<PlanPoint> &outline) {
     state.counters["meshes"] = MeshCount;
 }
 
-void BM_MostPoints(benchmark::State &state) {
-    MeshOne(state, Round());
-}
-void BM_LargestGrid(benchmark::State &state) {
-    MeshOne(state, Band());
-}
+void BM_MostPoints(benchmark::State &state) { MeshOne(state, Round()); }
+void BM_LargestGrid(benchmark::State &state) { MeshOne(state, Band()); }
 
 // Plates until the node table is full, walls left out; with numbering and report.
 void BM_WholeModel(benchmark::State &state) {

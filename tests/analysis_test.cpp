@@ -95,8 +95,8 @@ TEST(Analysis, SpringForcesBalanceTheLoadsOfAPool) {
             springs -= NoktaTable[i].Yay * r.displacement(i, 3, c);
         EXPECT_NEAR(springs, VerticalLoad[c], 0.0005 * 135) << c;
     }
-    EXPECT_NEAR(VerticalLoad[1], 99.5, 1e-4);      // 37.5 base, 45 walls, 17 strips
-    EXPECT_NEAR(VerticalLoad[3], 135, 1e-4);       // 2.7 m of water on 50 m2
+    EXPECT_NEAR(VerticalLoad[1], 99.5, 1e-4); // 37.5 base, 45 walls, 17 strips
+    EXPECT_NEAR(VerticalLoad[3], 135, 1e-4);  // 2.7 m of water on 50 m2
 }
 
 TEST(Analysis, LiquidAloneGivesASymmetricAnswer) {
@@ -122,7 +122,8 @@ TEST(Analysis, LiquidAloneGivesASymmetricAnswer) {
     EXPECT_GT(r.displacement(wall, 2, 4), 0.0);      // soil pushes inward
 }
 
-// Timoshenko and Woinowsky-Krieger: 0.00406 simply supported (table 8), 0.00126 clamped (table 35), for any Poisson ratio.
+// Timoshenko and Woinowsky-Krieger: 0.00406 simply supported (table 8), 0.00126 clamped (table 35), for any Poisson
+// ratio.
 TEST(Analysis, SquarePlatesApproachTheTables) {
     for (const auto &[mesnet, exact] : {std::pair{4, 0.00406}, {7, 0.00126}}) {
         double before = 1.0;

@@ -29,9 +29,7 @@ Ended Cli(const TemporaryFolder &folder, const std::string &arguments) {
     return ended;
 }
 
-bool Contains(const std::string &text, const std::string &part) {
-    return text.find(part) != std::string::npos;
-}
+bool Contains(const std::string &text, const std::string &part) { return text.find(part) != std::string::npos; }
 
 } // namespace
 

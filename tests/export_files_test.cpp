@@ -79,14 +79,10 @@ std::vector<std::vector<std::string>> Block(const std::vector<std::string> &line
     return rows;
 }
 
-double Number(const std::string &word) {
-    return std::stod(word);
-}
+double Number(const std::string &word) { return std::stod(word); }
 
 // Fields of four places show the last three digits of a number.
-int Cut(int number) {
-    return number % 1000;
-}
+int Cut(int number) { return number % 1000; }
 
 void ExpectNodes(const std::vector<std::vector<std::string>> &rows, std::size_t x, std::size_t y, std::size_t z) {
     ASSERT_EQ(rows.size(), static_cast<std::size_t>(NoktaCount));

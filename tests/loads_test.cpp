@@ -107,7 +107,7 @@ TEST(Pressures, SharesCarryOver) {
     EXPECT_GT(liquid, 0.0);
     EXPECT_EQ(Load(1, kUy, 3), -liquid);
     EXPECT_EQ(Load(1, kUy, 4), -liquid);
-    EXPECT_NEAR(Load(1, kUy, 1), 0.0, 1e-6); // liquid less its own share
+    EXPECT_NEAR(Load(1, kUy, 1), 0.0, 1e-6);                  // liquid less its own share
     PutMesh(1, {{0, 0, 0}, {2, 0, 0}, {2, 0, 2}, {0, 0, 2}}); // first pair at the foot, level between the edges
     SiviKotu = 1;
     ToprakKotu = YeraltiSuKotu = 1;

@@ -21,9 +21,7 @@ std::string Report() {
     return text;
 }
 
-bool Reports(const std::string &words) {
-    return Report().find(words) != std::string::npos;
-}
+bool Reports(const std::string &words) { return Report().find(words) != std::string::npos; }
 
 void LibraryPool(int page, double width, double bk) {
     ResetAll();

@@ -28,12 +28,8 @@ std::set<double> PlacesAlong(double (*axis)(int)) {
         places.insert(axis(n));
     return places;
 }
-double X(int n) {
-    return NoktaTable[n].X;
-}
-double Y(int n) {
-    return NoktaTable[n].Y;
-}
+double X(int n) { return NoktaTable[n].X; }
+double Y(int n) { return NoktaTable[n].Y; }
 
 double CoveredArea() {
     double twice = 0.0;

@@ -18,9 +18,7 @@ int PutPlak(const std::vector<PlanPoint> &outline, double z) {
     return PlakCount;
 }
 
-void PutPool(const std::vector<PlanPoint> &outline) {
-    BuildPolygonPool({outline, 20.0, 30.0, 3.0, 0.0});
-}
+void PutPool(const std::vector<PlanPoint> &outline) { BuildPolygonPool({outline, 20.0, 30.0, 3.0, 0.0}); }
 
 void MeshPool(const std::vector<PlanPoint> &outline, double width) {
     PutPool(outline);

@@ -35,9 +35,10 @@ void PutSystem(int N, int columns, unsigned seed, double zeros) {
     std::uniform_real_distribution<double> value(-1.0, 1.0);
     for (int i = 1; i <= N; ++i)
         for (int cell = ProfileDiag[i]; cell < ProfileDiag[i + 1]; ++cell)
-            S[cell] = static_cast<float>(cell == ProfileDiag[i] ? 20.0 + value(random)
-                                         : value(random) < zeros * 2 - 1 ? 0.0
-                                                                         : value(random) * std::pow(10.0, value(random)));
+            S[cell] =
+                static_cast<float>(cell == ProfileDiag[i]          ? 20.0 + value(random)
+                                   : value(random) < zeros * 2 - 1 ? 0.0
+                                                                   : value(random) * std::pow(10.0, value(random)));
     for (int cell = 1; cell <= RhsSize; ++cell)
         Rhs[cell] = static_cast<float>(value(random) * 100.0);
 }
@@ -104,8 +105,10 @@ TEST(System, SizesPastTheArraysFail) {
     ResetAll();
     ResetSystem();
     YukSayisi = 1;
-    const std::tuple<int, int, int, bool> cases[] = {{19999, 10000000, 1, true}, {20000, 1, 1, false},
-                                                     {100, 10000001, 1, false},  {18749, 1, 8, true},
+    const std::tuple<int, int, int, bool> cases[] = {{19999, 10000000, 1, true},
+                                                     {20000, 1, 1, false},
+                                                     {100, 10000001, 1, false},
+                                                     {18749, 1, 8, true},
                                                      {18750, 1, 8, false}};
     for (const auto &[n, profile, columns, fits] : cases) {
         EquationCount = n;

@@ -82,8 +82,8 @@ TEST(ProjectFile, LinesMayEndInLfAloneAndNumbersTakeAnyForm) {
     EXPECT_EQ(LoadText(text), saved);
 }
 
-// The end of the file may come behind any whole line: what was read stands, the rest keeps what it was. Inside a line it
-// is a failure, but for a line's last field, whose digits alone cannot tell, and a whole last line without its end.
+// The end of the file may come behind any whole line: what was read stands, the rest keeps what it was. Inside a line
+// it is a failure, but for a line's last field, whose digits alone cannot tell, and a whole last line without its end.
 TEST(ProjectFile, CutAfterEveryByte) {
     const std::string saved = SmallModel();
     const TemporaryFolder folder;
@@ -147,10 +147,11 @@ TEST(ProjectFile, LoadsOnEveryNode) {
 }
 
 TEST(ProjectFile, CountsAndNumbersThatLeaveTheirTables) {
-    const std::pair<const char *, const char *> cases[] = {
-        {"t\r\n1001,0,0,0,1\r\n", "line 2, field 1"}, {"t\r\n0,101,0,0,1\r\n", "line 2, field 2"},
-        {"t\r\n0,0,5001,0,1\r\n", "line 2, field 3"}, {"t\r\n0,0,0,-1,1\r\n", "line 2, field 4"},
-        {"t\r\n0,0,99999,0,1\r\n", "line 2, field 3"}};
+    const std::pair<const char *, const char *> cases[] = {{"t\r\n1001,0,0,0,1\r\n", "line 2, field 1"},
+                                                           {"t\r\n0,101,0,0,1\r\n", "line 2, field 2"},
+                                                           {"t\r\n0,0,5001,0,1\r\n", "line 2, field 3"},
+                                                           {"t\r\n0,0,0,-1,1\r\n", "line 2, field 4"},
+                                                           {"t\r\n0,0,99999,0,1\r\n", "line 2, field 3"}};
     const TemporaryFolder folder;
     for (const auto &[text, place] : cases) {
         ResetAll();
@@ -158,7 +159,8 @@ TEST(ProjectFile, CountsAndNumbersThatLeaveTheirTables) {
         EXPECT_NE(FailureOf([&] { LoadProject(folder.file("A.POL"), none); }).words.find(place), std::string::npos)
             << text;
     }
-    const std::string head = "t\r\n0,1,2,0,1\r\n0,0,0,0,0,0,0\r\n0,0,0,0,0,0,0,0,0,0,0\r\n0,0,0,0\r\n0,0,0\r\n0,0,0\r\n";
+    const std::string head =
+        "t\r\n0,1,2,0,1\r\n0,0,0,0,0,0,0\r\n0,0,0,0,0,0,0,0,0,0,0\r\n0,0,0,0\r\n0,0,0\r\n0,0,0\r\n";
     std::string tooMany = head + "201,30\r\n";
     for (int k = 1; k <= 201; ++k)
         tooMany += "1,1,1,0\r\n";

@@ -18,9 +18,7 @@ static const Shape kShapes[] = {
     {{{0, 0}, {1, 3}, {0.2, 3.1}, {-2.5, 0.4}}}, // long, with a sharp corner
 };
 
-static int SizeOf(int triangles) {
-    return triangles % 2 == 1 ? 18 : 24;
-} // three corners, or four
+static int SizeOf(int triangles) { return triangles % 2 == 1 ? 18 : 24; } // three corners, or four
 
 static double AreaOf(const Shape &s, int corners) {
     double area = 0.0;

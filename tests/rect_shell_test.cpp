@@ -127,7 +127,7 @@ Dense Elasticity(const Section &s) {
     const double c = s.E * s.t / (1 - s.v * s.v);
     const double d = s.E * s.t * s.t * s.t / (12 * (1 - s.v * s.v));
     const double shear = (1 - s.v) / 2;
-    return {{c, s.v * c, 0, 0, 0, 0}, {s.v * c, c, 0, 0, 0, 0},   {0, 0, shear * c, 0, 0, 0},
+    return {{c, s.v * c, 0, 0, 0, 0}, {s.v * c, c, 0, 0, 0, 0}, {0, 0, shear * c, 0, 0, 0},
             {0, 0, 0, d, s.v * d, 0}, {0, 0, 0, s.v * d, d, 0}, {0, 0, 0, 0, 0, shear * d}};
 }
 
@@ -246,15 +246,18 @@ TEST(RectShell, ClosedFormsOfNodeOne) {
         const double x = kCorner[k][0] * a, y = kCorner[k][1] * b;
         const double r = a * a * a * b * b * b;
         EXPECT_NEAR(S(6 * k + 4, 3),
-                    6 * (D * a * b * b * b - D * a * b * b * y - 2 * D * b * b * b * x + 2 * D * b * b * x * y +
-                         a * a * a * b * Dv - 2 * a * a * a * y * Dv - a * a * b * x * Dv + 2 * a * a * x * y * Dv) / r,
+                    6 *
+                        (D * a * b * b * b - D * a * b * b * y - 2 * D * b * b * b * x + 2 * D * b * b * x * y +
+                         a * a * a * b * Dv - 2 * a * a * a * y * Dv - a * a * b * x * Dv + 2 * a * a * x * y * Dv) /
+                        r,
                     1e-6);
         EXPECT_NEAR(S(6 * k + 4, 4), -2 * Dv * (2 * a * b - 3 * a * y - 2 * b * x + 3 * x * y) / (a * b * b), 1e-6);
         EXPECT_NEAR(S(6 * k + 4, 5), 2 * D * (2 * a * b - 2 * a * y - 3 * b * x + 3 * x * y) / (a * a * b), 1e-6);
-        EXPECT_NEAR(S(6 * k + 6, 3),
-                    -2 * Dk * (a * a * b * b - 6 * a * a * b * y + 6 * a * a * y * y - 6 * a * b * b * x +
-                               6 * b * b * x * x) / r,
-                    1e-6);
+        EXPECT_NEAR(
+            S(6 * k + 6, 3),
+            -2 * Dk * (a * a * b * b - 6 * a * a * b * y + 6 * a * a * y * y - 6 * a * b * b * x + 6 * b * b * x * x) /
+                r,
+            1e-6);
     }
 }
 

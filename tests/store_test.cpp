@@ -9,8 +9,8 @@
 namespace havuz {
 
 TEST(Fields, SixteenBitsRoundTiesToEvenAndFailOutsideTheRange) {
-    const std::pair<double, int> kept[] = {{0.5, 0},     {1.5, 2},           {2.5, 2},          {-2.5, -2},
-                                           {-0.5, 0},    {32767.4, 32767},   {-32768.5, -32768}, {2.500001, 3}};
+    const std::pair<double, int> kept[] = {{0.5, 0},  {1.5, 2},         {2.5, 2},           {-2.5, -2},
+                                           {-0.5, 0}, {32767.4, 32767}, {-32768.5, -32768}, {2.500001, 3}};
     for (const auto &[value, stored] : kept)
         EXPECT_EQ(int(Int16(value)), stored) << value;
     for (const double bad : {32767.5, -32768.6, 1e300, std::nan("")})

@@ -33,9 +33,7 @@ double Cubic(Point p, Derivative d, int c) {
     return Power(p.x, degree - b, dx) * Power(p.y, b, dy);
 }
 
-Point Middle(Point p, Point q) {
-    return {(p.x + q.x) / 2, (p.y + q.y) / 2};
-}
+Point Middle(Point p, Point q) { return {(p.x + q.x) / 2, (p.y + q.y) / 2}; }
 
 // Thirty conditions, one a row, on the coefficients 10*s+1..10*s+10 of the cubics of the sub-triangles s = 0, 1, 2; the
 // right-hand side is what they ask of the nine freedoms.

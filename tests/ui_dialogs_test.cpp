@@ -14,18 +14,12 @@ namespace {
 
 constexpr Colour kGrey = Rgb(224, 224, 224);
 
-Element Of(std::string_view form, std::string_view name, int index = 0) {
-    return {form, name, index};
-}
+Element Of(std::string_view form, std::string_view name, int index = 0) { return {form, name, index}; }
 
-bool MainEnabled(Desk &desk) {
-    return desk.window.formState(kMain).enabled;
-}
+bool MainEnabled(Desk &desk) { return desk.window.formState(kMain).enabled; }
 
 // Works its dialog through the tool that shows it.
-void OpenBy(Desk &desk, int tool) {
-    ASSERT_TRUE(desk.click(ChkButton(tool)));
-}
+void OpenBy(Desk &desk, int tool) { ASSERT_TRUE(desk.click(ChkButton(tool))); }
 
 } // namespace
 

@@ -39,9 +39,7 @@ std::string Levels(int plate) {
     return text;
 }
 
-ScreenPoint Middle(ScreenPoint a, ScreenPoint b) {
-    return {(a.x + b.x) / 2, (a.y + b.y) / 2};
-}
+ScreenPoint Middle(ScreenPoint a, ScreenPoint b) { return {(a.x + b.x) / 2, (a.y + b.y) / 2}; }
 ScreenPoint EdgeMiddle(int plate, int k) {
     return Middle(PlatePointPixels(plate, k), PlatePointPixels(plate, k % PlakTable[plate].NoktaSayisi + 1));
 }

@@ -10,9 +10,7 @@ namespace havuz {
 
 namespace {
 
-Element Cell(std::string_view form, std::string_view column, int row = 0) {
-    return {form, column, row};
-}
+Element Cell(std::string_view form, std::string_view column, int row = 0) { return {form, column, row}; }
 
 void PutNode(int no, double x, double y, double z) {
     NoktaTable[no].X = x;

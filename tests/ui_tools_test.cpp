@@ -17,9 +17,7 @@ namespace havuz {
 
 namespace {
 
-void AddWall() {
-    AddPanel(1, {0, 0, 3}, {4, 0, 3}, {4, 0, 0}, {0, 0, 0});
-}
+void AddWall() { AddPanel(1, {0, 0, 3}, {4, 0, 3}, {4, 0, 0}, {0, 0, 0}); }
 
 int CheckedCount(Desk &desk) {
     int count = 0;

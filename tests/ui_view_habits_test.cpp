@@ -18,12 +18,8 @@ void AddFlat(double x, double y, double lx, double ly) {
     AddPanel(0, {x, y, 0}, {x + lx, y, 0}, {x + lx, y + ly, 0}, {x, y + ly, 0});
 }
 
-void Wheel(Desk &desk, int steps, ScreenPoint at) {
-    desk.window.TurnWheel(kScr, steps, at.x, at.y);
-}
-void Pan(Desk &desk, double dx, double dy) {
-    desk.window.PanBy(kScr, dx, dy);
-}
+void Wheel(Desk &desk, int steps, ScreenPoint at) { desk.window.TurnWheel(kScr, steps, at.x, at.y); }
+void Pan(Desk &desk, double dx, double dy) { desk.window.PanBy(kScr, dx, dy); }
 
 // A desk with plates and panels in the corners of 20 m * 20 m, meshes of 1 m between them.
 struct ModelDesk : Desk {

@@ -100,9 +100,7 @@ void RectangularMesh() {
     AddLoad(NoktaCount, 1, 0, 0);
 }
 
-void CircularMesh() {
-    MakePool(2, 4, 4, 2.0);
-}
+void CircularMesh() { MakePool(2, 4, 4, 2.0); }
 
 void Displacements() {
     AddGrid(1, 1);

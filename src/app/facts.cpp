@@ -19,9 +19,7 @@ template <class... Ts>
 Overloaded(Ts...) -> Overloaded<Ts...>;
 
 // A number for a person: at most six decimals, a digit before the point.
-std::string Plain(double value) {
-    return PictureText(value, "##0.######");
-}
+std::string Plain(double value) { return PictureText(value, "##0.######"); }
 
 std::string Text(const FactValue &value) {
     return std::visit(Overloaded{

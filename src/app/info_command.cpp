@@ -171,9 +171,7 @@ FactSection AnalysisFacts() {
 }
 
 // The same lines that the mesh command prints.
-FactSection MeshFacts() {
-    return {"mesh", "mesh report", {{"warnings", "warnings", Lines{MeshReport()}, ""}}};
-}
+FactSection MeshFacts() { return {"mesh", "mesh report", {{"warnings", "warnings", Lines{MeshReport()}, ""}}}; }
 
 // A mesh with a corner that is no node can be reported, not analysed.
 std::vector<FactSection> AllFacts(const std::string &file) {

@@ -64,6 +64,4 @@ static int Main(int argc, char **argv) {
 
 } // namespace havuz
 
-int main(int argc, char **argv) {
-    return havuz::Main(argc, argv);
-}
+int main(int argc, char **argv) { return havuz::Main(argc, argv); }

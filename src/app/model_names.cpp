@@ -69,15 +69,9 @@ struct Slot {
     std::function<void(double)> write;
 };
 
-std::string TextOf(double value) {
-    return NumberText(value);
-}
-std::string TextOf(Float32 value) {
-    return NumberText(value);
-}
-std::string TextOf(Int16 value) {
-    return std::to_string(value);
-}
+std::string TextOf(double value) { return NumberText(value); }
+std::string TextOf(Float32 value) { return NumberText(value); }
+std::string TextOf(Int16 value) { return std::to_string(value); }
 
 // The field outlives the slot: all are the store's.
 template <class Field>

@@ -17,13 +17,9 @@ std::string OwnProgram() {
     return fs::read_symlink("/proc/self/exe", error).string();
 }
 
-void BeginProgram() {
-    StartModel(OwnProgram());
-}
+void BeginProgram() { StartModel(OwnProgram()); }
 
-static std::string FullPath(const std::string &path) {
-    return fs::absolute(path).lexically_normal().string();
-}
+static std::string FullPath(const std::string &path) { return fs::absolute(path).lexically_normal().string(); }
 
 std::string ProjectStem(const std::string &path) {
     const fs::path full = FullPath(path);

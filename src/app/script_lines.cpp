@@ -8,15 +8,11 @@
 
 namespace havuz {
 
-std::string ScriptPlace(const std::string &file, int line) {
-    return file + ":" + std::to_string(line) + ": ";
-}
+std::string ScriptPlace(const std::string &file, int line) { return file + ":" + std::to_string(line) + ": "; }
 
 namespace {
 
-bool IsBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\r';
-}
+bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
 // at: behind the opening quote; then behind the closing one.
 std::string QuotedWord(const std::string &line, std::size_t &at) {

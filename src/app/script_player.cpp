@@ -350,9 +350,7 @@ const VerbRow &VerbOf(const std::string &word) {
     throw UsageError("\"" + word + "\" is no word of the language");
 }
 
-bool ExpectsEnd(const ScriptLine &line) {
-    return line.words == std::vector<std::string>{"expect", "end"};
-}
+bool ExpectsEnd(const ScriptLine &line) { return line.words == std::vector<std::string>{"expect", "end"}; }
 
 class Player {
 public:

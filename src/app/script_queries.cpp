@@ -16,9 +16,7 @@ namespace havuz {
 
 namespace {
 
-std::string YesNo(bool yes) {
-    return yes ? "yes" : "no";
-}
+std::string YesNo(bool yes) { return yes ? "yes" : "no"; }
 
 struct NamedInt {
     const char *name;
@@ -49,41 +47,27 @@ std::string Listed(std::span<const NamedInt> rows, Words &words) {
     throw UsageError("\"" + name + "\" is none of these values");
 }
 
-std::string AskCount(Stage & /*stage*/, Words &words) {
-    return Listed(kCounts, words);
-}
-std::string AskState(Stage & /*stage*/, Words &words) {
-    return Listed(kStates, words);
-}
+std::string AskCount(Stage & /*stage*/, Words &words) { return Listed(kCounts, words); }
+std::string AskState(Stage & /*stage*/, Words &words) { return Listed(kStates, words); }
 
-std::string AskPrompt(Stage &stage, Words & /*words*/) {
-    return stage.window.Text(kAltnot);
-}
+std::string AskPrompt(Stage &stage, Words & /*words*/) { return stage.window.Text(kAltnot); }
 
 std::string AskLabel(Stage &stage, Words & /*words*/) {
     return stage.window.Shown(kLabel1) ? stage.window.Text(kLabel1) : "";
 }
 
-std::string AskField(Stage &stage, Words &words) {
-    return stage.window.Text(TakeElement(stage, words));
-}
+std::string AskField(Stage &stage, Words &words) { return stage.window.Text(TakeElement(stage, words)); }
 
 std::string AskItem(Stage &stage, Words &words) {
     const WindowState::ElementState &list = stage.window.state(TakeElement(stage, words));
     return list.item < 0 ? "" : list.items.at(static_cast<std::size_t>(list.item));
 }
 
-std::string AskChecked(Stage &stage, Words &words) {
-    return YesNo(stage.window.Checked(TakeElement(stage, words)));
-}
+std::string AskChecked(Stage &stage, Words &words) { return YesNo(stage.window.Checked(TakeElement(stage, words))); }
 
-std::string AskEnabled(Stage &stage, Words &words) {
-    return YesNo(stage.window.Enabled(TakeElement(stage, words)));
-}
+std::string AskEnabled(Stage &stage, Words &words) { return YesNo(stage.window.Enabled(TakeElement(stage, words))); }
 
-std::string AskReachable(Stage &stage, Words &words) {
-    return YesNo(Reachable(stage, TakeElement(stage, words)));
-}
+std::string AskReachable(Stage &stage, Words &words) { return YesNo(Reachable(stage, TakeElement(stage, words))); }
 
 // Of an element, or of a form named alone.
 std::string AskShown(Stage &stage, Words &words) {
@@ -93,22 +77,16 @@ std::string AskShown(Stage &stage, Words &words) {
     return YesNo(stage.window.Shown(TakeElement(stage, words)));
 }
 
-std::string AskCaption(Stage &stage, Words &words) {
-    return stage.window.formState(TakeForm(stage, words)).caption;
-}
+std::string AskCaption(Stage &stage, Words &words) { return stage.window.formState(TakeForm(stage, words)).caption; }
 
 std::string AskFocus(Stage &stage, Words & /*words*/) {
     const auto focused = stage.window.focused();
     return focused ? Named(*focused) : "";
 }
 
-std::string AskModel(Stage & /*stage*/, Words &words) {
-    return ModelValueText(words.take("NAME"));
-}
+std::string AskModel(Stage & /*stage*/, Words &words) { return ModelValueText(words.take("NAME")); }
 
-std::string LastPart(const std::string &path) {
-    return std::filesystem::path(path).filename().string();
-}
+std::string LastPart(const std::string &path) { return std::filesystem::path(path).filename().string(); }
 
 // The names alone: where the program stands and where the project lies is another matter on each machine.
 std::string AskStarted(Stage &stage, Words & /*words*/) {
@@ -116,9 +94,7 @@ std::string AskStarted(Stage &stage, Words & /*words*/) {
     return last ? LastPart(last->program) + " " + LastPart(last->argument) : "";
 }
 
-std::string AskFile(Stage & /*stage*/, Words &words) {
-    return YesNo(FileExists(ScriptPath(words.take("PATH"))));
-}
+std::string AskFile(Stage & /*stage*/, Words &words) { return YesNo(FileExists(ScriptPath(words.take("PATH")))); }
 
 struct QueryRow {
     const char *word;
@@ -164,9 +140,7 @@ std::string Answer(Stage &stage, const QueryRow &query, Words words) {
 }
 
 // Stored values have 32 bits: two numbers agree when six digits do.
-bool SameNumber(double a, double b) {
-    return std::abs(a - b) <= 5e-7 * std::max(std::abs(a), std::abs(b));
-}
+bool SameNumber(double a, double b) { return std::abs(a - b) <= 5e-7 * std::max(std::abs(a), std::abs(b)); }
 
 bool Agrees(const QueryRow &query, const std::string &got, const std::string &expected) {
     if (got == expected)

@@ -10,9 +10,7 @@ namespace havuz {
 
 std::string ExportPath;
 
-void ResetExport() {
-    ExportPath.clear();
-}
+void ResetExport() { ExportPath.clear(); }
 
 LoadFactors ExportFactors() {
     if (HesapYontem == 0.0)
@@ -20,22 +18,16 @@ LoadFactors ExportFactors() {
     return {YukFaktorG, YukFaktorP};
 }
 
-double ExportPressure(const LoadFactors &f) {
-    return -(f.f1 * PanelTable[1].G + f.f2 * PanelTable[1].P);
-}
+double ExportPressure(const LoadFactors &f) { return -(f.f1 * PanelTable[1].G + f.f2 * PanelTable[1].P); }
 
 void AddLine(std::string &text, std::string_view line) {
     text += line;
     text += "\r\n";
 }
 
-bool NothingToExport() {
-    return NoktaCount == 0 || MeshCount == 0;
-}
+bool NothingToExport() { return NoktaCount == 0 || MeshCount == 0; }
 
-void WriteExport(const std::string &path, ExportText text) {
-    WriteWholeFile(path, ToCodePage(text()));
-}
+void WriteExport(const std::string &path, ExportText text) { WriteWholeFile(path, ToCodePage(text())); }
 
 void RunExport(FileDialog &dialog, const char *title, ExportText text) {
     if (NothingToExport())

@@ -23,19 +23,11 @@ static std::string SignedText(double value, int significant) {
     return text;
 }
 
-std::string PlainNumberText(double value) {
-    return SignedText(value, kDoubleDigits);
-}
-std::string PlainNumberText(Float32 value) {
-    return SignedText(value, kSingleDigits);
-}
-std::string PlainNumberText(int value) {
-    return SignedText(value, kDoubleDigits);
-}
+std::string PlainNumberText(double value) { return SignedText(value, kDoubleDigits); }
+std::string PlainNumberText(Float32 value) { return SignedText(value, kSingleDigits); }
+std::string PlainNumberText(int value) { return SignedText(value, kDoubleDigits); }
 
-std::string BareNumber(int value) {
-    return PlainNumberText(value) + " ";
-}
+std::string BareNumber(int value) { return PlainNumberText(value) + " "; }
 
 static std::string WithoutLeftBlanks(const std::string &s) {
     return s.substr(std::min(s.find_first_not_of(' '), s.size()));
@@ -78,12 +70,8 @@ static std::string RoundedField(Number &value, int width, int decimals) {
     return FieldOf(value, width, decimals);
 }
 
-std::string FixedField(double &value, int width, int decimals) {
-    return RoundedField(value, width, decimals);
-}
-std::string FixedField(Float32 &value, int width, int decimals) {
-    return RoundedField(value, width, decimals);
-}
+std::string FixedField(double &value, int width, int decimals) { return RoundedField(value, width, decimals); }
+std::string FixedField(Float32 &value, int width, int decimals) { return RoundedField(value, width, decimals); }
 std::string FixedField(int value, int width, int decimals) {
     double whole = value;
     return RoundedField(whole, width, decimals);

@@ -15,13 +15,9 @@ static constexpr double kLevel = 0.01; // m: a side whose ends differ by no more
 using SlopeFlags = std::vector<int>;    // 1: the node lies on a mesh side that is not level
 using NodeForces = std::vector<double>; // vertical force from the surface load, t
 
-static std::size_t Slot(int node) {
-    return static_cast<std::size_t>(node);
-}
+static std::size_t Slot(int node) { return static_cast<std::size_t>(node); }
 
-static std::string NodeField(int n) {
-    return FixedField(n, 4, 0);
-}
+static std::string NodeField(int n) { return FixedField(n, 4, 0); }
 
 static void AddHead(std::string &text) {
     AddLine(text, "SAP90 " + ProjeAdi + " BRIRUG ORNEGI");
@@ -76,9 +72,7 @@ static void AddRestraints(std::string &text) {
     AddLine(text, "");
 }
 
-static double Cross(const NoktaRecord &a, const NoktaRecord &b) {
-    return (a.X * b.Y - b.X * a.Y) / 2.0;
-}
+static double Cross(const NoktaRecord &a, const NoktaRecord &b) { return (a.X * b.Y - b.X * a.Y) / 2.0; }
 
 // Plan area, m2: a wall has that of its plan projection, a vertical one none.
 static double PlanArea(const MeshRecord &m) {
@@ -145,8 +139,6 @@ std::string SapText() {
     return text;
 }
 
-void ExportSap(FileDialog &dialog) {
-    RunExport(dialog, "SAP90 PROGRAMI ICIN BIR DOSYA ADI GIRINIZ", SapText);
-}
+void ExportSap(FileDialog &dialog) { RunExport(dialog, "SAP90 PROGRAMI ICIN BIR DOSYA ADI GIRINIZ", SapText); }
 
 } // namespace havuz

@@ -31,9 +31,7 @@ static void AddMeshes(std::string &text) {
 }
 
 // All mesh numbers, also of meshes that are off: wanted.
-static std::string AllMeshes() {
-    return "1 TO" + PlainNumberText(MeshCount);
-}
+static std::string AllMeshes() { return "1 TO" + PlainNumberText(MeshCount); }
 
 // The thickness goes out in cm as it is stored, though the file is in metres: wanted.
 static void AddProperties(std::string &text) {
@@ -117,8 +115,6 @@ std::string StaadText() {
     return text;
 }
 
-void ExportStaad(FileDialog &dialog) {
-    RunExport(dialog, "STAAD-III PROGRAMI ICIN BIR DOSYA ADI GIRINIZ", StaadText);
-}
+void ExportStaad(FileDialog &dialog) { RunExport(dialog, "STAAD-III PROGRAMI ICIN BIR DOSYA ADI GIRINIZ", StaadText); }
 
 } // namespace havuz

@@ -14,15 +14,15 @@ double ConcreteE(double fck);
 
 // The paths of a run.
 struct AnalysisPaths {
-    std::string project;     // without extension; ".SON" and ".DEP" go behind it
-    std::string handOver;    // the file WORKPOOL: one line, the project path
+    std::string project;       // without extension; ".SON" and ".DEP" go behind it
+    std::string handOver;      // the file WORKPOOL: one line, the project path
     std::string outputProgram; // command to start with the project path at the end; empty: none
 };
 
 // Runs the analysis of the model and ends the program through the window: it does not return. Writes project.DEP and
-// project.SON, then the hand-over file, and starts the output program; STIF001 is deleted. The records of nodes keep their
-// equation numbers, those of meshes their section data. Any RuntimeFailure comes out as it is, the result files left half
-// written and the output program not started.
+// project.SON, then the hand-over file, and starts the output program; STIF001 is deleted. The records of nodes keep
+// their equation numbers, those of meshes their section data. Any RuntimeFailure comes out as it is, the result files
+// left half written and the output program not started.
 [[noreturn]] void AnalysisRun(const AnalysisPaths &paths, AnalysisWindow &window);
 
 } // namespace havuz

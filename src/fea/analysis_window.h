@@ -1,5 +1,5 @@
-// What the analysis asks of the program around it: progress, the picture of the profile, text lines, the scratch folder,
-// the output program and the end. The base does nothing, for runs without a screen.
+// What the analysis asks of the program around it: progress, the picture of the profile, text lines, the scratch
+// folder, the output program and the end. The base does nothing, for runs without a screen.
 #pragma once
 
 #include "model/failure.h"
@@ -16,7 +16,7 @@ public:
     virtual int Height() const { return 0; }
     virtual void Clear() {}
     virtual void Line(int /*y*/, int /*width*/, int /*red*/, int /*green*/, int /*blue*/) {} // from the left edge
-    virtual void Label(const std::string & /*text*/, bool /*white*/) {}                       // centred, else black
+    virtual void Label(const std::string & /*text*/, bool /*white*/) {}                      // centred, else black
     virtual void ServeEvents() {} // the only place where a run lets pending events through
 };
 

@@ -18,10 +18,10 @@ struct MeshNodes {
 // Node numbers and coordinates of a mesh. A corner outside 1..NoktaCount is Subscript, naming the mesh.
 MeshNodes MeshNodeData(int mesh);
 
-// T: 24 by 24, the rows of local axes on its eight diagonal blocks, so that u_local = T * u_global. Row 1 is the mean of
-// the two sides along x, row 2 the mean of the two along y, row 3 normal to both. Row 2 is not made square to row 1: of a
-// mesh that is no rectangle T is no rotation, and its transpose serves as inverse all the same: wanted. A mesh without
-// extent or area is DivisionByZero, naming the mesh.
+// T: 24 by 24, the rows of local axes on its eight diagonal blocks, so that u_local = T * u_global. Row 1 is the mean
+// of the two sides along x, row 2 the mean of the two along y, row 3 normal to both. Row 2 is not made square to row 1:
+// of a mesh that is no rectangle T is no rotation, and its transpose serves as inverse all the same: wanted. A mesh
+// without extent or area is DivisionByZero, naming the mesh.
 void ElementAxes(Matrix<24, 24> &T, const MeshNodes &m);
 
 // The components of f on the three local axes.

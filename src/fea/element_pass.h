@@ -10,8 +10,8 @@ namespace havuz {
 // Mean side lengths, thickness and area loads of every active mesh into its record; free flags of its nodes.
 void MeshPass();
 
-// Stiffness and surface load of every active mesh, in global axes, into its record of STIF001. ElementSwitch chooses the
-// element: 0 the rectangular one of modulus E (t/m2), else the general quadrilateral of PlaneD (plane_stress.h).
+// Stiffness and surface load of every active mesh, in global axes, into its record of STIF001. ElementSwitch chooses
+// the element: 0 the rectangular one of modulus E (t/m2), else the general quadrilateral of PlaneD (plane_stress.h).
 void ElementPass(double E, RecordFile &stif, AnalysisWindow &window);
 
 // Displacements of every node: the solution, or exactly 0 for a held freedom.

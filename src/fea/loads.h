@@ -1,5 +1,6 @@
-// Loads beyond the surface load of the meshes: the foundation springs in the matrix, point loads and the three pressures
-// in the right-hand sides. Rhs holds the negative of the load: a positive value in a uz row pushes down. Units: m, t.
+// Loads beyond the surface load of the meshes: the foundation springs in the matrix, point loads and the three
+// pressures in the right-hand sides. Rhs holds the negative of the load: a positive value in a uz row pushes down.
+// Units: m, t.
 #pragma once
 
 namespace havuz {

@@ -6,9 +6,7 @@ namespace havuz {
 
 Matrix<3, 3> PlaneD;
 
-void ResetPlaneD() {
-    PlaneD.clear();
-}
+void ResetPlaneD() { PlaneD.clear(); }
 
 void FillPlaneD(double e, double v) {
     PlaneD.clear();

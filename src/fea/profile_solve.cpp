@@ -111,8 +111,8 @@ void SolveLastRow(int N) {
         StoreSolution(N, c, p == 0.0 ? 0.0 : -SolutionValue(N, c) / p);
 }
 
-// Where the row ends before column N, the cell behind it times Rhs(N+1, c) is still added once: wanted. That cell of Rhs
-// is 0 in a run.
+// Where the row ends before column N, the cell behind it times Rhs(N+1, c) is still added once: wanted. That cell of
+// Rhs is 0 in a run.
 double RowSum(int i, int c, int N) {
     double sum = 0.0;
     for (int k = i + 1; k <= N; ++k) {

@@ -24,13 +24,9 @@ using PolynomialMatrix = Matrix<12, 12>;
 
 } // namespace
 
-static double LocalX(const Vector3 &d) {
-    return QuadBasis(1, 1) * d.x + QuadBasis(1, 2) * d.y + QuadBasis(1, 3) * d.z;
-}
+static double LocalX(const Vector3 &d) { return QuadBasis(1, 1) * d.x + QuadBasis(1, 2) * d.y + QuadBasis(1, 3) * d.z; }
 
-static double LocalY(const Vector3 &d) {
-    return QuadBasis(2, 1) * d.x + QuadBasis(2, 2) * d.y + QuadBasis(2, 3) * d.z;
-}
+static double LocalY(const Vector3 &d) { return QuadBasis(2, 1) * d.x + QuadBasis(2, 2) * d.y + QuadBasis(2, 3) * d.z; }
 
 static LocalCorners PlaceCorners() {
     QuadBasisBuild(4);

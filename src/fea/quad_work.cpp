@@ -21,9 +21,7 @@ void ResetQuadWork() {
     QuadK.clear();
 }
 
-Vector3 QuadBasisAxis(int j) {
-    return {QuadBasis(1, j), QuadBasis(2, j), QuadBasis(3, j)};
-}
+Vector3 QuadBasisAxis(int j) { return {QuadBasis(1, j), QuadBasis(2, j), QuadBasis(3, j)}; }
 
 static void SetQuadBasisAxis(int j, const Vector3 &v) {
     for (int i = 1; i <= 3; ++i)
@@ -58,12 +56,8 @@ void TriangleBasis(int i, int j, int m) {
     TriAxes[3] = n;
 }
 
-double TriangleArea2() {
-    return TriX[3] * TriY[2] - TriX[2] * TriY[3];
-}
+double TriangleArea2() { return TriX[3] * TriY[2] - TriX[2] * TriY[3]; }
 
-double TriangleThickness() {
-    return (TriThickness[1] + TriThickness[2] + TriThickness[3]) / 3.0;
-}
+double TriangleThickness() { return (TriThickness[1] + TriThickness[2] + TriThickness[3]) / 3.0; }
 
 } // namespace havuz

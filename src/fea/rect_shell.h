@@ -3,7 +3,8 @@
 // Cheung, and a token stiffness on each drilling freedom, superposed without coupling.
 //
 // Local nodes: 1 at (0,0), 2 at (a,0), 3 at (a,b), 4 at (0,b). Freedoms of a node: u, v, w, rx = -dw/dy, ry = +dw/dx,
-// drilling; rx and ry are the reverse of the right-hand rotation vector. docs/rectangular-element.md derives both matrices.
+// drilling; rx and ry are the reverse of the right-hand rotation vector. docs/rectangular-element.md derives both
+// matrices.
 #pragma once
 
 #include "fea/matrix.h"

@@ -1,6 +1,5 @@
 // Closed-form stiffness of the rectangular shell element. Units: m, t.
 #include "fea/rect_shell.h"
-
 #include "model/arithmetic.h"
 
 #include <initializer_list>
@@ -47,7 +46,8 @@ void PutMembrane(const TermWriter &put, double a, double b, double E, double v, 
     // clang-format on
 }
 
-// Twelve-term plate bending rectangle (Melosh; Zienkiewicz and Cheung), w with rx = -dw/dy and ry = +dw/dx at each node.
+// Twelve-term plate bending rectangle (Melosh; Zienkiewicz and Cheung), w with rx = -dw/dy and ry = +dw/dx at each
+// node.
 void PutBending(const TermWriter &put, double a, double b, double E, double v, double t) {
     const double D = E * (t * t * t) / (12.0 * (1.0 - v * v));
     const double Dv = v * D;

@@ -1,6 +1,5 @@
 // Stress matrix of the rectangular shell element: exact derivatives of its shape functions at the corners. Units: m, t.
 #include "fea/rect_shell.h"
-
 #include "model/arithmetic.h"
 
 #include <array>
@@ -17,8 +16,8 @@ constexpr std::array<End, 4> kNodes = {{{false, false}, {true, false}, {true, tr
 
 struct Section {
     double a, b;
-    double C, Cv, G;   // membrane, without the thickness
-    double D, Dv, Dk;  // bending
+    double C, Cv, G;  // membrane, without the thickness
+    double D, Dv, Dk; // bending
 };
 
 Section MakeSection(double a, double b, double E, double v, double t) {
@@ -34,8 +33,8 @@ Section MakeSection(double a, double b, double E, double v, double t) {
     return s;
 }
 
-// Shape functions of one node at the corner (x, y) are products in X and Y, which run from 0 at the far side to 1 at the
-// node itself; sx, sy are the signs of dX/dx and dY/dy.
+// Shape functions of one node at the corner (x, y) are products in X and Y, which run from 0 at the far side to 1 at
+// the node itself; sx, sy are the signs of dX/dx and dY/dy.
 struct Local {
     double X, Y, sx, sy;
 };

@@ -1,6 +1,6 @@
 // The equation system of a run: K*x = -Rhs, K symmetric, stored whole as the upper triangle by rows, each row from its
-// diagonal to the end of its envelope. Owner of S, ProfileDiag, Rhs and their sizes. All numbered from 1; cell 0 of each
-// takes what the unguarded indices of held translations send there.
+// diagonal to the end of its envelope. Owner of S, ProfileDiag, Rhs and their sizes. All numbered from 1; cell 0 of
+// each takes what the unguarded indices of held translations send there.
 #pragma once
 
 #include "model/fields.h"
@@ -16,10 +16,10 @@ constexpr int kNodeFreedoms = 6;
 // Every node of a full model with six freedoms: numbering may go past the capacity before the sizes are tested.
 constexpr int kLargestEquation = 5000 * kNodeFreedoms;
 
-extern int EquationCount; // number of equations N
-extern int ProfileSize;   // ProfileDiag(N+1)
-extern int RhsSize;       // YukSayisi*N
-extern int ElementSwitch; // 0 the rectangular element, else the general quadrilateral
+extern int EquationCount;                              // number of equations N
+extern int ProfileSize;                                // ProfileDiag(N+1)
+extern int RhsSize;                                    // YukSayisi*N
+extern int ElementSwitch;                              // 0 the rectangular element, else the general quadrilateral
 extern std::int32_t ProfileDiag[kLargestEquation + 2]; // first cell of row i in S
 extern float S[kSCapacity + 1];                        // K(i,j), j >= i, lies at ProfileDiag(i)+j-i
 extern float Rhs[kRhsCapacity + 1];                    // column c of equation e lies at YukSayisi*(e-1)+c

@@ -9,9 +9,7 @@
 namespace havuz {
 
 // The vertices go round: 1, 2, 3, 1.
-static int NextVertex(int i) {
-    return i == 3 ? 1 : i + 1;
-}
+static int NextVertex(int i) { return i == 3 ? 1 : i + 1; }
 
 // Side i lies opposite to vertex i.
 struct Side {

@@ -16,19 +16,11 @@ struct Vector3 {
     }
 };
 
-inline Vector3 operator+(const Vector3 &a, const Vector3 &b) {
-    return {a.x + b.x, a.y + b.y, a.z + b.z};
-}
-inline Vector3 operator-(const Vector3 &a, const Vector3 &b) {
-    return {a.x - b.x, a.y - b.y, a.z - b.z};
-}
-inline Vector3 operator*(double f, const Vector3 &v) {
-    return {f * v.x, f * v.y, f * v.z};
-}
+inline Vector3 operator+(const Vector3 &a, const Vector3 &b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
+inline Vector3 operator-(const Vector3 &a, const Vector3 &b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
+inline Vector3 operator*(double f, const Vector3 &v) { return {f * v.x, f * v.y, f * v.z}; }
 
-inline double Dot(const Vector3 &a, const Vector3 &b) {
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
+inline double Dot(const Vector3 &a, const Vector3 &b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
 
 inline Vector3 Cross(const Vector3 &a, const Vector3 &b) {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};

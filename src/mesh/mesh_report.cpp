@@ -22,9 +22,7 @@ std::string MeshInWords(int mesh) {
     return "mesh " + std::to_string(mesh) + " of " + OwnerInWords(MeshTable[mesh].PanelNo);
 }
 
-bool IsNode(int n) {
-    return n >= 1 && n <= NoktaCount;
-}
+bool IsNode(int n) { return n >= 1 && n <= NoktaCount; }
 
 Ring NamedNodes(int mesh) {
     const MeshRecord &m = MeshTable[mesh];
@@ -152,9 +150,7 @@ std::string OwnerInWords(int owner) {
     return (tip == 0 ? "base panel " : tip == 1 ? "wall " : tip == 2 ? "strip " : "panel ") + std::to_string(owner);
 }
 
-std::string Meters(double length) {
-    return PictureText(length, "#######0.##");
-}
+std::string Meters(double length) { return PictureText(length, "#######0.##"); }
 
 std::string PlaceInWords(SpacePoint at) {
     std::string place = "(";

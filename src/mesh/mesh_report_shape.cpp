@@ -31,9 +31,7 @@ bool PanelsHaveShape() {
     return false;
 }
 
-SpacePoint Middle(const MeshSide &side) {
-    return Along(NodePlace(side.a), NodePlace(side.b), 0.5);
-}
+SpacePoint Middle(const MeshSide &side) { return Along(NodePlace(side.a), NodePlace(side.b), 0.5); }
 
 // A plate is compared in plan alone: heights are another matter.
 std::vector<SpacePoint> Flattened(std::vector<SpacePoint> points) {

@@ -9,8 +9,8 @@ namespace havuz {
 class MeshWindow {
 public:
     virtual ~MeshWindow() = default;
-    virtual void RefreshDrawing() {} // whatever view is current
-    virtual void DrawMeshes() {}     // the mesh view
+    virtual void RefreshDrawing() {}            // whatever view is current
+    virtual void DrawMeshes() {}                // the mesh view
     virtual void ShowIteration(int /*pass*/) {} // label "Iterasyon:" with the number
     virtual void HideLabel() {}
     virtual void ComputeExtents() {}

@@ -79,8 +79,8 @@ void MakeAdjacency(Skyline &s) {
         s.row(r).master = r;
 }
 
-// Exchange sort over the list's first whole length. With duplicates to drop, the later of two equal entries falls out of
-// the count and sorts to the end.
+// Exchange sort over the list's first whole length. With duplicates to drop, the later of two equal entries falls out
+// of the count and sorts to the end.
 void SortList(BantRecord &row, bool dropDuplicates) {
     const int length = row.count;
     int dropped = 0;
@@ -159,9 +159,8 @@ void Sweep(Skyline &s) {
 
 // Rows that no mesh uses go behind the used ones, each group in its order, so that every corner lies in 1..NoktaCount.
 void PutUnusedRowsLast(Skyline &s) {
-    std::stable_partition(s.BantTable.begin() + 1, s.BantTable.begin() + 1 + s.rows, [&s](const BantRecord &row) {
-        return bool(s.isUsed[static_cast<std::size_t>(row.master)]);
-    });
+    std::stable_partition(s.BantTable.begin() + 1, s.BantTable.begin() + 1 + s.rows,
+                          [&s](const BantRecord &row) { return bool(s.isUsed[static_cast<std::size_t>(row.master)]); });
 }
 
 void GiveNumbers(Skyline &s) {

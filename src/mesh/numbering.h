@@ -1,5 +1,5 @@
-// Node numbering: one node for each AnaNo, support flags merged, numbers chosen for a short skyline by a greedy moving of
-// rows.
+// Node numbering: one node for each AnaNo, support flags merged, numbers chosen for a short skyline by a greedy moving
+// of rows.
 #pragma once
 
 namespace havuz {

@@ -89,13 +89,9 @@ void CountRows() {
     }
 }
 
-int NeighbourPanel(const PanelRecord &wall, int edge) {
-    return std::max(LinkPanel(wall.KenarKomsu[edge]), 0);
-}
+int NeighbourPanel(const PanelRecord &wall, int edge) { return std::max(LinkPanel(wall.KenarKomsu[edge]), 0); }
 
-bool SameLevel(double a, double b) {
-    return std::fabs(a - b) < 0.01;
-}
+bool SameLevel(double a, double b) { return std::fabs(a - b) < 0.01; }
 
 void TakeGreaterRows(PanelRecord &a, PanelRecord &b) {
     if (a.Ny < b.Ny)

@@ -16,8 +16,8 @@ constexpr int kWallGrid = 20;        // nodes along the foot of a wall; rows of 
 // a foot of no length and for MeshGenisligi 0.
 void OtoMesh(MeshWindow &window);
 
-// What "auto mesh" does: PanelMeshle, NoktaNumarala and the mesh view for a pool of the library (HavuzTip below 2) without
-// plates, OtoMesh for any other model.
+// What "auto mesh" does: PanelMeshle, NoktaNumarala and the mesh view for a pool of the library (HavuzTip below 2)
+// without plates, OtoMesh for any other model.
 void AutoMesh(MeshWindow &window);
 
 } // namespace havuz

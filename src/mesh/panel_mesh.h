@@ -7,8 +7,8 @@
 namespace havuz {
 
 // Meshes PanelTable into NoktaTable and MeshTable, whose earlier contents go, with those of NokYukTable. Sets
-// HamNoktaCount and MeshCount; raises Nx, Ny of panels whose neighbours need it, for the next run. NoktaNumarala follows.
-// Nx or Ny of 0 is DivisionByZero, more than 5000 nodes or meshes Subscript, more than 500 panels Subscript.
+// HamNoktaCount and MeshCount; raises Nx, Ny of panels whose neighbours need it, for the next run. NoktaNumarala
+// follows. Nx or Ny of 0 is DivisionByZero, more than 5000 nodes or meshes Subscript, more than 500 panels Subscript.
 void PanelMeshle(MeshWindow &window);
 
 // Removes raw nodes that no active mesh uses; renumbers N1..N4 of active meshes and AnaNo.

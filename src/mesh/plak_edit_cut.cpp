@@ -15,12 +15,8 @@ namespace {
 
 constexpr double kAtCorner = 0.1; // m
 
-PlanPoint Point(const PlakRecord &plate, int k) {
-    return {plate.X[k], plate.Y[k]};
-}
-int NextPoint(const PlakRecord &plate, int k) {
-    return k < plate.NoktaSayisi ? k + 1 : 1;
-}
+PlanPoint Point(const PlakRecord &plate, int k) { return {plate.X[k], plate.Y[k]}; }
+int NextPoint(const PlakRecord &plate, int k) { return k < plate.NoktaSayisi ? k + 1 : 1; }
 
 // The last outline point within 0.1 of a place, 0 when there is none.
 int CornerNear(const PlakRecord &plate, PlanPoint at) {

@@ -10,18 +10,10 @@ namespace {
 
 constexpr double kSamePlace = 0.1; // m
 
-int NextPoint(const PlakRecord &plate, int k) {
-    return k < plate.NoktaSayisi ? k + 1 : 1;
-}
-PlanPoint Point(const PlakRecord &plate, int k) {
-    return {plate.X[k], plate.Y[k]};
-}
-PlanPoint Corner(const PanelRecord &panel, int k) {
-    return {panel.X[k], panel.Y[k]};
-}
-bool Near(PlanPoint a, PlanPoint b) {
-    return PlanDistance(a, b) < kSamePlace;
-}
+int NextPoint(const PlakRecord &plate, int k) { return k < plate.NoktaSayisi ? k + 1 : 1; }
+PlanPoint Point(const PlakRecord &plate, int k) { return {plate.X[k], plate.Y[k]}; }
+PlanPoint Corner(const PanelRecord &panel, int k) { return {panel.X[k], panel.Y[k]}; }
+bool Near(PlanPoint a, PlanPoint b) { return PlanDistance(a, b) < kSamePlace; }
 
 // Which top corner of the panel stands at the point: 2, 1 or 0.
 int CornerAt(const PanelRecord &panel, PlanPoint at) {
@@ -95,9 +87,7 @@ void KomsulukKur() {
 }
 
 // Up by one in absolute value; 0 stays.
-static int RaisedCode(int code) {
-    return code > 0 ? code + 1 : code < 0 ? code - 1 : 0;
-}
+static int RaisedCode(int code) { return code > 0 ? code + 1 : code < 0 ? code - 1 : 0; }
 
 static void MoveCorner(PanelRecord &panel, int corner, double x, double y) {
     panel.X[corner] = x;

@@ -12,9 +12,7 @@ void ResetPlakMesh() {
     StoredHits = {};
 }
 
-std::string PlakInWords(int plak) {
-    return "plate " + std::to_string(plak);
-}
+std::string PlakInWords(int plak) { return "plate " + std::to_string(plak); }
 
 void PlakMeshWork::put(int p, PlanPoint at, int code) {
     gx(p) = at.x;

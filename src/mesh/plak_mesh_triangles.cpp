@@ -53,9 +53,7 @@ static EdgePair EdgesOf(PlakMeshWork &w, int p, int neighbour) {
     return {corner, corner > 1 ? corner - 1 : w.n};
 }
 
-static bool OnOneEdge(EdgePair f, EdgePair s) {
-    return f.e1 == s.e1 || f.e1 == s.e2 || f.e2 == s.e1 || f.e2 == s.e2;
-}
+static bool OnOneEdge(EdgePair f, EdgePair s) { return f.e1 == s.e1 || f.e1 == s.e2 || f.e2 == s.e1 || f.e2 == s.e2; }
 
 // The first row whose states hold decides alone. A donor cell without a quadrilateral takes the write in scratch record
 // 0 and counts as found: wanted.

@@ -6,13 +6,9 @@
 
 namespace havuz {
 
-double PlanDistance(PlanPoint a, PlanPoint b) {
-    return Distance2(a.x - b.x, a.y - b.y);
-}
+double PlanDistance(PlanPoint a, PlanPoint b) { return Distance2(a.x - b.x, a.y - b.y); }
 
-static bool SamePlace(PlanPoint a, PlanPoint b) {
-    return std::fabs(a.x - b.x) < 0.001 && std::fabs(a.y - b.y) < 0.001;
-}
+static bool SamePlace(PlanPoint a, PlanPoint b) { return std::fabs(a.x - b.x) < 0.001 && std::fabs(a.y - b.y) < 0.001; }
 
 // The crossing of the two lines into k.xi, k.yi; false when both run along one axis.
 static bool CrossLines(PlanPoint p1, PlanPoint p2, PlanPoint p3, PlanPoint p4, Kesisim &k) {
@@ -95,9 +91,7 @@ void DikIzdusum(PlanPoint p, PlanPoint a, PlanPoint b, Izdusum &i) {
         i.ustunde = 1;
 }
 
-void NoktaDogruUzaklik(PlanPoint p, PlanPoint a, PlanPoint b, double &d) {
-    d = PlanDistance(p, Foot(p, a, b));
-}
+void NoktaDogruUzaklik(PlanPoint p, PlanPoint a, PlanPoint b, double &d) { d = PlanDistance(p, Foot(p, a, b)); }
 
 EgikDuzlem EgikDuzlemKur(EgikDuzlem line, PlanPoint c, double zc) {
     const double r = Divide(zc - line.za, line.zb - line.za, "slope of a plate");

@@ -42,8 +42,8 @@ inline int RoundToWhole(double v) {
     return static_cast<int>(r);
 }
 
-// What a store into a 32-bit integer leaves of v: the whole number nearest to it, ties to even. Outside the range, or NaN,
-// it is Overflow.
+// What a store into a 32-bit integer leaves of v: the whole number nearest to it, ties to even. Outside the range, or
+// NaN, it is Overflow.
 inline std::int32_t RoundToWhole32(double v) {
     const double r = std::nearbyint(v);
     if (!(r >= -2147483648.0 && r <= 2147483647.0))

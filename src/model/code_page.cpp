@@ -47,8 +47,11 @@ std::string FromCodePage(std::string_view bytes) {
 // Length of the UTF-8 character at the start of s; 0 when the bytes are none.
 static std::size_t CharacterLength(std::string_view s) {
     const auto lead = static_cast<unsigned char>(s[0]);
-    const std::size_t n = lead < 0x80 ? 1 : lead >= 0xC2 && lead < 0xE0 ? 2 : lead >= 0xE0 && lead < 0xF0 ? 3
-                          : lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
+    const std::size_t n = lead < 0x80                   ? 1
+                          : lead >= 0xC2 && lead < 0xE0 ? 2
+                          : lead >= 0xE0 && lead < 0xF0 ? 3
+                          : lead >= 0xF0 && lead < 0xF5 ? 4
+                                                        : 0;
     if (n == 0 || s.size() < n)
         return 0;
     for (std::size_t i = 1; i < n; ++i)

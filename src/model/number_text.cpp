@@ -175,8 +175,7 @@ std::string PictureText(double value, std::string_view picture) {
     std::string part;
     RoundDecimals(value, static_cast<int>(partPicture.size()), whole, part);
     whole.erase(0, std::min(whole.find_first_not_of('0'), whole.size()));
-    const auto required =
-        static_cast<std::size_t>(std::count(wholePicture.begin(), wholePicture.end(), '0'));
+    const auto required = static_cast<std::size_t>(std::count(wholePicture.begin(), wholePicture.end(), '0'));
     if (whole.size() < required)
         whole.insert(0, required - whole.size(), '0');
     const std::size_t lastZero = partPicture.rfind('0');

@@ -80,11 +80,11 @@ struct CardRecord {
 
 void ReadCard() {
     const std::array<CardRecord, 19> records = {{
-        {1, true, nullptr},   {7, false, nullptr},  {5, false, nullptr},  {5, false, &BetonTablosu},
+        {1, true, nullptr},        {7, false, nullptr},  {5, false, nullptr},  {5, false, &BetonTablosu},
         {5, false, &CelikTablosu}, {7, false, nullptr},  {10, false, nullptr}, {10, false, nullptr},
-        {11, false, nullptr}, {11, false, nullptr}, {12, false, nullptr}, {15, false, nullptr},
-        {12, false, nullptr}, {10, false, nullptr}, {7, false, nullptr},  {8, false, nullptr},
-        {12, false, nullptr}, {1, true, nullptr},   {1, true, nullptr},
+        {11, false, nullptr},      {11, false, nullptr}, {12, false, nullptr}, {15, false, nullptr},
+        {12, false, nullptr},      {10, false, nullptr}, {7, false, nullptr},  {8, false, nullptr},
+        {12, false, nullptr},      {1, true, nullptr},   {1, true, nullptr},
     }};
     FieldReader reader = OpenOption(ProgramDizini, "VEKCARD.OPS");
     reader.read([&] {

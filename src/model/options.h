@@ -9,10 +9,10 @@
 
 namespace havuz {
 
-extern std::string ProgramDizini;  // directory of the option files, without a closing separator
-extern std::string CalismaDizini;  // directory of the project files, without a closing separator
-extern Row<double, 5> BetonTablosu; // concrete strengths fck in elements 1..5, kg/cm2
-extern Row<double, 5> CelikTablosu; // steel strengths fyk in elements 1..5, kg/cm2
+extern std::string ProgramDizini;     // directory of the option files, without a closing separator
+extern std::string CalismaDizini;     // directory of the project files, without a closing separator
+extern Row<double, 5> BetonTablosu;   // concrete strengths fck in elements 1..5, kg/cm2
+extern Row<double, 5> CelikTablosu;   // steel strengths fyk in elements 1..5, kg/cm2
 extern double YukFaktorG, YukFaktorP; // load factors of dead and live load
 extern const double kPi;              // 4*atan(1)
 

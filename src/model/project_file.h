@@ -1,6 +1,6 @@
-// The project file ".POL": the whole persistent state of a model as one text file of comma-separated fields, lines ended
-// by CR LF, in Windows-1254. Which field of which record is kept is said in project_file.cpp, once, for reading and
-// writing alike.
+// The project file ".POL": the whole persistent state of a model as one text file of comma-separated fields, lines
+// ended by CR LF, in Windows-1254. Which field of which record is kept is said in project_file.cpp, once, for reading
+// and writing alike.
 #pragma once
 
 #include "model/project_window.h"
@@ -11,8 +11,8 @@ namespace havuz {
 
 // Reads the file into the model, which has been cleared before. A file that ends after a whole line leaves the rest of
 // the model as it was. A file that cannot be opened, or ends inside a line, is File; a field that is no number is
-// BadNumber; a number that its field cannot hold is Overflow; a count or number that leaves its table is Subscript: each
-// names path, line and field. Sets ProjeYolu (cut at the first "."), GorunusModu and the window's commands.
+// BadNumber; a number that its field cannot hold is Overflow; a count or number that leaves its table is Subscript:
+// each names path, line and field. Sets ProjeYolu (cut at the first "."), GorunusModu and the window's commands.
 void LoadProject(const std::string &path, ProjectWindow &window);
 
 // Rebuilds the springs and writes the file, replacing one that exists; a failing write leaves the old file whole. Sets

@@ -6,8 +6,8 @@ namespace havuz {
 class ProjectWindow {
 public:
     virtual ~ProjectWindow() = default;
-    virtual void EnableAnalysis() {}              // "FEA analizi"
-    virtual void EnableResults(bool /*enabled*/) {} // "analiz sonuclari"
+    virtual void EnableAnalysis() {}                     // "FEA analizi"
+    virtual void EnableResults(bool /*enabled*/) {}      // "analiz sonuclari"
     virtual void ShowViewPicture(int /*gorunusModu*/) {} // picture of "plak/mesh": 1 plate, 2 mesh
 };
 

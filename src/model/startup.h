@@ -16,10 +16,10 @@ public:
     virtual void LayOutChildFrame() {}
     virtual bool AnotherInstanceRuns() { return false; }
     // in the sequence
-    virtual void ResetViews() {}         // drawing scale 1
-    virtual void SizeSurface() {}        // the design size of 1024 x 768 pixels fitted to the screen
-    virtual void PutFirstState() {}      // title of the top bar, labels and buttons hidden, analysis and results off
-    virtual void TakePlanState() {}      // "Check1" (3) enabled, "Command" (2) with its plan picture
+    virtual void ResetViews() {}    // drawing scale 1
+    virtual void SizeSurface() {}   // the design size of 1024 x 768 pixels fitted to the screen
+    virtual void PutFirstState() {} // title of the top bar, labels and buttons hidden, analysis and results off
+    virtual void TakePlanState() {} // "Check1" (3) enabled, "Command" (2) with its plan picture
     virtual void ComputeExtents() {}
     virtual void DrawMeshes() {}
     virtual void DrawPlates() {}

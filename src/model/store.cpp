@@ -38,9 +38,10 @@ static void ResetTables() {
 
 static void ResetParameters() {
     ProjeIsmi.clear();
-    for (double *p : {&HavuzTip, &HucreTip, &ZeminKo, &ZeminGzem, &ZeminKa, &ZeminYogunluk, &SiviYogunluk,
-                      &YeraltiSuKotu, &BolumX, &BolumY, &Lx, &Ly, &KenarKalinlik, &AltKalinlik, &UstKot, &AltKot,
-                      &SiviKotu, &ToprakKotu, &Bk, &Fck, &Fyk, &HesapYontem, &MeshGenisligi})
+    for (double *p :
+         {&HavuzTip, &HucreTip,   &ZeminKo, &ZeminGzem, &ZeminKa,       &ZeminYogunluk, &SiviYogunluk, &YeraltiSuKotu,
+          &BolumX,   &BolumY,     &Lx,      &Ly,        &KenarKalinlik, &AltKalinlik,   &UstKot,       &AltKot,
+          &SiviKotu, &ToprakKotu, &Bk,      &Fck,       &Fyk,           &HesapYontem,   &MeshGenisligi})
         *p = 0.0;
     YukDurum = {};
     YukKombinasyon = {};

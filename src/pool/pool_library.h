@@ -14,9 +14,9 @@ public:
     virtual void DrawMeshes() {}
 };
 
-// Generates the pool of the page (0 cell layout: nothing, 1 rectangular, 2 circular) from the parameters into the model,
-// which has been cleared before. Sets HavuzTip and the view angles. MeshGenisligi 0 is DivisionByZero, a model that
-// outgrows its tables Subscript, a count above 32767 Overflow.
+// Generates the pool of the page (0 cell layout: nothing, 1 rectangular, 2 circular) from the parameters into the
+// model, which has been cleared before. Sets HavuzTip and the view angles. MeshGenisligi 0 is DivisionByZero, a model
+// that outgrows its tables Subscript, a count above 32767 Overflow.
 void GeneratePool(int page, PoolWindow &window);
 
 } // namespace havuz

@@ -35,14 +35,10 @@ Dialog &DialogOf(MainWindow &main, std::string_view name) {
 }
 
 // Without its trailing blanks.
-inline std::string CutBlanks(const std::string &text) {
-    return text.substr(0, text.find_last_not_of(' ') + 1);
-}
+inline std::string CutBlanks(const std::string &text) { return text.substr(0, text.find_last_not_of(' ') + 1); }
 
 // The two buttons that most dialogs end with.
-inline Field OkButton(int row) {
-    return {.kind = FieldKind::Button, .name = "Tamam", .label = "TAMAM", .row = row};
-}
+inline Field OkButton(int row) { return {.kind = FieldKind::Button, .name = "Tamam", .label = "TAMAM", .row = row}; }
 inline Field CancelButton(int row) {
     return {.kind = FieldKind::Button, .name = "Iptal", .label = "IPTAL", .row = row, .column = 1};
 }

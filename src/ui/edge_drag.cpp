@@ -33,18 +33,10 @@ Step StepTo(double x, double y) {
             Divide(-dy, PlateScale, "plate view")};
 }
 
-std::size_t ItemCount() {
-    return std::min<std::size_t>(EdgeItems.size(), kDraggedItems);
-}
-int SavedPlate(std::size_t item) {
-    return PlakCount + static_cast<int>(item) + 6;
-}
-int NextCorner(int corner) {
-    return corner % 4 + 1;
-}
-int CornerBefore(int corner) {
-    return (corner + 2) % 4 + 1;
-}
+std::size_t ItemCount() { return std::min<std::size_t>(EdgeItems.size(), kDraggedItems); }
+int SavedPlate(std::size_t item) { return PlakCount + static_cast<int>(item) + 6; }
+int NextCorner(int corner) { return corner % 4 + 1; }
+int CornerBefore(int corner) { return (corner + 2) % 4 + 1; }
 
 // The four outline points around edge k: the one before, both ends, the one after.
 struct Around {
@@ -56,9 +48,7 @@ Around AroundEdge(int k, int n) {
     return {k == 1 ? n : k - 1, k, kn, kn % n + 1};
 }
 
-PlanPoint PointOf(const PlakRecord &plate, int k) {
-    return {plate.X[k], plate.Y[k]};
-}
+PlanPoint PointOf(const PlakRecord &plate, int k) { return {plate.X[k], plate.Y[k]}; }
 
 // The first step: keep where the drag began
 

@@ -31,31 +31,15 @@ inline constexpr Element kAltnot{kMain, "ALTNOT", 0}; // prompt line
 inline constexpr Element kLabel1{kMain, "Label1", 0}; // the pointer's note over the surface
 inline constexpr Element kProgLab{kMain, "ProgLab", 0};
 inline constexpr Element kVekProgBar{kMain, "VekProgBar", 0};
-constexpr Element Command(int index) {
-    return {kMain, "Command", index};
-}
-constexpr Element Check1(int index) {
-    return {kMain, "Check1", index};
-}
-constexpr Element Check2(int index) {
-    return {kMain, "Check2", index};
-}
-constexpr Element ChkButton(int index) {
-    return {kMain, "ChkButton", index};
-}
-constexpr Element Option1(int index) {
-    return {kMain, "Option1", index};
-}
-constexpr Element Frame(int index) {
-    return {kMain, "Frame", index};
-}
-constexpr Element TopBar(int index) {
-    return {kMain, "TopBar", index};
-} // 0 end, 1 minimise, 2 help
-constexpr Element Pol(int index) {
-    return {kMain, "pol", index};
-} // rubber lines to neighbours
-constexpr Element RubberLine(int number) { // Line1 .. Line4
+constexpr Element Command(int index) { return {kMain, "Command", index}; }
+constexpr Element Check1(int index) { return {kMain, "Check1", index}; }
+constexpr Element Check2(int index) { return {kMain, "Check2", index}; }
+constexpr Element ChkButton(int index) { return {kMain, "ChkButton", index}; }
+constexpr Element Option1(int index) { return {kMain, "Option1", index}; }
+constexpr Element Frame(int index) { return {kMain, "Frame", index}; }
+constexpr Element TopBar(int index) { return {kMain, "TopBar", index}; } // 0 end, 1 minimise, 2 help
+constexpr Element Pol(int index) { return {kMain, "pol", index}; }       // rubber lines to neighbours
+constexpr Element RubberLine(int number) {                               // Line1 .. Line4
     constexpr std::string_view name[] = {"Line1", "Line2", "Line3", "Line4"};
     return {kMain, name[number - 1], 0};
 }
@@ -67,18 +51,12 @@ constexpr Element Tool1Text(int index) {
 } // "dp (cm)", "ust kot", "alt kot", "  ds  (cm)"
 // Tool2, how levels are dragged: 0 tilt about a fixed item, 1 tilt, 2 the whole plate. Tool3: 0 the upper edge of a
 // wall that is seen on end, 1 the lower one.
-constexpr Element Tool2Option(int index) {
-    return {kTool2, "Option1", index};
-}
-constexpr Element Tool3Option(int index) {
-    return {kTool3, "Option1", index};
-}
+constexpr Element Tool2Option(int index) { return {kTool2, "Option1", index}; }
+constexpr Element Tool3Option(int index) { return {kTool3, "Option1", index}; }
 inline constexpr Element kTool3OneSide{kTool3, "Check1", 0};   // only the upper or lower edges of panels are caught
 inline constexpr Element kTool3KeepWalls{kTool3, "Check1", 1}; // walls stay when a plate's edge moves
 inline constexpr Element kOverviewPicture{kOverview, "SCR", 0};
 inline constexpr Element kDyukList{kDyuk, "List", 0};
-constexpr Element OverviewLine(int index) {
-    return {kOverview, "Line", index};
-} // 0 top, 1 bottom, 2 left, 3 right
+constexpr Element OverviewLine(int index) { return {kOverview, "Line", index}; } // 0 top, 1 bottom, 2 left, 3 right
 
 } // namespace havuz

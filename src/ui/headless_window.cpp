@@ -72,9 +72,7 @@ void HeadlessWindow::StartProgram(const std::string &program, const std::string 
         ReportError("havuz: " + program + ": cannot be started");
 }
 
-void HeadlessWindow::EndProgram(int status) {
-    throw ProgramEnd{status};
-}
+void HeadlessWindow::EndProgram(int status) { throw ProgramEnd{status}; }
 
 // Hovering is all that places the pointer here.
 bool HeadlessWindow::Hover(Element element) {

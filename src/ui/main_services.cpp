@@ -21,9 +21,7 @@ namespace havuz {
 static constexpr int kScreenWidth = 1024, kScreenHeight = 768;
 static constexpr int kSurfaceWidth = 1010, kSurfaceHeight = 600;
 
-bool MainWindow::AnotherInstanceRuns() {
-    return window.AnotherInstanceRuns();
-}
+bool MainWindow::AnotherInstanceRuns() { return window.AnotherInstanceRuns(); }
 
 void MainWindow::ResetViews() {
     ResetView();
@@ -60,21 +58,11 @@ void MainWindow::ComputeExtents() {
     FitMeshView();
 }
 
-void MainWindow::DrawMeshes() {
-    DrawMeshView();
-}
-void MainWindow::DrawPlates() {
-    DrawPlateView();
-}
-void MainWindow::SetUpDynamicView() {
-    RefreshOverview(*this);
-}
-void MainWindow::EnableMainWindow() {
-    window.EnableForm(kMain, true);
-}
-void MainWindow::ReportFailure(const std::string &what) {
-    window.ReportError("havuz: " + what);
-}
+void MainWindow::DrawMeshes() { DrawMeshView(); }
+void MainWindow::DrawPlates() { DrawPlateView(); }
+void MainWindow::SetUpDynamicView() { RefreshOverview(*this); }
+void MainWindow::EnableMainWindow() { window.EnableForm(kMain, true); }
+void MainWindow::ReportFailure(const std::string &what) { window.ReportError("havuz: " + what); }
 void MainWindow::EndProgram(int status) {
     window.EndProgram(status);
     throw ProgramEnd{status}; // it does not return
@@ -90,24 +78,14 @@ void MainWindow::EnableAnalysis() {
     if (!ProjeYolu.empty() && FileExists(file))
         window.RememberProject(std::filesystem::absolute(file).string());
 }
-void MainWindow::EnableResults(bool enabled) {
-    window.Enable(ChkButton(8), enabled);
-}
-void MainWindow::ShowViewPicture(int gorunusModu) {
-    window.SetPicture(Command(5), gorunusModu == 1 ? 4 : 5);
-}
+void MainWindow::EnableResults(bool enabled) { window.Enable(ChkButton(8), enabled); }
+void MainWindow::ShowViewPicture(int gorunusModu) { window.SetPicture(Command(5), gorunusModu == 1 ? 4 : 5); }
 
 // Views
 
-void MainWindow::ShowFrame(int index, bool visible) {
-    window.Show(Frame(index), visible);
-}
-void MainWindow::EnablePlateTool(int index, bool enabled) {
-    window.Enable(Check2(index), enabled);
-}
-bool MainWindow::ResultChosen(int index) {
-    return window.Checked(Option1(index));
-}
+void MainWindow::ShowFrame(int index, bool visible) { window.Show(Frame(index), visible); }
+void MainWindow::EnablePlateTool(int index, bool enabled) { window.Enable(Check2(index), enabled); }
+bool MainWindow::ResultChosen(int index) { return window.Checked(Option1(index)); }
 
 void MainWindow::ShowPol(int index, double x1, double y1, double x2, double y2) {
     window.SetLine(Pol(index), {x1, y1, x2, y2});
@@ -121,24 +99,12 @@ void MainWindow::ShowOverview(bool visible) {
         window.HideForm(kOverview);
 }
 
-void MainWindow::ShowOverviewButton(bool visible) {
-    window.Show(kScr1, visible);
-}
-void MainWindow::CopySurfaceToOverview() {
-    window.CopyPicture(kScr, kOverviewPicture);
-}
-double MainWindow::OverviewWidth() {
-    return window.Canvas(kOverviewPicture).width();
-}
-double MainWindow::OverviewHeight() {
-    return window.Canvas(kOverviewPicture).height();
-}
-double MainWindow::OverviewLeft() {
-    return window.FormPlace(kOverview).left;
-}
-double MainWindow::OverviewTop() {
-    return window.FormPlace(kOverview).top;
-}
+void MainWindow::ShowOverviewButton(bool visible) { window.Show(kScr1, visible); }
+void MainWindow::CopySurfaceToOverview() { window.CopyPicture(kScr, kOverviewPicture); }
+double MainWindow::OverviewWidth() { return window.Canvas(kOverviewPicture).width(); }
+double MainWindow::OverviewHeight() { return window.Canvas(kOverviewPicture).height(); }
+double MainWindow::OverviewLeft() { return window.FormPlace(kOverview).left; }
+double MainWindow::OverviewTop() { return window.FormPlace(kOverview).top; }
 
 void MainWindow::PlaceOverview(double left, double top) {
     overviewLeft_ = left;
@@ -154,33 +120,17 @@ void MainWindow::PlaceOverviewRectangle(double left, double top, double right, d
 
 // Meshing and plate editing
 
-void MainWindow::RefreshDrawing() {
-    RedrawView();
-}
-void MainWindow::RebuildPlateList() {
-    DrawPlateView();
-}
-void MainWindow::ListDiagnostic(const std::string &line) {
-    window.AddItem(kDyukList, line);
-}
-void MainWindow::ShowIteration(int pass) {
-    ShowLabel("Iterasyon:" + std::to_string(pass), 10, 10);
-}
-void MainWindow::HideLabel() {
-    HideLabel1();
-}
+void MainWindow::RefreshDrawing() { RedrawView(); }
+void MainWindow::RebuildPlateList() { DrawPlateView(); }
+void MainWindow::ListDiagnostic(const std::string &line) { window.AddItem(kDyukList, line); }
+void MainWindow::ShowIteration(int pass) { ShowLabel("Iterasyon:" + std::to_string(pass), 10, 10); }
+void MainWindow::HideLabel() { HideLabel1(); }
 
 // Analysis
 
-int MainWindow::Width() const {
-    return window.Canvas(kVekProgBar).width();
-}
-int MainWindow::Height() const {
-    return window.Canvas(kVekProgBar).height();
-}
-void MainWindow::Clear() {
-    window.Canvas(kVekProgBar).Clear();
-}
+int MainWindow::Width() const { return window.Canvas(kVekProgBar).width(); }
+int MainWindow::Height() const { return window.Canvas(kVekProgBar).height(); }
+void MainWindow::Clear() { window.Canvas(kVekProgBar).Clear(); }
 
 // A row that stops short of the end is laid over the last whole one, so that the label of before is gone.
 void MainWindow::Line(int y, int width, int red, int green, int blue) {
@@ -203,24 +153,12 @@ void MainWindow::Label(const std::string &text, bool white) {
     bar.Refresh();
 }
 
-void MainWindow::ServeEvents() {
-    window.ServeEvents();
-}
-void MainWindow::ClearSurface() {
-    scr().Clear();
-}
-void MainWindow::ShowProgressPicture(bool shown) {
-    window.Show(kVekProgBar, shown);
-}
-void MainWindow::MoveProgLab(int left, int top) {
-    window.Move(kProgLab, left, top);
-}
-void MainWindow::ShowProgLab(bool shown) {
-    window.Show(kProgLab, shown);
-}
-void MainWindow::SetProgLab(const std::string &text) {
-    window.SetText(kProgLab, text);
-}
+void MainWindow::ServeEvents() { window.ServeEvents(); }
+void MainWindow::ClearSurface() { scr().Clear(); }
+void MainWindow::ShowProgressPicture(bool shown) { window.Show(kVekProgBar, shown); }
+void MainWindow::MoveProgLab(int left, int top) { window.Move(kProgLab, left, top); }
+void MainWindow::ShowProgLab(bool shown) { window.Show(kProgLab, shown); }
+void MainWindow::SetProgLab(const std::string &text) { window.SetText(kProgLab, text); }
 
 void MainWindow::FillBox(double x, double y, double side, int colour) {
     scr().FillBox(ToPixel(x), ToPixel(y), ToPixel(x + side), ToPixel(y + side), QbColour(colour));
@@ -230,9 +168,7 @@ void MainWindow::OutlineBox(double x, double y, double side, int colour) {
     scr().Box(ToPixel(x), ToPixel(y), ToPixel(x + side), ToPixel(y + side), QbColour(colour));
 }
 
-void MainWindow::Point(double x, double y, int colour) {
-    scr().Point(ToPixel(x), ToPixel(y), QbColour(colour));
-}
+void MainWindow::Point(double x, double y, int colour) { scr().Point(ToPixel(x), ToPixel(y), QbColour(colour)); }
 
 void MainWindow::TextLine(int height, const std::string &text) {
     PenState &pen = scr().pen;
@@ -243,9 +179,7 @@ void MainWindow::TextLine(int height, const std::string &text) {
     scr().Refresh();
 }
 
-std::string MainWindow::ScratchFile() const {
-    return AnalysisWindow::ScratchFile();
-}
+std::string MainWindow::ScratchFile() const { return AnalysisWindow::ScratchFile(); }
 
 void MainWindow::StartProgram(const std::string &command, const std::string &projectPath) {
     window.StartProgram(command, projectPath);
@@ -258,9 +192,7 @@ void MainWindow::EndProgram() {
 
 // Pool library, exports
 
-void MainWindow::ReadPoolForm() {
-    ReadPoolLibraryForm(*this);
-}
+void MainWindow::ReadPoolForm() { ReadPoolLibraryForm(*this); }
 
 std::string MainWindow::AskSaveName(const std::string &title, const std::string &directory, const std::string &name) {
     return window.AskSaveName({title, directory, name});

@@ -26,9 +26,7 @@ static FormFields OverviewFields() {
     return form;
 }
 
-static FormFields DiagnosticFields() {
-    return {std::string(kDyuk), "", {{.kind = FieldKind::List, .name = "List"}}};
-}
+static FormFields DiagnosticFields() { return {std::string(kDyuk), "", {{.kind = FieldKind::List, .name = "List"}}}; }
 
 MainWindow::MainWindow(Window &platform, std::string executable)
     : window(platform), executable_(std::move(executable)) {
@@ -42,9 +40,7 @@ MainWindow::MainWindow(Window &platform, std::string executable)
     window.ShowForm(kMain, {}, Modality::Modeless, false);
 }
 
-MainWindow::~MainWindow() {
-    window.SetEvents(nullptr);
-}
+MainWindow::~MainWindow() { window.SetEvents(nullptr); }
 
 void MainWindow::Start(const std::string &commandLine) {
     havuz::StartProgram(commandLine, executable_, *this);
@@ -75,12 +71,8 @@ void MainWindow::DrawPlateView() {
     SettlePlateView(*this);
     havuz::DrawPlateView(scr(), *this);
 }
-void MainWindow::DrawMeshView() {
-    havuz::DrawMeshView(scr(), *this);
-}
-void MainWindow::RefreshBounds() {
-    PlateBoundsAndDepth(scr());
-}
+void MainWindow::DrawMeshView() { havuz::DrawMeshView(scr(), *this); }
+void MainWindow::RefreshBounds() { PlateBoundsAndDepth(scr()); }
 
 void MainWindow::TakeRotated() {
     IsoView = 1;
@@ -206,9 +198,7 @@ static void ClickMain(MainWindow &main, Element element) {
         main.RedrawView();
 }
 
-static bool IsOwnForm(std::string_view form) {
-    return form == kMain || form == kOverview || form == kDyuk;
-}
+static bool IsOwnForm(std::string_view form) { return form == kMain || form == kOverview || form == kDyuk; }
 
 void MainWindow::OnClick(Element element) {
     guard([&] {

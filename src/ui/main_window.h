@@ -145,7 +145,7 @@ private:
 
     std::string executable_;
     std::vector<std::unique_ptr<Form>> forms_;
-    std::map<int, Colour> progressRows_; // of the bar, as it was painted whole
+    std::map<int, Colour> progressRows_;            // of the bar, as it was painted whole
     double overviewLeft_ = 0.0, overviewTop_ = 0.0; // where the overview opens next, twips
 };
 

@@ -17,9 +17,7 @@ constexpr int kStrengths = 5;
 constexpr int kUsualConcrete = 3, kUsualSteel = 1; // entries taken for a strength that the table lacks
 
 // Buttons are numbered from 1: 6 mm to 30 mm.
-constexpr int Diameter(int button) {
-    return 2 * button + 4;
-}
+constexpr int Diameter(int button) { return 2 * button + 4; }
 
 // The button of a diameter. One that no button has is Subscript.
 int DiameterButton(double diameter) {
@@ -146,12 +144,8 @@ private:
 
 } // namespace
 
-void AddMaterialDialog(MainWindow &main, Forms &forms) {
-    forms.push_back(std::make_unique<MaterialDialog>(main));
-}
+void AddMaterialDialog(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<MaterialDialog>(main)); }
 
-void ShowMaterialOptions(MainWindow &main) {
-    DialogOf<MaterialDialog>(main, "donsec").show();
-}
+void ShowMaterialOptions(MainWindow &main) { DialogOf<MaterialDialog>(main, "donsec").show(); }
 
 } // namespace havuz

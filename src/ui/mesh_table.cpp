@@ -38,12 +38,8 @@ private:
 
 } // namespace
 
-void AddMeshTable(MainWindow &main, Forms &forms) {
-    forms.push_back(std::make_unique<MeshTableForm>(main));
-}
+void AddMeshTable(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<MeshTableForm>(main)); }
 
-void ShowMeshTable(MainWindow &main) {
-    DialogOf<MeshTableForm>(main, kKind.form).show();
-}
+void ShowMeshTable(MainWindow &main) { DialogOf<MeshTableForm>(main, kKind.form).show(); }
 
 } // namespace havuz

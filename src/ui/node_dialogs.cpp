@@ -115,12 +115,8 @@ void AddNodeDialogs(MainWindow &main, Forms &forms) {
     forms.push_back(std::make_unique<PointLoadDialog>(main));
 }
 
-void ShowSupportType(MainWindow &main) {
-    DialogOf<SupportDialog>(main, "MESTIP").show();
-}
+void ShowSupportType(MainWindow &main) { DialogOf<SupportDialog>(main, "MESTIP").show(); }
 
-void ShowPointLoad(MainWindow &main) {
-    DialogOf<PointLoadDialog>(main, "NOKYUK").show();
-}
+void ShowPointLoad(MainWindow &main) { DialogOf<PointLoadDialog>(main, "NOKYUK").show(); }
 
 } // namespace havuz

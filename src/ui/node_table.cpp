@@ -66,12 +66,8 @@ void NodeTable::rebuildCount() {
 
 } // namespace
 
-void AddNodeTable(MainWindow &main, Forms &forms) {
-    forms.push_back(std::make_unique<NodeTable>(main));
-}
+void AddNodeTable(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<NodeTable>(main)); }
 
-void ShowNodeTable(MainWindow &main) {
-    DialogOf<NodeTable>(main, kKind.form).show();
-}
+void ShowNodeTable(MainWindow &main) { DialogOf<NodeTable>(main, kKind.form).show(); }
 
 } // namespace havuz

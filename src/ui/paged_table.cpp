@@ -40,9 +40,7 @@ std::vector<Field> PagedTable::fields() const {
     return fields;
 }
 
-int PagedTable::RecordOf(int row) {
-    return TabloUst + row + 1;
-}
+int PagedTable::RecordOf(int row) { return TabloUst + row + 1; }
 
 int PagedTable::textColumns() const {
     return static_cast<int>(std::count_if(kind_.columns.begin(), kind_.columns.end(),
@@ -123,9 +121,7 @@ void PagedTable::OnScroll(Element element) {
 
 // Focus
 
-void PagedTable::FocusRow() {
-    window.Focus(cell(TabloSatir, 0));
-}
+void PagedTable::FocusRow() { window.Focus(cell(TabloSatir, 0)); }
 
 void PagedTable::OnFocus(Element element) {
     const int c = columnOf(element);

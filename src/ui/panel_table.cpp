@@ -141,12 +141,8 @@ bool PanelTableForm::OnKey(Element element, Key key) {
 
 } // namespace
 
-void AddPanelTable(MainWindow &main, Forms &forms) {
-    forms.push_back(std::make_unique<PanelTableForm>(main));
-}
+void AddPanelTable(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<PanelTableForm>(main)); }
 
-void ShowPanelTable(MainWindow &main) {
-    DialogOf<PanelTableForm>(main, kKind.form).show();
-}
+void ShowPanelTable(MainWindow &main) { DialogOf<PanelTableForm>(main, kKind.form).show(); }
 
 } // namespace havuz

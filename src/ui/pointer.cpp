@@ -43,9 +43,7 @@ static constexpr ArmedRow kArmed[] = {
 };
 // clang-format on
 
-std::span<const ArmedRow> ArmedCommands() {
-    return kArmed;
-}
+std::span<const ArmedRow> ArmedCommands() { return kArmed; }
 
 // The row of what is armed now; a stage that the command does not know has none.
 static const ArmedRow *ArmedNow() {

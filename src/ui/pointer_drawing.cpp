@@ -63,13 +63,9 @@ static void SnapToUpperCorners(ModelPoint &p) {
                 p = {PanelTable[i].X[k], PanelTable[i].Y[k]};
 }
 
-static double AsWritten(double v) {
-    return ParseNumber(PictureText(v, kDrawPicture));
-}
+static double AsWritten(double v) { return ParseNumber(PictureText(v, kDrawPicture)); }
 
-static double PaletteNumber(MainWindow &main, int index) {
-    return ParseNumber(main.window.Text(Tool1Text(index)));
-}
+static double PaletteNumber(MainWindow &main, int index) { return ParseNumber(main.window.Text(Tool1Text(index))); }
 
 // The record keeps what it held in the fields not named here, Tip among them: wanted.
 static void AddVerticalPlate(MainWindow &main, ModelPoint p1, ModelPoint p2) {

@@ -14,9 +14,7 @@ static void ShowBeside(MainWindow &main, const std::string &text, Pointer at) {
     main.ShowLabel(text, at.x + 10.0, at.y + 20.0);
 }
 
-static std::string NodeNote() {
-    return "Nokta:" + std::to_string(SeciliNo);
-}
+static std::string NodeNote() { return "Nokta:" + std::to_string(SeciliNo); }
 
 void PressPointLoad(MainWindow &main, Pointer /*at*/) {
     if (SeciliNo > 0)

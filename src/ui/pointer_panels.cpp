@@ -20,9 +20,7 @@ ModelPoint ToModel(ScreenPoint p) {
     return {Divide(p.x - PlateOffsetX, PlateScale, "plate view"), Divide(p.y - PlateOffsetY, PlateScale, "plate view")};
 }
 
-ScreenPoint ToScreen(ModelPoint m) {
-    return {PlateOffsetX + PlateScale * m.x, PlateOffsetY + PlateScale * m.y};
-}
+ScreenPoint ToScreen(ModelPoint m) { return {PlateOffsetX + PlateScale * m.x, PlateOffsetY + PlateScale * m.y}; }
 
 void SnapToPanelCorner(double &mx, double &my) {
     for (int i = 1; i <= PanelCount; ++i)
@@ -59,9 +57,7 @@ void HideBand(MainWindow &main) {
 
 // Panels
 
-void PlakAraAt(MainWindow &main, Pointer at) {
-    PlakAra(main, at.x, at.y);
-}
+void PlakAraAt(MainWindow &main, Pointer at) { PlakAra(main, at.x, at.y); }
 
 // The second number carries the view's offset, in the text only: wanted.
 void PressTakePanel(MainWindow &main, Pointer at) {
@@ -146,9 +142,7 @@ void PressDeletePanel(MainWindow &main, Pointer /*at*/) {
 
 // Edges
 
-void KenarAraAt(MainWindow &main, Pointer at) {
-    KenarAra(main, at.x, at.y);
-}
+void KenarAraAt(MainWindow &main, Pointer at) { KenarAra(main, at.x, at.y); }
 
 void HoverEdges(MainWindow &main, Pointer at) {
     KenarAra(main, at.x, at.y);

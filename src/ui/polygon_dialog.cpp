@@ -57,12 +57,8 @@ private:
 
 } // namespace
 
-void AddPolygonDialog(MainWindow &main, Forms &forms) {
-    forms.push_back(std::make_unique<PolygonDialog>(main));
-}
+void AddPolygonDialog(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<PolygonDialog>(main)); }
 
-void ShowPolygonConfirm(MainWindow &main) {
-    DialogOf<PolygonDialog>(main, "yesno").show();
-}
+void ShowPolygonConfirm(MainWindow &main) { DialogOf<PolygonDialog>(main, "yesno").show(); }
 
 } // namespace havuz

@@ -94,12 +94,8 @@ public:
 
 } // namespace
 
-void AddPoolDataDialog(MainWindow &main, Forms &forms) {
-    forms.push_back(std::make_unique<PoolDataDialog>(main));
-}
+void AddPoolDataDialog(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<PoolDataDialog>(main)); }
 
-void ShowGeneralData(MainWindow &main) {
-    DialogOf<PoolDataDialog>(main, "POOLGEN").show();
-}
+void ShowGeneralData(MainWindow &main) { DialogOf<PoolDataDialog>(main, "POOLGEN").show(); }
 
 } // namespace havuz

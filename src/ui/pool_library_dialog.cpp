@@ -240,12 +240,8 @@ void AddPoolLibraryDialog(MainWindow &main, Forms &forms) {
     forms.push_back(std::make_unique<PoolLibraryDialog>(main));
 }
 
-void ShowPoolLibrary(MainWindow &main) {
-    DialogOf<PoolLibraryDialog>(main, "POOLlib").show();
-}
+void ShowPoolLibrary(MainWindow &main) { DialogOf<PoolLibraryDialog>(main, "POOLlib").show(); }
 
-void ReadPoolLibraryForm(MainWindow &main) {
-    DialogOf<PoolLibraryDialog>(main, "POOLlib").read();
-}
+void ReadPoolLibraryForm(MainWindow &main) { DialogOf<PoolLibraryDialog>(main, "POOLlib").read(); }
 
 } // namespace havuz

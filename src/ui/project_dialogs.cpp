@@ -198,13 +198,9 @@ void AddProjectDialogs(MainWindow &main, Forms &forms) {
     forms.push_back(std::make_unique<EndDialog>(main));
 }
 
-void ShowSaveName(MainWindow &main) {
-    DialogOf<SaveNameDialog>(main, "BILGI").show();
-}
+void ShowSaveName(MainWindow &main) { DialogOf<SaveNameDialog>(main, "BILGI").show(); }
 
-void ShowOpenProject(MainWindow &main) {
-    DialogOf<OpenDialog>(main, "LOADFILE").show();
-}
+void ShowOpenProject(MainWindow &main) { DialogOf<OpenDialog>(main, "LOADFILE").show(); }
 
 void OpenGivenProject(MainWindow &main, const std::string &path) {
     const std::string name = fs::path(path).filename().string();

@@ -39,9 +39,7 @@ std::string Spaced(std::initializer_list<std::string_view> words) {
     return line;
 }
 
-std::string At(double x, double y) {
-    return Spaced({Number(x), Number(y)});
-}
+std::string At(double x, double y) { return Spaced({Number(x), Number(y)}); }
 
 // A button that no command knows counts as the middle one.
 std::string Buttons(int held) {
@@ -70,9 +68,7 @@ bool AsksForFile(const Act &act) {
     return act.kind == Act::Click && (act.element == ChkButton(12) || act.element == ChkButton(13));
 }
 
-bool IsPlainMove(const Act &act) {
-    return act.kind == Act::PointerMove && act.first == 0;
-}
+bool IsPlainMove(const Act &act) { return act.kind == Act::PointerMove && act.first == 0; }
 
 } // namespace
 
@@ -99,9 +95,7 @@ std::string Recorder::elementWords(Element element) const {
     return one ? Spaced({form, name}) : Spaced({form, name, std::to_string(element.index)});
 }
 
-std::string Recorder::surfaceWords(Element surface) const {
-    return surface == kScr ? "" : Spaced({surface.form});
-}
+std::string Recorder::surfaceWords(Element surface) const { return surface == kScr ? "" : Spaced({surface.form}); }
 
 // By its text where this finds it.
 std::string Recorder::itemWord(Element list, int item) const {

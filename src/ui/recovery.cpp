@@ -14,9 +14,7 @@ namespace havuz {
 
 static constexpr std::array kRecoveryNames = {"KURTARMA", "KURTARMA2"};
 
-static std::string RecoveryPath(std::string_view name) {
-    return CalismaDizini + "/" + std::string(name);
-}
+static std::string RecoveryPath(std::string_view name) { return CalismaDizini + "/" + std::string(name); }
 
 std::string WriteRecoveryFile() {
     const bool open = std::filesystem::path(ProjeAdi).filename() == kRecoveryNames[0];

@@ -54,14 +54,10 @@ void EditPanels(Item item) {
         CloseRow(PanelTable, PanelCount, SeciliNo);
 }
 
-bool Kept(const MeshRecord &mesh) {
-    return mesh.N1 > 0 && mesh.N2 > 0 && mesh.N3 > 0 && mesh.N4 > 0;
-}
+bool Kept(const MeshRecord &mesh) { return mesh.N1 > 0 && mesh.N2 > 0 && mesh.N3 > 0 && mesh.N4 > 0; }
 
 // Nodes on an axis or at a negative X or Y fall out, whatever their Z: wanted.
-bool Kept(const NoktaRecord &node) {
-    return node.X > 0.0 && node.Y > 0.0;
-}
+bool Kept(const NoktaRecord &node) { return node.X > 0.0 && node.Y > 0.0; }
 
 // The last record is the blank for the rest of the table, whatever it holds: wanted.
 template <class Record, int Capacity>
@@ -140,9 +136,7 @@ private:
 
 } // namespace
 
-void AddRowPopup(MainWindow &main, Forms &forms) {
-    forms.push_back(std::make_unique<RowPopup>(main));
-}
+void AddRowPopup(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<RowPopup>(main)); }
 
 void ShowRowPopup(MainWindow &main, const std::string &tag, Place place) {
     DialogOf<RowPopup>(main, "TOOL").show(tag, place);

@@ -50,9 +50,7 @@ static constexpr ToolRow kTools[] = {
 };
 // clang-format on
 
-std::span<const ToolRow> Tools() {
-    return kTools;
-}
+std::span<const ToolRow> Tools() { return kTools; }
 
 const ToolRow &Tool(ToolGroup group, int index) {
     for (const ToolRow &row : kTools)
@@ -97,12 +95,8 @@ static void Uncheck(MainWindow &main, ToolGroup group, int last, int except) {
             main.window.SetChecked(ToolButton(group, i), false);
 }
 
-void UncheckMeshTools(MainWindow &main) {
-    Uncheck(main, ToolGroup::Mesh, 4, -1);
-}
-void UncheckPlateTools(MainWindow &main, int last) {
-    Uncheck(main, ToolGroup::Plate, last, -1);
-}
+void UncheckMeshTools(MainWindow &main) { Uncheck(main, ToolGroup::Mesh, 4, -1); }
+void UncheckPlateTools(MainWindow &main, int last) { Uncheck(main, ToolGroup::Plate, last, -1); }
 
 static void HideRubberLine(MainWindow &main, int number) {
     if (!main.window.Shown(RubberLine(number)))

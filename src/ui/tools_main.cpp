@@ -12,9 +12,7 @@
 
 namespace havuz {
 
-static std::string OutputProgram() {
-    return ProgramDizini + "/RAPORCU.EXE";
-}
+static std::string OutputProgram() { return ProgramDizini + "/RAPORCU.EXE"; }
 
 // Jobs
 
@@ -86,9 +84,7 @@ void OnTopBar(MainWindow &main, int index) {
 
 static constexpr Colour kHotColour = Rgb(255, 200, 150);
 
-static int &Hot(ToolGroup group) {
-    return HotTool[static_cast<std::size_t>(group)];
-}
+static int &Hot(ToolGroup group) { return HotTool[static_cast<std::size_t>(group)]; }
 
 static void Cool(MainWindow &main, ToolGroup group) {
     if (Hot(group) >= 0)

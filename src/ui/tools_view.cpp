@@ -16,9 +16,7 @@ static void RedrawAll(MainWindow &main) {
 
 // View commands
 
-void ZoomAll(MainWindow &main) {
-    RedrawAll(main);
-}
+void ZoomAll(MainWindow &main) { RedrawAll(main); }
 
 void ZoomWin(MainWindow & /*main*/) {
     ZoomPending = 1;
@@ -41,12 +39,8 @@ static void Rotate(MainWindow &main, double by) {
     RedrawAll(main);
 }
 
-void RotateLeft(MainWindow &main) {
-    Rotate(main, -kTurn);
-}
-void RotateRight(MainWindow &main) {
-    Rotate(main, kTurn);
-}
+void RotateLeft(MainWindow &main) { Rotate(main, -kTurn); }
+void RotateRight(MainWindow &main) { Rotate(main, kTurn); }
 
 // The drawing sets GorunusModu, so that without meshes the plate view stays the current one.
 void SwitchView(MainWindow &main) {
@@ -66,9 +60,7 @@ void SwitchView(MainWindow &main) {
 
 // Mesh tools
 
-void ShowResultOptions(MainWindow &main) {
-    main.ShowFrame(3, true);
-}
+void ShowResultOptions(MainWindow &main) { main.ShowFrame(3, true); }
 
 void HideNodes(MainWindow &main) {
     NodesHidden = std::abs(NodesHidden - 1);
@@ -108,9 +100,7 @@ void OnTool2Option(MainWindow &main, int index) {
 }
 
 // The note waits beyond the left edge until the pointer moves.
-static void PrepareLabel(MainWindow &main) {
-    main.ShowLabel("", -50, 0);
-}
+static void PrepareLabel(MainWindow &main) { main.ShowLabel("", -50, 0); }
 
 void StartVerticalPlate(MainWindow &main) {
     PrepareLabel(main);
@@ -122,8 +112,6 @@ void StartPolygon(MainWindow &main) {
     PolyCount = 0;
 }
 
-void StartPolygonCut(MainWindow &main) {
-    PrepareLabel(main);
-}
+void StartPolygonCut(MainWindow &main) { PrepareLabel(main); }
 
 } // namespace havuz

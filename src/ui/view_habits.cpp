@@ -15,9 +15,7 @@ struct Transform {
     double scale = 0.0, offsetX = 0.0, offsetY = 0.0;
 };
 
-bool PlateViewNow() {
-    return GorunusModu == 1;
-}
+bool PlateViewNow() { return GorunusModu == 1; }
 
 Transform CurrentTransform() {
     return PlateViewNow() ? Transform{PlateScale, PlateOffsetX, PlateOffsetY}

@@ -8,9 +8,7 @@ namespace havuz {
 
 namespace {
 
-[[noreturn]] void FailUnknown(const std::string &name) {
-    throw RuntimeFailure(Subscript, "no element " + name);
-}
+[[noreturn]] void FailUnknown(const std::string &name) { throw RuntimeFailure(Subscript, "no element " + name); }
 
 // What the keyboard can go to.
 bool TakesFocus(FieldKind kind) {
@@ -43,9 +41,7 @@ const WindowState::Row &WindowState::find(Element element) const {
     return *row;
 }
 
-const WindowState::ElementState &WindowState::state(Element element) const {
-    return find(element).second;
-}
+const WindowState::ElementState &WindowState::state(Element element) const { return find(element).second; }
 
 const WindowState::FormState &WindowState::formState(std::string_view form) const {
     const auto row = forms_.find(form);
@@ -54,13 +50,9 @@ const WindowState::FormState &WindowState::formState(std::string_view form) cons
     return row->second;
 }
 
-WindowState::FormState &WindowState::at(std::string_view form) {
-    return const_cast<FormState &>(formState(form));
-}
+WindowState::FormState &WindowState::at(std::string_view form) { return const_cast<FormState &>(formState(form)); }
 
-std::vector<Element> WindowState::elements() const {
-    return {order_.begin(), order_.end()};
-}
+std::vector<Element> WindowState::elements() const { return {order_.begin(), order_.end()}; }
 
 void WindowState::MakeForm(const FormFields &form) {
     forms_[form.name].caption = form.caption;

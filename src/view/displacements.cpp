@@ -24,9 +24,7 @@ static double Single(const unsigned char *bytes) {
     return static_cast<double>(std::bit_cast<float>(bits));
 }
 
-static std::ifstream OpenDisplacements() {
-    return std::ifstream(ProjeYolu + ".DEP", std::ios::binary);
-}
+static std::ifstream OpenDisplacements() { return std::ifstream(ProjeYolu + ".DEP", std::ios::binary); }
 
 static Displacement ReadRecord(std::ifstream &file, int node, int column) {
     std::array<char, 12> bytes{};
@@ -49,9 +47,7 @@ Displacement ReadDisplacement(int node, int column) {
 }
 
 // Of the marks of one displacement, drawn with twice its plan part, the longer.
-static double MarkLength(const Displacement &d) {
-    return std::max(Distance2(2.0 * d.x, 2.0 * d.y), std::fabs(d.z));
-}
+static double MarkLength(const Displacement &d) { return std::max(Distance2(2.0 * d.x, 2.0 * d.y), std::fabs(d.z)); }
 
 LoadCase ReadLoadCase(int column) {
     CheckColumn(column);

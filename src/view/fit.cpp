@@ -16,12 +16,8 @@ static constexpr double kAnyScale = 100000.0; // of a side without length: the o
 static constexpr double kFarAway = 1000.0;
 static constexpr int kSmallModel = 30; // nodes
 
-static double RoomX() {
-    return ViewWidth - kWidthMargin;
-}
-static double RoomY() {
-    return ViewHeight - kHeightMargin;
-}
+static double RoomX() { return ViewWidth - kWidthMargin; }
+static double RoomY() { return ViewHeight - kHeightMargin; }
 
 // Puts the model point (left, top) at the margins.
 static void PlaceAt(double left, double top, double fitted, double &scale, double &offsetX, double &offsetY) {

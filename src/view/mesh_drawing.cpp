@@ -21,9 +21,7 @@ namespace havuz {
 static constexpr int kTranslationHeld = 4; // support bit
 static constexpr int kResults = 5;
 
-static bool Held(int node) {
-    return (NoktaTable[node].Mesnet & kTranslationHeld) != 0;
-}
+static bool Held(int node) { return (NoktaTable[node].Mesnet & kTranslationHeld) != 0; }
 
 static std::array<ScreenPoint, 5> MeshRing(int mesh) {
     const std::array<int, 4> n = MeshNodes(mesh);
@@ -72,9 +70,7 @@ static void SortMeshes() {
     }
 }
 
-static int MeshFill(int owner) {
-    return !OwnerIsPlate(owner) && PanelTable[owner].Tip != 0 ? kQbLightBlue : kQbBlue;
-}
+static int MeshFill(int owner) { return !OwnerIsPlate(owner) && PanelTable[owner].Tip != 0 ? kQbLightBlue : kQbBlue; }
 
 static void DrawMeshesRotated(Surface &scr) {
     for (int k = 1; k <= MeshCount; ++k) {

@@ -16,8 +16,8 @@ void PickNode(double x, double y);
 // SeciliNo becomes the first mesh whose outline encloses (x, y), on or off, or 0; text its note, or empty.
 void PickMesh(double x, double y, std::string &text);
 
-// Whether (x, y) lies between the first two crossings of the vertical line through x with a ring, whose first point comes
-// again at its end: the distances to both exceed the distance between them by less than slack, pixels.
+// Whether (x, y) lies between the first two crossings of the vertical line through x with a ring, whose first point
+// comes again at its end: the distances to both exceed the distance between them by less than slack, pixels.
 bool RingEncloses(std::span<const ScreenPoint> ring, double x, double y, double slack);
 
 // The four corners of a mesh.

@@ -7,9 +7,7 @@ namespace havuz {
 static constexpr int kDottedEdge = 11;
 static constexpr Colour kHatchColour = Rgb(0, 0, 160);
 
-void PutPoint(int k, ScreenPoint p) {
-    PointBuffer[k] = ToPixel(p);
-}
+void PutPoint(int k, ScreenPoint p) { PointBuffer[k] = ToPixel(p); }
 
 static void DrawBuffer(Surface &scr, int count) {
     if (count <= 0)
@@ -18,9 +16,7 @@ static void DrawBuffer(Surface &scr, int count) {
     scr.Polygon({&PointBuffer[1], static_cast<std::size_t>(last - &PointBuffer[1]) + 1});
 }
 
-void FillPolygon(Surface &scr, int count, int edge, int fill) {
-    FillPolygonHatched(scr, count, edge, fill, 0);
-}
+void FillPolygon(Surface &scr, int count, int edge, int fill) { FillPolygonHatched(scr, count, edge, fill, 0); }
 
 void FillPolygonHatched(Surface &scr, int count, int edge, int fill, int hatch) {
     scr.pen.fillStyle = FillStyle::Solid;

@@ -41,9 +41,7 @@ void NodeToScreen(int node, double &px, double &py, int &support) {
     py = MeshOffsetY + MeshScale * sy;
 }
 
-bool RotatedView() {
-    return IsoView > 0;
-}
+bool RotatedView() { return IsoView > 0; }
 
 ScreenPoint MeshScreen(double x, double y, double z) {
     if (RotatedView())

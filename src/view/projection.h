@@ -11,9 +11,7 @@ struct ScreenPoint {
     double x = 0.0, y = 0.0; // pixels
 };
 
-inline ScreenPoint operator+(ScreenPoint p, Pixel by) {
-    return {p.x + by.x, p.y + by.y};
-}
+inline ScreenPoint operator+(ScreenPoint p, Pixel by) { return {p.x + by.x, p.y + by.y}; }
 
 // A model point on the view plane, under ViewAngleA, ViewAngleB, ViewAngleC and ViewDistance. A point in the plane of
 // the eye is DivisionByZero.
@@ -34,11 +32,7 @@ ScreenPoint NodePixels(int node);
 
 // What a surface takes: the nearest whole pixel, ties to even, as a store into a 32-bit integer. A position that does
 // not fit is Overflow.
-inline int ToPixel(double v) {
-    return RoundToWhole32(v);
-}
-inline Pixel ToPixel(ScreenPoint p) {
-    return {ToPixel(p.x), ToPixel(p.y)};
-}
+inline int ToPixel(double v) { return RoundToWhole32(v); }
+inline Pixel ToPixel(ScreenPoint p) { return {ToPixel(p.x), ToPixel(p.y)}; }
 
 } // namespace havuz

@@ -63,8 +63,6 @@ void ResetView() {
     SetViewSize(kDesignWidth, kDesignHeight);
 }
 
-void TakeSurfaceSize(const Surface &scr) {
-    SetViewSize(scr.width(), scr.height());
-}
+void TakeSurfaceSize(const Surface &scr) { SetViewSize(scr.width(), scr.height()); }
 
 } // namespace havuz

@@ -85,9 +85,7 @@ bool WindowDesk::comes(Act::Kind kind, Element element, const std::function<void
     return came;
 }
 
-static QPoint Middle(const QWidget &widget) {
-    return widget.mapToGlobal(widget.rect().center());
-}
+static QPoint Middle(const QWidget &widget) { return widget.mapToGlobal(widget.rect().center()); }
 
 static void ClickOnScreen(QPoint at) {
     hand::MoveTo(at.x(), at.y());
@@ -161,9 +159,7 @@ bool WindowDesk::clickAt(double x, double y) {
     return pressed;
 }
 
-bool WindowDesk::cancelAt(double x, double y) {
-    return press(x, y, 3) && release(x, y, 3);
-}
+bool WindowDesk::cancelAt(double x, double y) { return press(x, y, 3) && release(x, y, 3); }
 
 bool WindowDesk::wheel(int steps, double x, double y) {
     const QPoint at = OnSurface(*this, kScr, x, y);

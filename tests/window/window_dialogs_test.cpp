@@ -10,9 +10,7 @@
 
 namespace havuz {
 
-static Element In(std::string_view form, std::string_view name, int index = 0) {
-    return {form, name, index};
-}
+static Element In(std::string_view form, std::string_view name, int index = 0) { return {form, name, index}; }
 
 static bool Open(WindowDesk &desk, int tool, std::string_view form) {
     return desk.click(ChkButton(tool)) && desk.waitFor([&] { return desk.window.FormShown(form); });

@@ -19,9 +19,7 @@ namespace havuz {
 
 static const std::string kSample = std::string(HAVUZ_SOURCE_DIR) + "/examples/sample_pool";
 
-static Element In(std::string_view form, std::string_view name, int index = 0) {
-    return {form, name, index};
-}
+static Element In(std::string_view form, std::string_view name, int index = 0) { return {form, name, index}; }
 
 TEST(habits, TheWheelZoomsAboutThePointerAndTheMiddleButtonPans) {
     WindowDesk desk(kSample);

@@ -8,9 +8,7 @@
 
 namespace havuz {
 
-static Element In(std::string_view form, std::string_view name, int index = 0) {
-    return {form, name, index};
-}
+static Element In(std::string_view form, std::string_view name, int index = 0) { return {form, name, index}; }
 
 TEST(project, RectangularPoolFromAnEmptyWindowToItsResults) {
     WindowDesk desk;

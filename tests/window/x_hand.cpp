@@ -17,9 +17,7 @@ Display *TheDisplay() {
     return display;
 }
 
-void Send() {
-    XSync(TheDisplay(), False);
-}
+void Send() { XSync(TheDisplay(), False); }
 
 // A key together with the shift key where the letter stands on that level.
 void PressCode(KeySym symbol, bool control) {

@@ -11,8 +11,6 @@ ButFrm::ButFrm(QWidget *parent) : QFrame(parent), row_(new QHBoxLayout(this)) {
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
 }
 
-void ButFrm::add(QWidget *button) {
-    row_->addWidget(button);
-}
+void ButFrm::add(QWidget *button) { row_->addWidget(button); }
 
 } // namespace havuz

@@ -38,13 +38,9 @@ QSize Button::sizeHint() const {
     return size + QSize(2 * kMargin, 2 * kMargin);
 }
 
-QColor Button::back() const {
-    return bag_.get(bag::kBack).value<QColor>();
-}
+QColor Button::back() const { return bag_.get(bag::kBack).value<QColor>(); }
 
-QRect Button::contents() const {
-    return rect();
-}
+QRect Button::contents() const { return rect(); }
 
 // A button that is down lies deeper and is ringed by the highlight colour.
 void Button::paintBack(QPainter &painter) {

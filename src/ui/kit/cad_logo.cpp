@@ -7,9 +7,7 @@
 
 namespace havuz {
 
-CadLogo::CadLogo(QWidget *parent) : QWidget(parent) {
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-}
+CadLogo::CadLogo(QWidget *parent) : QWidget(parent) { setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); }
 
 void CadLogo::paintEvent(QPaintEvent * /*event*/) {
     QPainter painter(this);

@@ -13,9 +13,7 @@ QSize MarkedButton::sizeHint() const {
     return mark_ ? QSize(size.width() + kPlace, std::max(size.height(), kPlace)) : size;
 }
 
-QRect MarkedButton::contents() const {
-    return mark_ ? rect().adjusted(kPlace, 0, 0, 0) : rect();
-}
+QRect MarkedButton::contents() const { return mark_ ? rect().adjusted(kPlace, 0, 0, 0) : rect(); }
 
 void MarkedButton::paintBack(QPainter &painter) {
     if (!mark_)

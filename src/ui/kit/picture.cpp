@@ -7,13 +7,9 @@
 
 namespace havuz {
 
-static QString FileOf(const QString &name) {
-    return QStringLiteral(":/icons/%1.svg").arg(name);
-}
+static QString FileOf(const QString &name) { return QStringLiteral(":/icons/%1.svg").arg(name); }
 
-bool HasPicture(const QString &name) {
-    return QFile::exists(FileOf(name));
-}
+bool HasPicture(const QString &name) { return QFile::exists(FileOf(name)); }
 
 static QPixmap Render(const QString &name, QSize size, double ratio, const QColor &line) {
     QFile file(FileOf(name));

@@ -31,8 +31,6 @@ void VekTopBar::put(const char *key, const QVariant &value) {
     subtitle_->setText(lines.value(1).trimmed());
 }
 
-void VekTopBar::add(QWidget *button) {
-    row_->addWidget(button);
-}
+void VekTopBar::add(QWidget *button) { row_->addWidget(button); }
 
 } // namespace havuz

@@ -25,9 +25,7 @@ namespace {
 using State = WindowState::ElementState;
 
 // The words on an element: its text, where it was given one, else its label.
-QString Words(const State &state) {
-    return ToQt(state.text.empty() ? state.label : state.text);
-}
+QString Words(const State &state) { return ToQt(state.text.empty() ? state.label : state.text); }
 
 // Labels report clicks too: the row marker and the rows of the popup are such.
 class ReportingLabel : public QLabel {

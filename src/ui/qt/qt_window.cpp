@@ -13,9 +13,7 @@
 #include <QLineEdit>
 #include <QScreen>
 
-static void LoadPictures() {
-    Q_INIT_RESOURCE(icons);
-}
+static void LoadPictures() { Q_INIT_RESOURCE(icons); }
 
 namespace havuz {
 
@@ -132,9 +130,7 @@ QWidget *QtWindow::formWidget(std::string_view form) const {
     return made == forms_.end() ? nullptr : made->second;
 }
 
-QWidget *QtWindow::recentButton() const {
-    return recent_;
-}
+QWidget *QtWindow::recentButton() const { return recent_; }
 
 // Showing
 

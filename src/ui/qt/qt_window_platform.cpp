@@ -23,13 +23,9 @@ static constexpr int kOverviewPart = 5; // the overview's picture is one fifth o
 
 // Surfaces
 
-Surface &QtWindow::Canvas(Element picture) {
-    return views_.at(own(picture))->surface();
-}
+Surface &QtWindow::Canvas(Element picture) { return views_.at(own(picture))->surface(); }
 
-void QtWindow::ResizeSurface(int width, int height) {
-    views_[kScr]->takeSize(width, height);
-}
+void QtWindow::ResizeSurface(int width, int height) { views_[kScr]->takeSize(width, height); }
 
 void QtWindow::CopyPicture(Element from, Element to) {
     SurfaceView &source = *views_[own(from)], &target = *views_[own(to)];
@@ -69,15 +65,9 @@ Element QtWindow::ElementAt(Place position) {
 
 // Screen
 
-int QtWindow::ScreenWidth() {
-    return main_->screen()->size().width();
-}
-int QtWindow::ScreenHeight() {
-    return main_->screen()->size().height();
-}
-double QtWindow::TwipsPerPixel() {
-    return 15.0;
-}
+int QtWindow::ScreenWidth() { return main_->screen()->size().width(); }
+int QtWindow::ScreenHeight() { return main_->screen()->size().height(); }
+double QtWindow::TwipsPerPixel() { return 15.0; }
 
 // Programs, files, the end
 
@@ -108,9 +98,7 @@ void QtWindow::OpenHelp(const std::string &path) {
         QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(page)));
 }
 
-void QtWindow::RememberProject(const std::string &path) {
-    RememberRecentProject(ToQt(path));
-}
+void QtWindow::RememberProject(const std::string &path) { RememberRecentProject(ToQt(path)); }
 
 void QtWindow::ServeEvents() {
     views_[kScr]->update();
@@ -118,12 +106,8 @@ void QtWindow::ServeEvents() {
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
-void QtWindow::ReportError(const std::string &line) {
-    std::fprintf(stderr, "%s\n", line.c_str());
-}
+void QtWindow::ReportError(const std::string &line) { std::fprintf(stderr, "%s\n", line.c_str()); }
 
-void QtWindow::EndProgram(int status) {
-    throw ProgramEnd{status};
-}
+void QtWindow::EndProgram(int status) { throw ProgramEnd{status}; }
 
 } // namespace havuz

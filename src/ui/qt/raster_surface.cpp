@@ -12,9 +12,7 @@
 
 namespace havuz {
 
-static QRgb Opaque(Colour colour) {
-    return 0xFF000000U | colour.rgb;
-}
+static QRgb Opaque(Colour colour) { return 0xFF000000U | colour.rgb; }
 
 struct RasterSurface::Painting {
     int width, height;
@@ -83,9 +81,7 @@ void RasterSurface::Painting::put(int x, int y, Colour colour) {
                 reinterpret_cast<QRgb *>(image.scanLine(row))[column] = Opaque(colour);
 }
 
-RasterSurface::RasterSurface(int width, int height, double scale) {
-    resize(width, height, scale);
-}
+RasterSurface::RasterSurface(int width, int height, double scale) { resize(width, height, scale); }
 
 void RasterSurface::resize(int width, int height, double scale) {
     painting_ = std::make_unique<Painting>(width, height, scale);
@@ -94,21 +90,13 @@ void RasterSurface::resize(int width, int height, double scale) {
 
 RasterSurface::~RasterSurface() = default;
 
-int RasterSurface::width() const {
-    return painting_->width;
-}
+int RasterSurface::width() const { return painting_->width; }
 
-int RasterSurface::height() const {
-    return painting_->height;
-}
+int RasterSurface::height() const { return painting_->height; }
 
-const QImage &RasterSurface::image() const {
-    return painting_->image;
-}
+const QImage &RasterSurface::image() const { return painting_->image; }
 
-void RasterSurface::Clear() {
-    painting_->image.fill(Opaque(kBackground));
-}
+void RasterSurface::Clear() { painting_->image.fill(Opaque(kBackground)); }
 
 void RasterSurface::Line(int x1, int y1, int x2, int y2, Colour colour) {
     painting_->takePen(pen, colour);

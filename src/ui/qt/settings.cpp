@@ -12,13 +12,9 @@ static QSettings Kept() {
     return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("havuz"), QStringLiteral("havuz"));
 }
 
-QByteArray RememberedPlace() {
-    return Kept().value(kPlace).toByteArray();
-}
+QByteArray RememberedPlace() { return Kept().value(kPlace).toByteArray(); }
 
-void RememberPlace(const QByteArray &place) {
-    Kept().setValue(kPlace, place);
-}
+void RememberPlace(const QByteArray &place) { Kept().setValue(kPlace, place); }
 
 QStringList RecentProjects() {
     QStringList projects = Kept().value(kRecent).toStringList();

@@ -113,8 +113,6 @@ const Glyph &GlyphOf(char character) {
     return place >= 0 && place < static_cast<int>(kUnknown) ? kGlyphs[place] : kGlyphs[kUnknown];
 }
 
-int GlyphWidth(const Glyph &glyph) {
-    return static_cast<int>(std::strcspn(glyph.rows, " "));
-}
+int GlyphWidth(const Glyph &glyph) { return static_cast<int>(std::strcspn(glyph.rows, " ")); }
 
 } // namespace havuz

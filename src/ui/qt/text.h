@@ -10,8 +10,6 @@ namespace havuz {
 inline QString ToQt(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
-inline std::string FromQt(const QString &text) {
-    return text.toStdString();
-}
+inline std::string FromQt(const QString &text) { return text.toStdString(); }
 
 } // namespace havuz
