@@ -8,7 +8,7 @@
 #include "model/options.h"
 #include "model/startup.h"
 #include "model/store.h"
-#include "ui/command_state.h"
+#include "ui/window/command_state.h"
 #include "view/view_state.h"
 
 #include <algorithm>

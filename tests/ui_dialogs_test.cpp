@@ -3,7 +3,7 @@
 #include "model/options.h"
 #include "model/project_file.h"
 #include "support.h"
-#include "ui/dialogs.h"
+#include "ui/forms/dialogs.h"
 #include "ui_support.h"
 
 #include <gtest/gtest.h>

@@ -6,8 +6,8 @@
 #include "model/options.h"
 #include "plak_support.h"
 #include "support.h"
-#include "ui/edge_hover.h"
-#include "ui/tools.h"
+#include "ui/commands/edge_hover.h"
+#include "ui/commands/tools.h"
 #include "ui_support.h"
 
 #include <cmath>

@@ -6,8 +6,8 @@
 #include "model/project_file.h"
 #include "plak_support.h"
 #include "support.h"
-#include "ui/pointer.h"
-#include "ui/tools.h"
+#include "ui/commands/pointer.h"
+#include "ui/commands/tools.h"
 #include "ui_support.h"
 
 #include <gtest/gtest.h>

@@ -4,9 +4,9 @@
 
 #include "program_folder.h"
 #include "recording_surface.h"
-#include "ui/command_state.h"
-#include "ui/headless_window.h"
-#include "ui/main_window.h"
+#include "ui/window/command_state.h"
+#include "ui/window/headless_window.h"
+#include "ui/window/main_window.h"
 #include "view/projection.h"
 
 #include <functional>

@@ -1,7 +1,7 @@
 // The paged tables and the popup that edits their rows.
 #include "hand_models.h"
 #include "support.h"
-#include "ui/dialogs.h"
+#include "ui/forms/dialogs.h"
 #include "ui_support.h"
 
 #include <gtest/gtest.h>

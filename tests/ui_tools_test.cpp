@@ -3,10 +3,10 @@
 #include "model/project_file.h"
 #include "plak_support.h"
 #include "support.h"
-#include "ui/help_page.h"
-#include "ui/pointer.h"
-#include "ui/recovery.h"
-#include "ui/tools.h"
+#include "ui/window/help_page.h"
+#include "ui/commands/pointer.h"
+#include "ui/window/recovery.h"
+#include "ui/commands/tools.h"
 #include "ui_support.h"
 
 #include <algorithm>

@@ -3,8 +3,8 @@
 #include "hand_models.h"
 #include "plak_support.h"
 #include "support.h"
-#include "ui/tools.h"
-#include "ui/view_habits.h"
+#include "ui/commands/tools.h"
+#include "ui/window/view_habits.h"
 #include "ui_support.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 // The headless window: what can be reached, and the order in which events come.
 #include "support.h"
-#include "ui/headless_window.h"
+#include "ui/window/headless_window.h"
 #include "ui_support.h"
 
 #include <gtest/gtest.h>

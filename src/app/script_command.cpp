@@ -5,7 +5,7 @@
 #include "model/failure.h"
 #include "model/files.h"
 #include "model/options.h"
-#include "ui/recovery.h"
+#include "ui/window/recovery.h"
 
 #include <filesystem>
 #include <fstream>

@@ -4,7 +4,7 @@
 #include "app/model_names.h"
 #include "model/files.h"
 #include "model/number_text.h"
-#include "ui/command_state.h"
+#include "ui/window/command_state.h"
 
 #include <algorithm>
 #include <cmath>

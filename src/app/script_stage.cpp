@@ -2,7 +2,7 @@
 
 #include "app/cli.h"
 #include "model/options.h"
-#include "ui/tools.h"
+#include "ui/commands/tools.h"
 
 #include <algorithm>
 #include <filesystem>

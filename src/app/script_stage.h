@@ -3,10 +3,10 @@
 #pragma once
 
 #include "app/script_lines.h"
-#include "ui/headless_window.h"
-#include "ui/main_window.h"
+#include "ui/window/headless_window.h"
+#include "ui/window/main_window.h"
 #include "ui/qt/raster_surface.h"
-#include "ui/recorder.h"
+#include "ui/window/recorder.h"
 
 #include <optional>
 #include <stdexcept>

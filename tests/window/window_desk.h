@@ -4,7 +4,7 @@
 
 #include "program_folder.h"
 #include "support.h"
-#include "ui/main_window.h"
+#include "ui/window/main_window.h"
 #include "ui/qt/qt_window.h"
 
 #include <QWidget>

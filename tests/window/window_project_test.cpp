@@ -1,6 +1,6 @@
 // Whole projects by hand: from an empty window to results, on a display.
 #include "mesh/polygon_pool.h"
-#include "ui/command_state.h"
+#include "ui/window/command_state.h"
 #include "view/projection.h"
 #include "window_desk.h"
 

@@ -8,7 +8,7 @@
 #include "model/options.h"
 #include "model/project_file.h"
 #include "model/store.h"
-#include "ui/recorder.h"
+#include "ui/window/recorder.h"
 #include "window_desk.h"
 #include "x_hand.h"
 

@@ -2,7 +2,7 @@
 // dark desktops differ in their palette only.
 #pragma once
 
-#include "ui/window.h"
+#include "ui/window/window.h"
 
 #include <QColor>
 #include <QPalette>

@@ -2,10 +2,10 @@
 
 #include "model/failure.h"
 #include "model/working_directory.h"
-#include "ui/main_window.h"
 #include "ui/qt/qt_window.h"
 #include "ui/qt/text.h"
-#include "ui/recorder.h"
+#include "ui/window/main_window.h"
+#include "ui/window/recorder.h"
 
 #include <QApplication>
 #include <QFileInfo>

@@ -2,7 +2,7 @@
 // it; it decides nothing.
 #pragma once
 
-#include "ui/window_state.h"
+#include "ui/window/window_state.h"
 
 #include <functional>
 #include <string>

@@ -1,7 +1,7 @@
 // Which picture stands on an element: files are named after elements, so that no table of them is needed.
 #pragma once
 
-#include "ui/element.h"
+#include "ui/window/element.h"
 
 #include <QSize>
 #include <QString>

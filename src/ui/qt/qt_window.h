@@ -3,7 +3,7 @@
 #pragma once
 
 #include "ui/qt/form_layout.h"
-#include "ui/window_state.h"
+#include "ui/window/window_state.h"
 
 #include <QLockFile>
 #include <QObject>

@@ -1,10 +1,10 @@
 // The platform around the forms: drawing surfaces, the pointer, the screen, files, programs, the end.
 #include "model/failure.h"
-#include "ui/help_page.h"
 #include "ui/kit/vek_form.h"
 #include "ui/qt/qt_window.h"
 #include "ui/qt/settings.h"
 #include "ui/qt/text.h"
+#include "ui/window/help_page.h"
 
 #include <QApplication>
 #include <QCursor>

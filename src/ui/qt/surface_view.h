@@ -3,7 +3,7 @@
 #pragma once
 
 #include "ui/qt/raster_surface.h"
-#include "ui/window_state.h"
+#include "ui/window/window_state.h"
 
 #include <QWidget>
 #include <functional>

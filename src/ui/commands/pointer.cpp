@@ -1,0 +1,188 @@
+#include "ui/commands/pointer.h"
+
+#include "model/arithmetic.h"
+#include "ui/commands/edge_hover.h"
+#include "ui/commands/pointer_commands.h"
+#include "ui/commands/tools.h"
+#include "ui/forms/dialogs.h"
+#include "ui/window/command_state.h"
+#include "view/mesh_drawing.h"
+#include "view/overview.h"
+
+#include <cmath>
+
+namespace havuz {
+
+static void NoPress(MainWindow & /*main*/, Pointer /*at*/) {}
+static void NoRelease(MainWindow & /*main*/) {}
+
+// clang-format off
+static constexpr ArmedRow kArmed[] = {
+    {kPointLoad,     kAnyStage, "NOKTA YUKU",          Edits::Nothing, PressPointLoad,    MoveOverNodes,   NoRelease},
+    {kSupport,       kAnyStage, "MESNET",              Edits::Nothing, PressSupport,      MoveOverNodes,   NoRelease},
+    {kMeshOnOff,     kAnyStage, "MESH ON/OFF",         Edits::ByPress, PressMeshOnOff,    MoveOverMeshes,  NoRelease},
+    {kNodeMove,      0,         "NOKTA KAYDIRMA",      Edits::ByPress, PressTakeNode,     MoveOverTakable, HidePol},
+    {kNodeMove,      1,         "NOKTA KAYDIRMA",      Edits::ByPress, PressPlaceNode,    MoveTakenNode,   HidePol},
+    {kPanelCopy,     0,         "PLAK KOPYALAMA",      Edits::ByPress, PressTakePanel,    PlakAraAt,       HideBand},
+    {kPanelCopy,     1,         "PLAK KOPYALAMA",      Edits::ByPress, PressFirstCorner,  MoveBand,        HideBand},
+    {kPanelCopy,     2,         "PLAK KOPYALAMA",      Edits::ByPress, PressSecondCorner, MoveBand,        HideBand},
+    {kPanelMove,     0,         "PLAK KAYDIRMA",       Edits::ByPress, PressTakePanel,    PlakAraAt,       HideBand},
+    {kPanelMove,     1,         "PLAK KAYDIRMA",       Edits::ByPress, PressFirstCorner,  MoveBand,        HideBand},
+    {kPanelMove,     2,         "PLAK KAYDIRMA",       Edits::ByPress, PressSecondCorner, MoveBand,        HideBand},
+    {kPanelDelete,   kAnyStage, "PLAK SILME",          Edits::ByPress, PressDeletePanel,  PlakAraAt,       NoRelease},
+    {kEdgeMove,      -1,        "KENAR KAYDIRMA",      Edits::ByPress, PressFixEdge,      HoverEdges,      ForgetEdges},
+    {kEdgeMove,      0,         "KENAR KAYDIRMA",      Edits::ByPress, PressTakeEdge,     HoverEdges,      ForgetEdges},
+    {kEdgeMove,      1,         "KENAR KAYDIRMA",      Edits::ByDrag,  NoPress,           MoveTakenEdge,   ForgetEdges},
+    {kEdgeSupport,   kAnyStage, "PLAK MESNETI",        Edits::ByPress, PressEdgeSupport,  KenarAraAt,      NoRelease},
+    {kVerticalPlate, 0,         "DUSEY PLAK CIZIMI",   Edits::ByPress, PressFirstEnd,     MoveLine,        HideLine},
+    {kVerticalPlate, 1,         "DUSEY PLAK CIZIMI",   Edits::ByPress, PressNextEnd,      MoveLine,        HideLine},
+    {kPolygon,       0,         "POLYGON PLAK CIZIMI", Edits::ByPress, PressFirstPoint,   MoveLine,        EndPolygon},
+    {kPolygon,       1,         "POLYGON PLAK CIZIMI", Edits::ByPress, PressNextPoint,    MoveLine,        EndPolygon},
+    {kPolygonCut,    0,         "POLYGON PLAK KESME",  Edits::ByPress, PressCutStart,     MoveLine,        NoRelease},
+    {kPolygonCut,    1,         "POLYGON PLAK KESME",  Edits::ByPress, PressCutEnd,       MoveLine,        NoRelease},
+};
+// clang-format on
+
+std::span<const ArmedRow> ArmedCommands() { return kArmed; }
+
+// The row of what is armed now; a stage that the command does not know has none.
+static const ArmedRow *ArmedNow() {
+    for (const ArmedRow &row : kArmed)
+        if (row.state == CommandState && (row.stage == kAnyStage || row.stage == PickStage))
+            return &row;
+    return nullptr;
+}
+
+static void Run(MainWindow &main, const ArmedRow &row, void (*handler)(MainWindow &, Pointer), bool writes,
+                Pointer at) {
+    const auto job = [&] { handler(main, at); };
+    if (row.edits == Edits::Nothing)
+        job();
+    else if (writes)
+        main.RunEdit(row.name, job);
+    else
+        main.RunLook(row.name, job);
+}
+
+// Window zoom
+
+// Both corners come from earlier events, the second from the last move and not from this press: wanted. So is
+// PickStage, left at 1 when the zoom is cancelled for want of a width or a height.
+static void FinishZoom(MainWindow &main) {
+    HideBand(main);
+    if (AnchorX > RubberX)
+        SwapValues(AnchorX, RubberX);
+    if (AnchorY > RubberY)
+        SwapValues(AnchorY, RubberY);
+    const double width = RubberX - AnchorX, height = RubberY - AnchorY;
+    if (width == 0.0 || height == 0.0) {
+        ZoomPending = 0;
+        return;
+    }
+    ZoomWindow(AnchorX, AnchorY, width, height, main.scr(), main);
+    main.Prompt("");
+    PickStage = 0;
+    ZoomPending = 0;
+}
+
+static void PressZoom(MainWindow &main, Pointer at) {
+    if (PickStage == 0) {
+        PickStage = 1;
+        AnchorX = at.x;
+        AnchorY = at.y;
+        main.Prompt("ZOOM WINDOW ICIN 2. NOKTAYI SECIN");
+    } else if (PickStage == 1) {
+        FinishZoom(main);
+    }
+}
+
+static bool MovesZoomBand(Pointer at) {
+    return ZoomPending > 0 && PickStage == 1 && (at.x != RubberX || at.y != RubberY);
+}
+
+static void MoveZoomBand(MainWindow &main, Pointer at) {
+    ShowBand(main, {AnchorX, AnchorY}, {at.x, at.y});
+    RubberX = at.x;
+    RubberY = at.y;
+    main.window.ConfinePointer(false);
+}
+
+// Idle: a drag turns the view
+
+static void TurnView(MainWindow &main, Pointer at) {
+    ViewAngleB = ViewAngleB - 0.01 * (at.x - AnchorX);
+    ViewAngleA = ViewAngleA - 0.01 * (at.y - AnchorY);
+    DragRotated = 1;
+    if (GorunusModu == 1)
+        main.DrawPlateView();
+    else
+        QuickMeshOutline(main.scr());
+    main.RefreshSurface();
+}
+
+static void MoveIdle(MainWindow &main, Pointer at) {
+    if (PanelCount <= 0)
+        return;
+    if (at.left) {
+        TurnView(main, at);
+    } else if (GorunusModu == 2 && DragRotated == 1) {
+        DragRotated = 0;
+        main.DrawMeshView();
+    }
+    AnchorX = at.x;
+    AnchorY = at.y;
+}
+
+// Events
+
+void OnSurfacePress(MainWindow &main, int button, int /*shift*/, double x, double y) {
+    if (button != kLeftButton)
+        return;
+    const Pointer at{true, x, y};
+    if (ZoomPending > 0)
+        PressZoom(main, at);
+    else if (const ArmedRow *row = ArmedNow())
+        Run(main, *row, row->press, true, at);
+}
+
+void OnSurfaceMove(MainWindow &main, int button, int /*shift*/, double x, double y) {
+    const Pointer at{(button & kLeftButton) != 0, x, y};
+    if (MovesZoomBand(at))
+        MoveZoomBand(main, at);
+    else if (ZoomPending + CommandState == 0)
+        MoveIdle(main, at);
+    else if (const ArmedRow *row = ArmedNow())
+        Run(main, *row, row->move, row->edits == Edits::ByDrag, at);
+}
+
+void OnSurfaceRelease(MainWindow &main, int button, int /*shift*/, double /*x*/, double /*y*/) {
+    if (button != kRightButton)
+        return;
+    if (ZoomPending > 0)
+        HideBand(main);
+    for (const ArmedRow &row : kArmed)
+        if (row.state == CommandState) {
+            row.release(main);
+            break;
+        }
+    DisarmCommand(main);
+}
+
+void AbandonCommand(MainWindow &main) {
+    HideBand(main);
+    HidePol(main);
+    SelectedPanel = 0;
+    ClearEdgeState();
+    DisarmCommand(main);
+}
+
+void DisarmCommand(MainWindow &main) {
+    ZoomPending = 0;
+    CommandState = kIdle;
+    UncheckMeshTools(main);
+    UncheckPlateTools(main, 7);
+    main.window.SetPointerShape(PointerShape::Default);
+    CancelPending(main);
+}
+
+} // namespace havuz

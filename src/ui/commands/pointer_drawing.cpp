@@ -1,0 +1,192 @@
+// The pointer in the drawing commands: vertical plates along a line, polygon pools, the cut of polygon plates.
+#include "mesh/plak_edit.h"
+#include "model/arithmetic.h"
+#include "model/number_text.h"
+#include "ui/commands/pointer_commands.h"
+#include "ui/forms/dialogs.h"
+#include "ui/window/command_state.h"
+#include "view/polygons.h"
+
+namespace havuz {
+
+static constexpr const char *kDrawPicture = "##0.00";
+static constexpr double kNear = 0.1; // m
+
+static void Anchor(ScreenPoint p) {
+    AnchorX = p.x;
+    AnchorY = p.y;
+}
+
+static void StartLine(MainWindow &main, int number, ScreenPoint at) {
+    main.window.SetLine(RubberLine(number), {at.x, at.y, at.x, at.y});
+    main.window.SetLineStyle(RubberLine(number), RubberStyle::Dashed);
+    main.window.Show(RubberLine(number), true);
+}
+
+static void MoveStart(MainWindow &main, int number, ScreenPoint to) {
+    LineEnds ends = main.window.Line(RubberLine(number));
+    ends.x1 = to.x;
+    ends.y1 = to.y;
+    main.window.SetLine(RubberLine(number), ends);
+}
+
+static void MoveEnd(MainWindow &main, int number, ScreenPoint to) {
+    LineEnds ends = main.window.Line(RubberLine(number));
+    ends.x2 = to.x;
+    ends.y2 = to.y;
+    main.window.SetLine(RubberLine(number), ends);
+}
+
+void MoveLine(MainWindow &main, Pointer at) {
+    const ModelPoint m = ToModel({at.x, at.y});
+    main.ShowLabel("X=" + PictureText(m.x, kDrawPicture) + "  Y=" + PictureText(m.y, kDrawPicture), at.x, at.y + 25.0);
+    if (PickStage <= 0)
+        return;
+    MoveEnd(main, 1, {at.x, at.y});
+    if (CommandState == kPolygon)
+        MoveEnd(main, 2, {at.x, at.y});
+}
+
+// Vertical plates
+
+void PressFirstEnd(MainWindow &main, Pointer at) {
+    PickStage = 1;
+    Anchor({at.x, at.y});
+    StartLine(main, 1, {at.x, at.y});
+}
+
+// Each panel in turn can take the point to one of its upper corners, a later one from where an earlier one took it.
+static void SnapToUpperCorners(ModelPoint &p) {
+    for (int i = 1; i <= PanelCount; ++i)
+        for (const int k : {1, 2})
+            if (Distance2(p.x - PanelTable[i].X[k], p.y - PanelTable[i].Y[k]) < kNear)
+                p = {PanelTable[i].X[k], PanelTable[i].Y[k]};
+}
+
+static double AsWritten(double v) { return ParseNumber(PictureText(v, kDrawPicture)); }
+
+static double PaletteNumber(MainWindow &main, int index) { return ParseNumber(main.window.Text(Tool1Text(index))); }
+
+// The record keeps what it held in the fields not named here, Tip among them: wanted.
+static void AddVerticalPlate(MainWindow &main, ModelPoint p1, ModelPoint p2) {
+    PanelRecord &panel = PanelTable[PanelCount + 1];
+    ++PanelCount;
+    panel.No = PanelCount;
+    panel.D = PaletteNumber(main, 0);
+    const double upper = PaletteNumber(main, 1), lower = PaletteNumber(main, 2);
+    for (int k = 1; k <= 4; ++k) {
+        const ModelPoint p = k == 1 || k == 4 ? p1 : p2;
+        panel.X[k] = AsWritten(p.x);
+        panel.Y[k] = AsWritten(p.y);
+        panel.Z[k] = k <= 2 ? upper : lower;
+    }
+    double L = Distance2(panel.X[2] - panel.X[1], panel.Y[2] - panel.Y[1]);
+    if (L < 1.0)
+        L = 1.0;
+    panel.Nx = L;
+    panel.Ny = 3;
+}
+
+void PressNextEnd(MainWindow &main, Pointer at) {
+    MoveStart(main, 1, {at.x, at.y});
+    ModelPoint p2 = ToModel({at.x, at.y});
+    SnapToUpperCorners(p2);
+    AddVerticalPlate(main, ToModel({AnchorX, AnchorY}), p2);
+    main.DrawPlateView();
+    Anchor({at.x, at.y});
+}
+
+void HideLine(MainWindow &main) {
+    main.window.SetLineStyle(RubberLine(1), RubberStyle::Solid);
+    main.window.Show(RubberLine(1), false);
+}
+
+// Polygons
+
+static void AddPolyPoint(ModelPoint m) {
+    PolyX[PolyCount + 1] = m.x;
+    PolyY[PolyCount + 1] = m.y;
+    ++PolyCount;
+}
+
+static ModelPoint Snapped(Pointer at) {
+    ModelPoint m = ToModel({at.x, at.y});
+    SnapToPanelCorner(m.x, m.y);
+    return m;
+}
+
+void PressFirstPoint(MainWindow &main, Pointer at) {
+    const ModelPoint m = Snapped(at);
+    PolyCount = 0;
+    AddPolyPoint(m);
+    PickStage = 1;
+    const ScreenPoint p = ToScreen(m);
+    Anchor(p);
+    StartLine(main, 1, p);
+    MoveStart(main, 2, p);
+}
+
+void FillPolygonSoFar(MainWindow &main) {
+    if (CommandState != kPolygon || PickStage <= 0 || PolyCount < 2)
+        return;
+    for (int k = 1; k <= PolyCount; ++k)
+        PutPoint(k, ToScreen({PolyX[k], PolyY[k]}));
+    FillPolygonHatched(main.scr(), PolyCount, 15, 1, 1);
+}
+
+void PressNextPoint(MainWindow &main, Pointer at) {
+    const double scale = PlateScale;
+    const ModelPoint m = Snapped(at);
+    main.DrawPlateView();
+    const ScreenPoint p = ToScreen(m);
+    AddPolyPoint(m);
+    main.window.SetLine(RubberLine(1), {p.x, p.y, p.x, p.y});
+    MoveEnd(main, 2, p);
+    if (PlateScale != scale)
+        MoveStart(main, 2, ToScreen({PolyX[1], PolyY[1]}));
+    main.window.SetLineStyle(RubberLine(2), RubberStyle::Dashed);
+    main.window.Show(RubberLine(2), true);
+    FillPolygonSoFar(main);
+    Anchor(p);
+}
+
+// Also with a single point: wanted.
+void EndPolygon(MainWindow &main) {
+    HideBand(main);
+    PickStage = 0;
+    ShowPolygonConfirm(main);
+}
+
+// Cuts
+
+static void PutCutPoint(int k, ModelPoint m) {
+    CutLineX[k] = m.x;
+    CutLineY[k] = m.y;
+}
+
+void PressCutStart(MainWindow &main, Pointer at) {
+    const ModelPoint m = Snapped(at);
+    PutCutPoint(1, m);
+    PickStage = 1;
+    const ScreenPoint p = ToScreen(m);
+    Anchor(p);
+    StartLine(main, 1, p);
+}
+
+// Without success the first point stays, and the next press tries another second one.
+void PressCutEnd(MainWindow &main, Pointer at) {
+    PutCutPoint(2, Snapped(at));
+    int degisti = 0;
+    PlakKes({{CutLineX[1], CutLineY[1]}, {CutLineX[2], CutLineY[2]}}, degisti, main);
+    if (degisti != 1) {
+        Anchor({at.x, at.y});
+        return;
+    }
+    PickStage = 0;
+    CommandState = kIdle;
+    main.window.Show(RubberLine(1), false);
+    main.HideLabel1();
+    main.window.SetChecked(Check2(7), false);
+}
+
+} // namespace havuz

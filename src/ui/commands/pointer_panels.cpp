@@ -1,0 +1,243 @@
+// The pointer in the commands on whole panels (copy, move, delete) and on edges (move, support).
+#include "model/arithmetic.h"
+#include "model/link_code.h"
+#include "model/number_text.h"
+#include "ui/commands/edge_drag.h"
+#include "ui/commands/edge_hover.h"
+#include "ui/commands/pointer_commands.h"
+#include "ui/commands/tools.h"
+#include "ui/window/command_state.h"
+
+#include <cmath>
+
+namespace havuz {
+
+static constexpr const char *kNotePicture = "###0.##";
+static constexpr double kSnap = 0.1;     // m
+static constexpr double kAtMarker = 5.0; // pixels
+
+ModelPoint ToModel(ScreenPoint p) {
+    return {Divide(p.x - PlateOffsetX, PlateScale, "plate view"), Divide(p.y - PlateOffsetY, PlateScale, "plate view")};
+}
+
+ScreenPoint ToScreen(ModelPoint m) { return {PlateOffsetX + PlateScale * m.x, PlateOffsetY + PlateScale * m.y}; }
+
+void SnapToPanelCorner(double &mx, double &my) {
+    for (int i = 1; i <= PanelCount; ++i)
+        for (int k = 1; k <= 4; ++k) {
+            const double X = PanelTable[i].X[k], Y = PanelTable[i].Y[k];
+            if (std::fabs(mx - X) < kSnap && std::fabs(my - Y) < kSnap) {
+                mx = X;
+                my = Y;
+                return;
+            }
+        }
+}
+
+// Rubber band
+
+// Line1 the side at the start's height, Line2 the one at the end's, Line3 and Line4 the sides left and right of them.
+static void PlaceBand(MainWindow &main, ScreenPoint from, ScreenPoint to) {
+    main.window.SetLine(RubberLine(1), {from.x, from.y, to.x, from.y});
+    main.window.SetLine(RubberLine(2), {from.x, to.y, to.x, to.y});
+    main.window.SetLine(RubberLine(3), {from.x, from.y, from.x, to.y});
+    main.window.SetLine(RubberLine(4), {to.x, from.y, to.x, to.y});
+}
+
+void ShowBand(MainWindow &main, ScreenPoint from, ScreenPoint to) {
+    PlaceBand(main, from, to);
+    for (int i = 1; i <= 4; ++i)
+        main.window.Show(RubberLine(i), true);
+}
+
+void HideBand(MainWindow &main) {
+    for (int i = 1; i <= 4; ++i)
+        main.window.Show(RubberLine(i), false);
+}
+
+// Panels
+
+void PlakAraAt(MainWindow &main, Pointer at) { PlakAra(main, at.x, at.y); }
+
+// The second number carries the view's offset, in the text only: wanted.
+void PressTakePanel(MainWindow &main, Pointer at) {
+    if (SelectedPanel <= 0)
+        return;
+    PickStage = 1;
+    main.DrawPlateView();
+    const ModelPoint m = ToModel({at.x, at.y});
+    main.ShowLabel("X=" + PictureText(m.x, kNotePicture) + "Y=" + PictureText(m.y + PlateOffsetY, kNotePicture),
+                   at.x + 10.0, at.y + 20.0);
+}
+
+// The record that takes the corners: a new one behind the last for a copy. A plate names none: Subscript.
+static PanelRecord &TargetPanel() {
+    return CommandState == kPanelCopy ? PanelTable[PanelCount + 1] : PanelTable[SelectedPanel];
+}
+
+void PressFirstCorner(MainWindow &main, Pointer at) {
+    if (SelectedPanel <= 0)
+        return;
+    PanelRecord &target = TargetPanel();
+    PickStage = 2;
+    ModelPoint m = ToModel({at.x, at.y});
+    SnapToPanelCorner(m.x, m.y);
+    target.X[1] = m.x;
+    target.Y[1] = m.y;
+    const ScreenPoint corner = ToScreen(m);
+    ShowBand(main, corner, corner);
+}
+
+// The three snaps work on the same variables, so that a later one can move what an earlier one set: wanted. The levels
+// stay those of the source.
+static void PutCorners(PanelRecord &target, double mx1, double my1, double mx2, double my2) {
+    SnapToPanelCorner(mx2, my2);
+    SnapToPanelCorner(mx2, my1);
+    SnapToPanelCorner(mx1, my2);
+    const ModelPoint corners[] = {{mx1, my1}, {mx2, my1}, {mx2, my2}, {mx1, my2}};
+    for (int k = 1; k <= 4; ++k) {
+        target.X[k] = corners[k - 1].x;
+        target.Y[k] = corners[k - 1].y;
+    }
+}
+
+void PressSecondCorner(MainWindow &main, Pointer at) {
+    if (SelectedPanel <= 0)
+        return;
+    const ModelPoint m = ToModel({at.x, at.y});
+    PanelRecord &target = TargetPanel();
+    const double mx1 = target.X[1], my1 = target.Y[1];
+    if (CommandState == kPanelCopy) {
+        target = PanelTable[SelectedPanel];
+        ++PanelCount;
+    }
+    PutCorners(target, mx1, my1, m.x, m.y);
+    HideBand(main);
+    PickStage = 0;
+    SelectedPanel = 0;
+    main.RefreshBounds();
+    main.DrawPlateView();
+}
+
+// Only the ends that follow the pointer move.
+void MoveBand(MainWindow &main, Pointer at) {
+    const LineEnds first = main.window.Line(RubberLine(1));
+    PlaceBand(main, {first.x1, first.y1}, {at.x, at.y});
+    const ModelPoint m = ToModel({at.x, at.y});
+    main.ShowLabel("X=" + PictureText(m.x, kNotePicture) + " Y=" + PictureText(m.y, kNotePicture), at.x + 10.0,
+                   at.y + 20.0);
+}
+
+// On a plate nothing is shifted, and the last panel goes: wanted. Without any panel there is none to go.
+void PressDeletePanel(MainWindow &main, Pointer /*at*/) {
+    if (SelectedPanel <= 0 || PanelCount == 0)
+        return;
+    for (int i = SelectedPanel; i < PanelCount; ++i)
+        PanelTable[i] = PanelTable[i + 1];
+    --PanelCount;
+    SelectedPanel = 0;
+    main.RefreshBounds();
+    main.DrawPlateView();
+}
+
+// Edges
+
+void KenarAraAt(MainWindow &main, Pointer at) { KenarAra(main, at.x, at.y); }
+
+void HoverEdges(MainWindow &main, Pointer at) {
+    KenarAra(main, at.x, at.y);
+    EdgeDragActive = 0;
+}
+
+void PressFixEdge(MainWindow &main, Pointer /*at*/) {
+    if (EdgeHitCount <= 0)
+        return;
+    SabitTuru = NoktaModu;
+    PickStage = 0;
+    EdgeDragFixed = 1;
+    main.Prompt(kMovePrompt);
+}
+
+void PressTakeEdge(MainWindow &main, Pointer /*at*/) {
+    if (EdgeHitCount <= 0)
+        return;
+    SelectedPanel = 0;
+    PickStage = 1;
+    main.DrawPlateView();
+    main.HideLabel1();
+    EdgeDragActive = -1;
+    SurukleBasladi = 0;
+}
+
+void PressEdgeSupport(MainWindow &main, Pointer /*at*/) {
+    if (SelectedPanel <= 0 || ItemIsPlate(SelectedPanel))
+        return;
+    Int16 &held = PanelTable[SelectedPanel].KenarMesnet[SeciliKenar];
+    held = held > 0 ? 0 : 1;
+    SelectedPanel = 0;
+    EdgeHitCount = 0;
+    main.DrawPlateView();
+    ClearEdgeState();
+}
+
+// Dragging
+
+static bool AtMarker(Pointer at) {
+    return std::fabs(at.x - EdgeMarkerX) < kAtMarker && std::fabs(at.y - EdgeMarkerY) < kAtMarker;
+}
+
+static PointerShape DragShape() {
+    if (IsoView == 1)
+        return PointerShape::NorthSouth;
+    if (NoktaModu == 1)
+        return PointerShape::FourWay;
+    return KenarYonu == 1 ? PointerShape::NorthSouth : PointerShape::WestEast;
+}
+
+static void WaitAtMarker(MainWindow &main, Pointer at) {
+    if (!AtMarker(at)) {
+        main.window.SetPointerShape(PointerShape::Default);
+        EdgeDragActive = 0;
+        main.HideLabel1();
+        return;
+    }
+    if (at.left) {
+        KenarSurukle(main, at.x, at.y);
+        EdgeDragActive = 1;
+    }
+    main.window.Show(kLabel1, true);
+    main.window.SetPointerShape(DragShape());
+}
+
+static void EndDrag(MainWindow &main) {
+    main.window.SetPointerShape(PointerShape::Default);
+    main.HideLabel1();
+    HidePol(main);
+    SelectedPanel = 0;
+    EdgeHitCount = 0;
+    PickStage = 0;
+    main.DrawPlateView();
+    ClearEdgeState();
+    SurukleBasladi = 0;
+}
+
+void MoveTakenEdge(MainWindow &main, Pointer at) {
+    if (EdgeHitCount <= 0)
+        return;
+    if (EdgeDragActive == -1)
+        EdgeDragActive = 0;
+    else if (EdgeDragActive == 0)
+        WaitAtMarker(main, at);
+    else if (at.left)
+        KenarSurukle(main, at.x, at.y);
+    else
+        EndDrag(main);
+}
+
+void ForgetEdges(MainWindow &main) {
+    EdgeHitCount = 0;
+    main.DrawPlateView();
+    HidePol(main);
+}
+
+} // namespace havuz

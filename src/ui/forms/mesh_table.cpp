@@ -1,0 +1,45 @@
+// MESHBIL: the meshes. Node numbers are stored as they are typed.
+#include "model/store.h"
+#include "ui/forms/dialog_parts.h"
+#include "ui/forms/dialogs.h"
+#include "ui/forms/paged_table.h"
+
+namespace havuz {
+
+namespace {
+
+constexpr const char *kPicture = "####";
+constexpr TableColumn kColumns[] = {{"I", "I", kPicture},
+                                    {"J", "J", kPicture},
+                                    {"K", "K", kPicture},
+                                    {"L", "L", kPicture},
+                                    {"Acik", "on/off", nullptr}};
+constexpr TableKind kKind{"MESHBIL", "MESH BILGISI", "Mesh no", kColumns, "2", kMeshCapacity, 4990, 5};
+
+class MeshTableForm : public PagedTable {
+public:
+    explicit MeshTableForm(MainWindow &owner) : PagedTable(owner, kKind) {}
+
+    void OnClose() override {
+        close();
+        main.ClearTool(kKind.tool);
+    }
+
+private:
+    static Int16 &corner(int record, int column) {
+        MeshRecord &mesh = MeshTable[record];
+        return column == 0 ? mesh.N1 : column == 1 ? mesh.N2 : column == 2 ? mesh.N3 : mesh.N4;
+    }
+    double value(int record, int column) const override { return corner(record, column); }
+    void store(int record, int column, double value) override { corner(record, column) = value; }
+    std::vector<bool> checks(int record) const override { return {MeshTable[record].Sil == 0}; }
+    void storeChecks(int record, const std::vector<bool> &on) override { MeshTable[record].Sil = on[0] ? 0 : 1; }
+};
+
+} // namespace
+
+void AddMeshTable(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<MeshTableForm>(main)); }
+
+void ShowMeshTable(MainWindow &main) { DialogOf<MeshTableForm>(main, kKind.form).show(); }
+
+} // namespace havuz

@@ -1,0 +1,73 @@
+// KOORBIL: the nodes. m.
+#include "model/store.h"
+#include "ui/forms/dialog_parts.h"
+#include "ui/forms/dialogs.h"
+#include "ui/forms/paged_table.h"
+
+#include <cmath>
+
+namespace havuz {
+
+namespace {
+
+constexpr const char *kPicture = "###0.###";
+constexpr TableColumn kColumns[] = {{"X", "X    (m)", kPicture}, {"Y", "Y    (m)", kPicture},
+                                    {"Z", "Z    (m)", kPicture}, {"Rx", "x   y    z", nullptr},
+                                    {"Ry", "", nullptr},         {"Dz", "", nullptr}};
+constexpr TableKind kKind{"KOORBIL", "KOORDINAT BILGISI", "SIRA no", kColumns, "3", kNoktaCapacity, 4990, 6};
+constexpr double kMoved = 0.001; // m: what is worth a new drawing
+
+class NodeTable : public PagedTable {
+public:
+    explicit NodeTable(MainWindow &owner) : PagedTable(owner, kKind) {}
+
+    void OnClose() override {
+        rebuildCount();
+        close();
+        main.ClearTool(kKind.tool);
+        main.RefreshSurface();
+    }
+
+private:
+    static Float32 &coordinate(int record, int column) {
+        NoktaRecord &node = NoktaTable[record];
+        return column == 0 ? node.X : column == 1 ? node.Y : node.Z;
+    }
+    double value(int record, int column) const override { return coordinate(record, column); }
+    void store(int record, int column, double value) override { coordinate(record, column) = value; }
+    void storeCell(int record, int column, double value) override {
+        const double before = coordinate(record, column);
+        store(record, column, value);
+        if (std::fabs(value - before) > kMoved)
+            main.DrawMeshView();
+    }
+    std::vector<bool> checks(int record) const override {
+        const int held = NoktaTable[record].Mesnet;
+        return {(held & 1) != 0, (held & 2) != 0, (held & 4) != 0};
+    }
+    void storeChecks(int record, const std::vector<bool> &on) override {
+        NoktaTable[record].Mesnet = (on[0] ? 1 : 0) + (on[1] ? 2 : 0) + (on[2] ? 4 : 0);
+    }
+    static void rebuildCount();
+};
+
+// The first row of zeros ends the model; record 1 is never looked at, and a full table counts none: wanted.
+void NodeTable::rebuildCount() {
+    NoktaCount = 0;
+    for (int i = 2; i <= kNoktaCapacity; ++i) {
+        NoktaRecord &node = NoktaTable[i];
+        if (node.X != 0.0 || node.Y != 0.0 || node.Z != 0.0)
+            continue;
+        node = NoktaTable[0];
+        if (NoktaCount == 0)
+            NoktaCount = i - 1;
+    }
+}
+
+} // namespace
+
+void AddNodeTable(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<NodeTable>(main)); }
+
+void ShowNodeTable(MainWindow &main) { DialogOf<NodeTable>(main, kKind.form).show(); }
+
+} // namespace havuz

@@ -1,0 +1,64 @@
+// yesno: confirms the polygon that was drawn and builds a pool from it and the boxes of the palette Tool1. m, cm.
+#include "mesh/polygon_pool.h"
+#include "model/number_text.h"
+#include "ui/forms/dialog_parts.h"
+#include "ui/forms/dialogs.h"
+#include "ui/window/command_state.h"
+
+namespace havuz {
+
+namespace {
+
+// Boxes of the palette
+enum { kDp = 0, kUst = 1, kAlt = 2, kDs = 3 };
+
+class PolygonDialog : public Form {
+public:
+    explicit PolygonDialog(MainWindow &owner) : Form(owner, "yesno", "POLIGON HAVUZU ONAYLIYORMUSUNUZ") {}
+    std::vector<Field> fields() const override { return {OkButton(0), CancelButton(0)}; }
+    void show() { open(kNodePlace, Modality::Modeless, true); }
+
+    void OnClick(Element element) override {
+        if (element.name == "Tamam")
+            confirm();
+        else if (element.name == "Iptal")
+            OnClose();
+    }
+    void OnClose() override {
+        close();
+        main.DrawPlateView();
+        PolyCount = 0;
+    }
+
+private:
+    // A comma is no decimal point in these boxes: wanted.
+    double paletteNumber(int box) const { return ParsePlainNumber(window.Text(Tool1Text(box))); }
+
+    PolygonPool drawnPool() const {
+        PolygonPool pool;
+        for (int k = 1; k <= PolyCount; ++k)
+            pool.points.push_back({PolyX[k], PolyY[k]});
+        pool.dp = paletteNumber(kDp);
+        pool.ds = paletteNumber(kDs);
+        pool.UstKot = paletteNumber(kUst);
+        pool.AltKot = paletteNumber(kAlt);
+        return pool;
+    }
+
+    void confirm() {
+        const bool built = main.RunEdit("POLIGON HAVUZU", [this] { BuildPolygonPool(drawnPool()); });
+        if (built) {
+            main.TakeRotated();
+            main.DrawPlateView();
+        }
+        close();
+    }
+};
+
+} // namespace
+
+void AddPolygonDialog(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<PolygonDialog>(main)); }
+
+void ShowPolygonConfirm(MainWindow &main) { DialogOf<PolygonDialog>(main, "yesno").show(); }
+
+} // namespace havuz

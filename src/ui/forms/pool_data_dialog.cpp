@@ -1,0 +1,101 @@
+// POOLGEN: title, unit mesh width, soil and liquid. It has no way out that keeps the earlier values. Units as stored:
+// m, t/m3, t/m2.
+#include "model/number_text.h"
+#include "model/store.h"
+#include "ui/forms/dialog_parts.h"
+#include "ui/forms/dialogs.h"
+
+#include <algorithm>
+
+namespace havuz {
+
+namespace {
+
+constexpr int kTool = 0; // "genel havuz bilgisi"
+constexpr int kLastRow = 8;
+
+struct PoolDataRow {
+    const char *label;
+    double *parameter; // none: ProjeIsmi
+    const char *picture;
+};
+
+// A fractional MeshGenisligi is shown rounded, and closing reads it back so: wanted.
+// clang-format off
+constexpr PoolDataRow kRows[kLastRow + 1] = {
+    {"PROJE İSMİ",                                         nullptr,        ""},
+    {"BİRİM MESH GENİŞLİĞİ                      m",        &MeshGenisligi, "####"},
+    {"Ko      ZEMİN YATAK KATSAYISI        (t/m³)",        &ZeminKo,       "####0.###"},
+    {"Gzem  ZEMİN EMNİYET GERİLMESİ   (t/m²)",             &ZeminGzem,     "####0.###"},
+    {"Ka      ZEMİN  YATAY  YÜK  PARAMETRESİ",             &ZeminKa,       "####0.###"},
+    {"Y        ZEMİN  YOĞUNLUĞU              (t/m³)",      &ZeminYogunluk, "####0.###"},
+    {"          SIVI      YOĞUNLUĞU              (t/m³)",  &SiviYogunluk,  "####0.###"},
+    {"          HAVUZ SIVI KOTU                     (m)",  &SiviKotu,      "####0.###"},
+    {"          ZEMİN YERALTI SU KOTU         (m)",        &YeraltiSuKotu, "####0.###"},
+};
+// clang-format on
+
+class PoolDataDialog : public Form {
+public:
+    explicit PoolDataDialog(MainWindow &owner) : Form(owner, "POOLGEN", "HAVUZ  GENEL  BİLGİSİ") {}
+
+    std::vector<Field> fields() const override {
+        std::vector<Field> fields;
+        for (int row = 0; row <= kLastRow; ++row)
+            fields.push_back(
+                {.kind = FieldKind::TextBox, .name = "Tex", .index = row, .label = kRows[row].label, .row = row});
+        fields.push_back({.kind = FieldKind::Frame, .name = "Frame", .label = "ZEMİN YATAY YÜKÜ", .row = kLastRow + 1});
+        fields.push_back(OkButton(kLastRow + 2));
+        return fields;
+    }
+
+    void show() {
+        for (int row = 0; row <= kLastRow; ++row)
+            window.SetColour(at("Tex", row), kLeftColour);
+        setText("Tex", 0, CutBlanks(ProjeIsmi));
+        for (int row = 1; row <= kLastRow; ++row)
+            setText("Tex", row, PictureText(*kRows[row].parameter, kRows[row].picture));
+        open(kToolPlace, Modality::Modal, false);
+        window.Focus(at("Tex", 0));
+    }
+
+    void OnClick(Element element) override {
+        if (element.name == "Tamam")
+            OnClose();
+    }
+    void OnFocus(Element element) override {
+        if (element.name != "Tex")
+            return;
+        TabloSatir = element.index;
+        window.SetColour(element, kWindowColour);
+    }
+    void OnLostFocus(Element element) override {
+        if (element.name == "Tex")
+            window.SetColour(element, kLeftColour);
+    }
+    bool OnKey(Element element, Key key) override {
+        if (element.name != "Tex")
+            return false;
+        if (key == Key::Enter || key == Key::Down)
+            window.Focus(at("Tex", std::min(element.index + 1, kLastRow)));
+        else if (key == Key::Up)
+            window.Focus(at("Tex", std::max(element.index - 1, 0)));
+        return key == Key::Enter;
+    }
+    void OnClose() override {
+        ProjeIsmi = CutBlanks(text("Tex", 0));
+        for (int row = 1; row <= kLastRow; ++row)
+            *kRows[row].parameter = number("Tex", row);
+        close();
+        main.ClearTool(kTool);
+        main.RefreshSurface();
+    }
+};
+
+} // namespace
+
+void AddPoolDataDialog(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<PoolDataDialog>(main)); }
+
+void ShowGeneralData(MainWindow &main) { DialogOf<PoolDataDialog>(main, "POOLGEN").show(); }
+
+} // namespace havuz

@@ -1,0 +1,152 @@
+// The main window as logic: it takes the window's events to the handlers of the tools, the pointer, the dialogs; it
+// answers what the lower folders ask of a window; it keeps the rule for failures inside a handler.
+#pragma once
+
+#include "export/file_dialog.h"
+#include "fea/analysis_window.h"
+#include "mesh/mesh_window.h"
+#include "model/startup.h"
+#include "pool/pool_library.h"
+#include "ui/forms/form.h"
+#include "ui/window/window.h"
+#include "view/view_window.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace havuz {
+
+class MainWindow final : public WindowEvents,
+                         public StartWindow,
+                         public ViewWindow,
+                         public MeshWindow,
+                         public AnalysisWindow,
+                         public PoolWindow,
+                         public FileDialog {
+public:
+    // Makes the main form and every dialog in the window, all hidden but the main form. executable: path of the
+    // program, as StartProgram wants it.
+    MainWindow(Window &window, std::string executable);
+    ~MainWindow() override;
+
+    // The start sequence, then the prompt line tells of a recovery file that an earlier run left behind. A failure ends
+    // the program (ProgramEnd).
+    void Start(const std::string &commandLine);
+
+    Window &window;
+    Surface &scr() { return window.Canvas(kScr); }
+    const std::string &executable() const { return executable_; }
+    const std::vector<std::unique_ptr<Form>> &forms() const { return forms_; }
+    Form &form(std::string_view name); // Subscript when there is none
+
+    // Small operations that tools, pointer and dialogs share.
+    void Prompt(const std::string &text) { window.SetText(kAltnot, text); }
+    void ShowLabel(const std::string &text, double left, double top); // Label1
+    void HideLabel1() { window.Show(kLabel1, false); }
+    void RedrawView(); // whatever view is current
+    void DrawPlateView();
+    void DrawMeshView();
+    void RefreshBounds(); // PlateBoundsAndDepth
+    void TakeRotated();   // IsoView 1, Check1 (3) disabled, Command (2) with its rotated-view picture; draws nothing
+    void TakePlan();      // IsoView 0, Check1 (3) enabled, Command (2) with its plan picture; draws nothing
+    void RefreshSurface() { scr().Refresh(); }
+    void ClearTool(int index) { window.SetChecked(ChkButton(index), false); } // a main tool whose dialog has closed
+
+    // Runs a meshing or plate editing job: a RuntimeFailure inside it ends the command, not the program. The tables and
+    // counts are then as they were before, nothing is armed, the current view is drawn, and the prompt line says what
+    // failed. name: what the command is called there. Returns whether the job came to its end.
+    bool RunEdit(const std::string &name, const std::function<void()> &job);
+    // The same for a job that looks at the model and writes nothing of it: no copy is taken.
+    bool RunLook(const std::string &name, const std::function<void()> &job);
+
+    // WindowEvents. A RuntimeFailure that comes out of a handler ends the program with status 1, one line on standard
+    // error, and the model as it stands in KURTARMA.POL of the working directory.
+    void OnClick(Element element) override;
+    void OnFocus(Element element) override;
+    void OnLostFocus(Element element) override;
+    bool OnKey(Element element, Key key) override;
+    void OnScroll(Element element) override;
+    void OnHover(Element element) override;
+    void OnPress(Element surface, int button, int shift, double x, double y) override;
+    void OnMove(Element surface, int button, int shift, double x, double y) override;
+    void OnRelease(Element surface, int button, int shift, double x, double y) override;
+    void OnWheel(Element surface, int steps, double x, double y) override;
+    void OnPan(Element surface, double dx, double dy) override;
+    void OnResize() override;
+    void OnOpen(const std::string &path) override;
+    void OnClose(std::string_view form) override;
+    void OnDeactivate(std::string_view form) override;
+    void OnTimer() override;
+
+    // What the start, project files, views, meshing, analysis, pool library and exports ask of a window.
+    bool AnotherInstanceRuns() override;
+    void ResetViews() override;
+    void SizeSurface() override;
+    void PutFirstState() override;
+    void TakePlanState() override;
+    void ComputeExtents() override; // bounds, depth order and the fits
+    void DrawMeshes() override;
+    void DrawPlates() override;
+    void SetUpDynamicView() override;
+    void EnableMainWindow() override;
+    void ReportFailure(const std::string &what) override;
+    [[noreturn]] void EndProgram(int status) override;
+    void EnableAnalysis() override;
+    void EnableResults(bool enabled) override;
+    void ShowViewPicture(int gorunusModu) override;
+    void ShowFrame(int index, bool visible) override;
+    void EnablePlateTool(int index, bool enabled) override;
+    bool ResultChosen(int index) override;
+    void ShowPol(int index, double x1, double y1, double x2, double y2) override;
+    void ShowOverview(bool visible) override;
+    void ShowOverviewButton(bool visible) override;
+    void CopySurfaceToOverview() override;
+    double OverviewWidth() override;
+    double OverviewHeight() override;
+    double OverviewLeft() override;
+    double OverviewTop() override;
+    void PlaceOverview(double left, double top) override;
+    void PlaceOverviewRectangle(double left, double top, double right, double bottom) override;
+    void RefreshDrawing() override;
+    void RebuildPlateList() override;
+    void ListDiagnostic(const std::string &line) override;
+    void ShowIteration(int pass) override;
+    void HideLabel() override;
+    int Width() const override;
+    int Height() const override;
+    void Clear() override;
+    void Line(int y, int width, int red, int green, int blue) override;
+    void Label(const std::string &text, bool white) override;
+    void ServeEvents() override;
+    void ClearSurface() override;
+    void ShowProgressPicture(bool shown) override;
+    void MoveProgLab(int left, int top) override;
+    void ShowProgLab(bool shown) override;
+    void SetProgLab(const std::string &text) override;
+    void FillBox(double x, double y, double side, int colour) override;
+    void OutlineBox(double x, double y, double side, int colour) override;
+    void Point(double x, double y, int colour) override;
+    bool DrawsProfile() const override { return true; }
+    void TextLine(int height, const std::string &text) override;
+    std::string ScratchFile() const override;
+    void StartProgram(const std::string &command, const std::string &projectPath) override;
+    [[noreturn]] void EndProgram() override;
+    void ReadPoolForm() override; // the boxes of POOLlib into the parameters
+    std::string AskSaveName(const std::string &title, const std::string &directory, const std::string &name) override;
+
+private:
+    template <class Handler>
+    void guard(Handler handler);
+    void endCommand(const std::string &name, const RuntimeFailure &failure);
+    [[noreturn]] void endByFailure(const RuntimeFailure &failure);
+
+    std::string executable_;
+    std::vector<std::unique_ptr<Form>> forms_;
+    std::map<int, Colour> progressRows_;            // of the bar, as it was painted whole
+    double overviewLeft_ = 0.0, overviewTop_ = 0.0; // where the overview opens next, twips
+};
+
+} // namespace havuz
