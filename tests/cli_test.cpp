@@ -64,6 +64,29 @@ TEST(Cli, FromParametersToResults) {
     EXPECT_EQ(ReadBytes(folder.file("P.SON")), son);
 }
 
+// P.HSP is the project as it was analysed: results are current with it alone.
+TEST(Cli, ResultsAreOfThisModelOrOfAnOlderOne) {
+    const TemporaryFolder folder;
+    const auto results = [&folder] {
+        const std::string out = Cli(folder, "info P.POL").out;
+        const std::size_t at = out.find("results are");
+        return at == std::string::npos ? out : out.substr(at + 34, out.find('\n', at) - at - 34);
+    };
+    ASSERT_EQ(Cli(folder, "pool rectangular -o P.POL --set Lx=4 --set Ly=3").status, 0);
+    ASSERT_EQ(Cli(folder, "mesh P.POL").status, 0);
+    EXPECT_EQ(results(), "none");
+    ASSERT_EQ(Cli(folder, "run P.POL --quiet").status, 0);
+    const std::string project = ReadBytes(folder.file("P.POL"));
+    EXPECT_EQ(ReadBytes(folder.file("P.HSP")), project);
+    EXPECT_EQ(results(), "of this model");
+    ASSERT_EQ(Cli(folder, "set P.POL SiviKotu=2.5").status, 0);
+    EXPECT_EQ(results(), "of an older model");
+    WriteBytes(folder.file("P.POL"), "\"\"" + project); // the same model in another hand
+    EXPECT_EQ(results(), "of this model");
+    std::filesystem::remove(folder.file("P.HSP"));
+    EXPECT_EQ(results(), "of an older model");
+}
+
 TEST(Cli, ADirectoryWithAPointAndAnotherOutputFile) {
     const TemporaryFolder folder;
     std::filesystem::create_directory(folder.file("v1.2"));

@@ -2,6 +2,7 @@
 #include "hand_models.h"
 #include "mesh/numbering.h"
 #include "mesh/panel_mesh.h"
+#include "model/analysed_project.h"
 #include "model/link_code.h"
 #include "model/options.h"
 #include "pool/pool_library.h"
@@ -31,6 +32,7 @@ struct LoggingWindow : ViewWindow {
     void ShowViewPicture(int mode) override { log += "picture " + std::to_string(mode) + "\n"; }
     void EnablePlateTool(int i, bool on) override { log += (on ? "enable " : "disable ") + std::to_string(i) + "\n"; }
     bool ResultChosen(int i) override { return i == result; }
+    void TellOlderResults() override { log += "older results\n"; }
 };
 
 void BeginView(int isoView) {
@@ -360,6 +362,8 @@ TEST(Drawings, DisplacementsOfTheChosenResult) {
     bytes.replace(24, 12, std::string(reinterpret_cast<const char *>(moved[0]), 12));
     bytes.replace(2 * 384 + 24, 12, std::string(reinterpret_cast<const char *>(moved[1]), 12));
     WriteBytes(ProjeYolu + ".DEP", bytes);
+    WriteBytes(ProjeYolu + ".SON", "");
+    WriteBytes(ProjeYolu + ".HSP", AnalysedText());
     RecordingSurface scr;
     LoggingWindow window;
     PlateBoundsAndDepth(scr);
@@ -367,11 +371,22 @@ TEST(Drawings, DisplacementsOfTheChosenResult) {
     window.result = 1; // the second: column 2
     DrawMeshView(scr, window);
     EXPECT_TRUE(MatchesGolden("drawing_displacements.txt", scr.log));
+    EXPECT_EQ(window.log.find("older"), std::string::npos);
     EXPECT_EQ(scr.pen.lineWidth, 1);
     scr.log.clear();
     window.result = 0; // column 1 is all zero
     DrawMeshView(scr, window);
     EXPECT_EQ(scr.log.find("width 2"), std::string::npos);
+    window.result = 1;
+    NoktaTable[2].Yay = 7; // a spring is made anew by every analysis: the model is the same
+    DrawMeshView(scr, window);
+    EXPECT_NE(scr.log.find("width 2"), std::string::npos);
+    scr.log.clear();
+    SiviKotu = 2.9; // results of another model move nothing, and it is said
+    DrawMeshView(scr, window);
+    EXPECT_EQ(scr.log.find("width 2"), std::string::npos);
+    EXPECT_NE(window.log.find("older results\n"), std::string::npos) << window.log;
+    EXPECT_EQ(NoktaTable[2].Yay, 7);
 }
 
 TEST(Drawings, PolygonsLeaveAPlainPen) {

@@ -7,10 +7,12 @@
 #include "fea/result_summary.h"
 #include "fea/system.h"
 #include "mesh/mesh_report.h"
+#include "model/analysed_project.h"
 #include "model/files.h"
 #include "model/store.h"
 
 #include <algorithm>
+#include <array>
 #include <iostream>
 #include <memory>
 
@@ -150,6 +152,9 @@ FactSection ParameterFacts() {
              {"DonatiCaplari", "bar diameters", diameters, "mm"}}};
 }
 
+// By ResultState.
+constexpr std::array<const char *, 3> kResultWords = {"none", "of an older model", "of this model"};
+
 // The sizes that a run would have; the model in the store keeps its section data and equation numbers.
 FactSection AnalysisFacts() {
     AnalysisWindow none;
@@ -161,13 +166,15 @@ FactSection AnalysisFacts() {
     for (const char *extension : {".DEP", ".SON"})
         if (FileExists(ProjeYolu + extension))
             results.push_back(ProjeYolu + extension);
+    const ResultState state = ResultsBeside(ProjeYolu);
     return {"analysis",
             "analysis",
             {{"equations", "equations", EquationCount + 0.0, ""},
              {"profileSize", "profile size S()", ProfileSize + 0.0, "cells"},
              {"loadColumns", "load columns", YukSayisi + 0.0, ""},
              {"fits", "fits the arrays of the analysis", SystemFits(), ""},
-             {"resultFiles", "result files", results, ""}}};
+             {"resultFiles", "result files", results, ""},
+             {"resultsOf", "results are", std::string(kResultWords.at(static_cast<std::size_t>(state))), ""}}};
 }
 
 // The same lines that the mesh command prints.

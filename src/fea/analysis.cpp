@@ -9,6 +9,7 @@
 #include "fea/progress_bar.h"
 #include "fea/record_file.h"
 #include "fea/system.h"
+#include "model/analysed_project.h"
 #include "model/code_page.h"
 #include "model/files.h"
 #include "model/store.h"
@@ -78,6 +79,7 @@ void AnalysisRun(const AnalysisPaths &paths, AnalysisWindow &window) {
         StressPass(E, son);
         window.ShowProgressPicture(false);
         window.ShowProgLab(false);
+        WriteWholeFile(paths.project + ".HSP", AnalysedText());
         WriteWholeFile(paths.handOver, ToCodePage(paths.project) + "\r\n");
     }
     if (!paths.outputProgram.empty())

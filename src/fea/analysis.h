@@ -20,9 +20,9 @@ struct AnalysisPaths {
 };
 
 // Runs the analysis of the model and ends the program through the window: it does not return. Writes project.DEP and
-// project.SON, then the hand-over file, and starts the output program; STIF001 is deleted. The records of nodes keep
-// their equation numbers, those of meshes their section data. Any RuntimeFailure comes out as it is, the result files
-// left half written and the output program not started.
+// project.SON, then the model that they belong to as project.HSP and the hand-over file, and starts the output program;
+// STIF001 is deleted. The records of nodes keep their equation numbers, those of meshes their section data. Any
+// RuntimeFailure comes out as it is, the result files left half written and the output program not started.
 [[noreturn]] void AnalysisRun(const AnalysisPaths &paths, AnalysisWindow &window);
 
 } // namespace havuz

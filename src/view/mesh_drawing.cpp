@@ -1,5 +1,6 @@
 #include "view/mesh_drawing.h"
 
+#include "model/analysed_project.h"
 #include "model/arithmetic.h"
 #include "model/link_code.h"
 #include "model/store.h"
@@ -132,6 +133,16 @@ static int ChosenResult(ViewWindow &window) {
     return 0;
 }
 
+// Results of another model move no node.
+static LoadCase CurrentLoadCase(int column, ViewWindow &window) {
+    const ResultState state = ResultsBeside(ProjeYolu);
+    if (state == ResultState::Older)
+        window.TellOlderResults();
+    LoadCase none;
+    none.node.resize(static_cast<std::size_t>(NoktaCount) + 1);
+    return state == ResultState::Current ? ReadLoadCase(column) : none;
+}
+
 void DrawMeshView(Surface &scr, ViewWindow &window) {
     scr.Clear();
     TakeView(2, window);
@@ -142,7 +153,7 @@ void DrawMeshView(Surface &scr, ViewWindow &window) {
         DrawAxisMark(scr); // sets the eye point
         SortMeshes();
         DrawMeshesRotated(scr);
-        DrawNodesRotated(scr, result > 0 ? std::optional(ReadLoadCase(result)) : std::nullopt);
+        DrawNodesRotated(scr, result > 0 ? std::optional(CurrentLoadCase(result, window)) : std::nullopt);
     } else {
         DrawMeshesPlan(scr);
         if (NodesHidden == 0)

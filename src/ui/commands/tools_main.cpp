@@ -3,6 +3,7 @@
 #include "export/staad.h"
 #include "fea/analysis.h"
 #include "mesh/oto_mesh.h"
+#include "model/analysed_project.h"
 #include "model/files.h"
 #include "model/options.h"
 #include "ui/commands/tools.h"
@@ -29,6 +30,8 @@ void RunAnalysis(MainWindow &main) {
 }
 
 void ShowResults(MainWindow &main) {
+    if (ResultsBeside(ProjeYolu) == ResultState::Older)
+        main.window.ReportError("havuz: " + ProjeYolu + ".SON: of an older model");
     main.window.StartProgram(OutputProgram(), ProjeYolu);
     main.window.EndProgram(0);
 }

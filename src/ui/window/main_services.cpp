@@ -1,5 +1,6 @@
 // What the main window answers to the lower folders: the start, project files, views, meshing, analysis, the pool
 // library and the exports ask it through interfaces of their own.
+#include "model/analysed_project.h"
 #include "model/files.h"
 #include "model/options.h"
 #include "ui/commands/tools.h"
@@ -78,7 +79,16 @@ void MainWindow::EnableAnalysis() {
     if (!ProjeYolu.empty() && FileExists(file))
         window.RememberProject(std::filesystem::absolute(file).string());
 }
-void MainWindow::EnableResults(bool enabled) { window.Enable(ChkButton(8), enabled); }
+
+// Results of an older model can still be looked at, and it is said.
+void MainWindow::EnableResults(bool enabled) {
+    window.Enable(ChkButton(8), enabled);
+    if (enabled && ResultsBeside(ProjeYolu) == ResultState::Older)
+        TellOlderResults();
+}
+
+void MainWindow::TellOlderResults() { Prompt("SONUCLAR ESKI BIR MODELIN: FEA ANALIZI YENILER"); }
+
 void MainWindow::ShowViewPicture(int gorunusModu) { window.SetPicture(Command(5), gorunusModu == 1 ? 4 : 5); }
 
 // Views

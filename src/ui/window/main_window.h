@@ -100,6 +100,7 @@ public:
     void ShowFrame(int index, bool visible) override;
     void EnablePlateTool(int index, bool enabled) override;
     bool ResultChosen(int index) override;
+    void TellOlderResults() override;
     void ShowPol(int index, double x1, double y1, double x2, double y2) override;
     void ShowOverview(bool visible) override;
     void ShowOverviewButton(bool visible) override;
