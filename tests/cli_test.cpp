@@ -50,6 +50,8 @@ TEST(Cli, FromParametersToResults) {
     EXPECT_EQ(run.status, 0) << run.error;
     EXPECT_EQ(run.out.rfind("Denklem       : ", 0), 0U);
     EXPECT_TRUE(Contains(run.out, "load column 4: soil\n  greatest settlement"));
+    EXPECT_TRUE(Contains(run.out, "\nwarning springs-pull: springs pull, ")) << run.out;
+    EXPECT_TRUE(Contains(run.out, "residual |f - K u|/|f|                  0.0"));
     EXPECT_TRUE(Contains(Cli(folder, "info P.POL").out, folder.file("P.SON")));
     EXPECT_EQ(ReadBytes(folder.file("WORKPOOL")), folder.file("P") + "\r\n");
     EXPECT_EQ(ReadBytes(folder.file("P.POL")), before); // a run writes no project

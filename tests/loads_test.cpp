@@ -1,6 +1,7 @@
 // Loads: pressures on floors and walls with their carry-over, point loads, springs in the matrix, held translations.
 #include "fea/equations.h"
 #include "fea/loads.h"
+#include "fea/pressures.h"
 #include "fea/system.h"
 #include "model/store.h"
 #include "support.h"

@@ -5,6 +5,7 @@
 #include "fea/element_pass.h"
 #include "fea/equations.h"
 #include "fea/result_summary.h"
+#include "fea/run_warnings.h"
 #include "fea/system.h"
 #include "mesh/mesh_report.h"
 #include "model/analysed_project.h"
@@ -166,6 +167,9 @@ FactSection AnalysisFacts() {
     for (const char *extension : {".DEP", ".SON"})
         if (FileExists(ProjeYolu + extension))
             results.push_back(ProjeYolu + extension);
+    Lines lost;
+    for (const Warning &warning : LostPointLoads())
+        lost.lines.push_back(warning.english);
     const ResultState state = ResultsBeside(ProjeYolu);
     return {"analysis",
             "analysis",
@@ -173,6 +177,7 @@ FactSection AnalysisFacts() {
              {"profileSize", "profile size S()", ProfileSize + 0.0, "cells"},
              {"loadColumns", "load columns", YukSayisi + 0.0, ""},
              {"fits", "fits the arrays of the analysis", SystemFits(), ""},
+             {"lostLoads", "point loads lost", lost, ""},
              {"resultFiles", "result files", results, ""},
              {"resultsOf", "results are", std::string(kResultWords.at(static_cast<std::size_t>(state))), ""}}};
 }

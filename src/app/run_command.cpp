@@ -3,6 +3,8 @@
 #include "app/project.h"
 #include "fea/analysis.h"
 #include "fea/result_summary.h"
+#include "fea/run_residual.h"
+#include "fea/run_warnings.h"
 #include "model/files.h"
 #include "model/options.h"
 #include "model/store.h"
@@ -91,7 +93,7 @@ void PrintExtreme(const char *label, double value, const char *unit, const NodeE
                 e.mesh != 0 ? e.mesh : e.node, Place(e.node).c_str());
 }
 
-void PrintColumn(int c, const ColumnSummary &s) {
+void PrintColumn(int c, const ColumnSummary &s, double residual) {
     std::printf("\nload column %d: %s\n", c, LoadCodeWords(s.code).c_str());
     if (s.settlement.value >= 0.0)
         PrintExtreme("greatest settlement", s.settlement.value * 1000.0, "mm", s.settlement);
@@ -102,12 +104,21 @@ void PrintColumn(int c, const ColumnSummary &s) {
     PrintExtreme("greatest My", s.my.value, "t.m/m", s.my);
     std::printf("  %-34s %10.3f t\n  %-34s %10.3f t\n", "sum of vertical loads, downward", s.verticalLoad,
                 "sum of spring forces, upward", s.springForce);
+    std::printf("  %-34s %10.3f %%\n", "residual |f - K u|/|f|", 100.0 * residual);
 }
 
 void PrintSummary() {
-    int c = 0;
-    for (const ColumnSummary &column : SummariseResults(ProjeYolu))
-        PrintColumn(++c, column);
+    const std::vector<double> residuals = RunResiduals(ProjeYolu, RunColumns());
+    std::size_t c = 0;
+    for (const ColumnSummary &column : SummariseResults(ProjeYolu)) {
+        PrintColumn(static_cast<int>(c) + 1, column, residuals.at(c));
+        ++c;
+    }
+    const std::vector<Warning> warnings = RunWarnings(ProjeYolu);
+    if (!warnings.empty())
+        std::printf("\n");
+    for (const Warning &warning : warnings)
+        std::printf("warning %s: %s\n", warning.code.c_str(), warning.english.c_str());
     std::fflush(stdout);
 }
 

@@ -85,19 +85,10 @@ private:
     Matrix<24, 24> LocalK, LastK, LastT, GlobalK; // all begin as zero
 };
 
-// The surface load of a mesh, (0, 0, q), spread on its nodes in local axes and turned back to global ones.
 void PutSurfaceLoad(const MeshRecord &mesh, const MeshNodes &m, const Matrix<24, 24> &ElementT, ElementRecord &record) {
-    const double q = mesh.OluYuk + mesh.HareketliYuk;
-    const double area = mesh.KenarA * mesh.KenarB;
-    std::array<double, 25> LocalLoad{};
-    UniformLoadVector(area, LoadToLocal({0.0, 0.0, q}, m), LocalLoad);
-    for (int i = 0; i < 24; ++i) {
-        const int block = i / 3 * 3;
-        double sum = 0.0;
-        for (int k = block + 1; k <= block + 3; ++k)
-            sum = sum + ElementT(k, i + 1) * LocalLoad[static_cast<std::size_t>(k)];
-        record[static_cast<std::size_t>(kStiffnessTerms + i)] = sum;
-    }
+    const std::array<double, 25> load = SurfaceLoad(mesh, m, ElementT);
+    for (std::size_t i = 1; i <= 24; ++i)
+        record[kStiffnessTerms + i - 1] = load[i];
 }
 
 // The mesh as the general quadrilateral takes it.
@@ -158,17 +149,37 @@ void PutCornerResults(int mesh, double E, SonRecord &record) {
 
 } // namespace
 
+std::array<double, 25> SurfaceLoad(const MeshRecord &mesh, const MeshNodes &m, const Matrix<24, 24> &ElementT) {
+    const double q = mesh.OluYuk + mesh.HareketliYuk;
+    const double area = mesh.KenarA * mesh.KenarB;
+    std::array<double, 25> LocalLoad{}, load{};
+    UniformLoadVector(area, LoadToLocal({0.0, 0.0, q}, m), LocalLoad);
+    for (int i = 0; i < 24; ++i) {
+        const int block = i / 3 * 3;
+        double sum = 0.0;
+        for (int k = block + 1; k <= block + 3; ++k)
+            sum = sum + ElementT(k, i + 1) * LocalLoad[static_cast<std::size_t>(k)];
+        load[static_cast<std::size_t>(i + 1)] = sum;
+    }
+    return load;
+}
+
+MeshRecord AnalysedMesh(const MeshNodes &m) {
+    MeshRecord mesh = MeshTable[m.mesh];
+    const double a = (SideLength(m, 1, 2) + SideLength(m, 4, 3)) / 2.0;
+    const double b = (SideLength(m, 1, 4) + SideLength(m, 2, 3)) / 2.0;
+    CopySection(mesh);
+    mesh.KenarA = a;
+    mesh.KenarB = b;
+    return mesh;
+}
+
 void MeshPass() {
     for (int i = 1; i <= MeshCount; ++i) {
-        MeshRecord &mesh = MeshTable[i];
-        if (mesh.Sil == 1)
+        if (MeshTable[i].Sil == 1)
             continue;
         const MeshNodes m = MeshNodeData(i);
-        const double a = (SideLength(m, 1, 2) + SideLength(m, 4, 3)) / 2.0;
-        const double b = (SideLength(m, 1, 4) + SideLength(m, 2, 3)) / 2.0;
-        CopySection(mesh);
-        mesh.KenarA = a;
-        mesh.KenarB = b;
+        MeshTable[i] = AnalysedMesh(m);
         NodeEquationFlags(m);
     }
 }

@@ -3,9 +3,21 @@
 #pragma once
 
 #include "fea/analysis_window.h"
+#include "fea/element_geometry.h"
+#include "fea/matrix.h"
 #include "fea/record_file.h"
+#include "model/store.h"
+
+#include <array>
 
 namespace havuz {
+
+// The record of a mesh with its mean side lengths, thickness and area loads as a run stores them.
+MeshRecord AnalysedMesh(const MeshNodes &m);
+
+// The surface load of such a mesh, (0, 0, q), spread on its nodes in local axes and turned back to global ones:
+// elements 1..24, positive pushes down.
+std::array<double, 25> SurfaceLoad(const MeshRecord &mesh, const MeshNodes &m, const Matrix<24, 24> &ElementT);
 
 // Mean side lengths, thickness and area loads of every active mesh into its record; free flags of its nodes.
 void MeshPass();

@@ -8,17 +8,19 @@
 
 namespace havuz {
 
+std::array<int, 7> FreeSlots(int mesnet) {
+    const int translation = (mesnet & 4) != 0 ? 0 : 1;
+    const int rx = (mesnet & 1) != 0 ? 0 : 1;
+    const int ry = (mesnet & 2) != 0 ? 0 : 1;
+    return {0, translation, translation, translation, rx, ry, rx == 1 && ry == 1 ? 1 : 0};
+}
+
 void NodeEquationFlags(const MeshNodes &m) {
     for (std::size_t k = 1; k <= 4; ++k) {
         NoktaRecord &node = NoktaTable[m.n[k]];
-        const int held = node.Mesnet;
-        const int translation = (held & 4) != 0 ? 0 : 1;
-        const int rx = (held & 1) != 0 ? 0 : 1;
-        const int ry = (held & 2) != 0 ? 0 : 1;
-        node.Denklem[1] = node.Denklem[2] = node.Denklem[3] = translation;
-        node.Denklem[4] = rx;
-        node.Denklem[5] = ry;
-        node.Denklem[6] = rx == 1 && ry == 1 ? 1 : 0;
+        const std::array<int, 7> free = FreeSlots(node.Mesnet);
+        for (int d = 1; d <= kNodeFreedoms; ++d)
+            node.Denklem[d] = free[static_cast<std::size_t>(d)];
     }
 }
 
@@ -115,15 +117,23 @@ void ProfileBuild(AnalysisWindow &window) {
     LengthsToAddresses();
 }
 
-void LoadColumnSetup(AnalysisWindow &window) {
-    YukListesi = {};
-    YukSayisi = 1; // column 1: surface and point loads
+std::vector<int> ColumnCodes() {
+    std::vector<int> codes = {0}; // column 1: surface and point loads
     for (int i = 0; i <= kYukKombinasyonLast; ++i)
         if (YukKombinasyon[i] > 0)
-            YukListesi[++YukSayisi] = 11 + i;
+            codes.push_back(11 + i);
     for (int i = 0; i <= kYukDurumLast; ++i)
         if (YukDurum[i] > 0)
-            YukListesi[++YukSayisi] = i + 1;
+            codes.push_back(i + 1);
+    return codes;
+}
+
+void LoadColumnSetup(AnalysisWindow &window) {
+    const std::vector<int> codes = ColumnCodes();
+    YukListesi = {};
+    YukSayisi = static_cast<int>(codes.size());
+    for (int c = 2; c <= YukSayisi; ++c)
+        YukListesi[c] = codes[static_cast<std::size_t>(c - 1)];
     RhsSize = YukSayisi * EquationCount;
     window.TextLine(50, "Denklem       : " + std::to_string(EquationCount));
     window.TextLine(70, "S()  size     : " + std::to_string(ProfileSize));

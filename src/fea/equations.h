@@ -5,11 +5,15 @@
 #include "fea/element_geometry.h"
 
 #include <array>
+#include <vector>
 
 namespace havuz {
 
-// Slots ux, uy, uz, rx, ry, rz of the four nodes become 1 where free, 0 where held: bit 4 of Mesnet holds all three
+// Slots ux, uy, uz, rx, ry, rz (elements 1..6): 1 where free, 0 where held. Bit 4 of Mesnet holds all three
 // translations, bit 1 rx, bit 2 ry, either of the two rz.
+std::array<int, 7> FreeSlots(int mesnet);
+
+// The slots of the four nodes of a mesh become 1 where free, 0 where held.
 void NodeEquationFlags(const MeshNodes &m);
 
 // Every slot above 0 of the nodes 1..NoktaCount takes the next equation number; sets EquationCount.
@@ -22,6 +26,9 @@ std::array<int, 25> MeshEquations(const MeshNodes &m);
 // ProfileSize. A row's length counts the distance to smaller equations too, and row N keeps one cell: wanted, the size
 // shown to the user follows from it.
 void ProfileBuild(AnalysisWindow &window);
+
+// Codes of the load columns that the load situations ask for, column 1 (0) first.
+std::vector<int> ColumnCodes();
 
 // YukListesi, YukSayisi, RhsSize, and the three text lines of the sizes.
 void LoadColumnSetup(AnalysisWindow &window);

@@ -11,9 +11,6 @@ void AddSprings();
 // Column 1: a load enters with its sign as it stands, so a positive FZ pushes down.
 void AddPointLoads();
 
-// +1 or -1: the sense of plate 1's outline, which decides the way of the wall pressures of all walls; 1 without plates.
-double OutlineSign();
-
 // Liquid, soil and groundwater on every mesh with Sil 0, in the columns of their codes. A store outside Rhs (a held
 // translation with too many load columns) is Subscript, naming the node; a wall without length in plan DivisionByZero,
 // naming the mesh.

@@ -33,6 +33,29 @@ std::string LoadCodeWords(int code) {
     }
 }
 
+std::string LoadCodeInTurkish(int code) {
+    switch (code) {
+    case 0:
+        return "yüzey ve nokta yükleri";
+    case 1:
+        return "sıvı ve zemin";
+    case 2:
+        return "sıvı";
+    case 3:
+        return "zemin";
+    case 4:
+        return "yeraltı suyu";
+    case 11:
+        return "sıvı, bütün hücreler";
+    case 12:
+        return "sıvı, birinci dama düzeni";
+    case 13:
+        return "sıvı, ikinci dama düzeni";
+    default:
+        return "kod " + std::to_string(code);
+    }
+}
+
 static std::vector<bool> WallNodes() {
     std::vector<bool> isWall(kNoktaCapacity + 1, false);
     for (int i = 1; i <= MeshCount; ++i) {
@@ -59,7 +82,8 @@ static void AddDisplacements(std::vector<ColumnSummary> &columns, const RecordFi
             const double ux = record[6 * c];
             const double uy = record[6 * c + 1];
             const double uz = record[6 * c + 2];
-            TakeGreater(columns[c].settlement, -uz, i);
+            if (NoktaTable[i].Yay > 0.0)
+                TakeGreater(columns[c].settlement, -uz, i);
             if (isWall[static_cast<std::size_t>(i)])
                 TakeGreater(columns[c].wall, Distance2(ux, uy), i);
             columns[c].springForce += NoktaTable[i].Yay * -uz;

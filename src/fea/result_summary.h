@@ -16,7 +16,7 @@ struct NodeExtreme {
 
 struct ColumnSummary {
     int code = 0;            // of YukListesi; 0 for column 1
-    NodeExtreme settlement;  // greatest downward displacement; below 0 when the whole structure rises
+    NodeExtreme settlement;  // greatest downward displacement of a node with a spring; below 0 when all of them rise
     NodeExtreme wall;        // greatest horizontal displacement of a node of a wall (Tip 1)
     NodeExtreme mx, my;      // greatest by magnitude, with their signs
     double verticalLoad = 0; // downward
@@ -25,6 +25,7 @@ struct ColumnSummary {
 
 // The meaning of a column in words: 0 surface and point loads, 1..4 load situations, 11..13 cell fillings.
 std::string LoadCodeWords(int code);
+std::string LoadCodeInTurkish(int code); // UTF-8
 
 // Reads project.DEP and project.SON of the run just made, by the model in the store.
 std::vector<ColumnSummary> SummariseResults(const std::string &project);

@@ -4,6 +4,7 @@
 #include "model/store.h"
 
 #include <cmath>
+#include <vector>
 
 namespace havuz {
 
@@ -24,19 +25,32 @@ static bool LiesOnFoundation(const MeshRecord &mesh) {
     return OwnerIsPlate(mesh.PanelNo) || !(PanelTable[mesh.PanelNo].Tip > 0);
 }
 
-void SpringStiffness() {
-    if (NoktaCount == 0 || MeshCount == 0)
-        return;
-    for (int i = 1; i <= NoktaCount; ++i)
-        NoktaTable[i].Yay = 0.0;
+// Element n of the spring of node n; a mesh may name any record of the table.
+static std::vector<Float32> AllSprings() {
+    std::vector<Float32> springs(kNoktaCapacity + 1);
     for (int i = 1; i <= MeshCount; ++i) {
         const MeshRecord &mesh = MeshTable[i];
         if (mesh.Sil > 0 || !LiesOnFoundation(mesh))
             continue;
         const double share = ZeminKo * MeshPlanArea(i) / 4.0;
         for (const int node : {int(mesh.N1), int(mesh.N2), int(mesh.N3), int(mesh.N4)})
-            NoktaTable[node].Yay += share;
+            springs[static_cast<std::size_t>(node)] += share;
     }
+    return springs;
+}
+
+std::vector<Float32> FoundationSprings() {
+    std::vector<Float32> springs = AllSprings();
+    springs.resize(static_cast<std::size_t>(NoktaCount) + 1);
+    return springs;
+}
+
+void SpringStiffness() {
+    if (NoktaCount == 0 || MeshCount == 0)
+        return;
+    const std::vector<Float32> springs = FoundationSprings();
+    for (int i = 1; i <= NoktaCount; ++i)
+        NoktaTable[i].Yay = springs[static_cast<std::size_t>(i)];
 }
 
 } // namespace havuz

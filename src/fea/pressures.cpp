@@ -1,0 +1,151 @@
+#include "fea/pressures.h"
+
+#include "model/arithmetic.h"
+#include "model/link_code.h"
+#include "model/springs.h"
+#include "model/store.h"
+
+#include <cmath>
+
+namespace havuz {
+
+bool TakesPressure(int code, Pressure pressure) {
+    switch (pressure) {
+    case Pressure::Liquid:
+        return code > 10 || code == 1 || code == 2;
+    case Pressure::Soil:
+        return code == 1 || code == 3;
+    case Pressure::Water:
+        break;
+    }
+    return code == 4;
+}
+
+namespace {
+
+using TakePressure = std::function<void(const MeshPressure &)>;
+
+std::array<double, 5> AtAllCorners(double v) { return {0.0, v, v, v, v}; }
+
+// t: the full thickness stands on the mean level of the nodes, m.
+void FloorPressures(const MeshNodes &m, double t, const TakePressure &take) {
+    MeshPressure p;
+    p.nodes = m;
+    p.area = MeshPlanArea(m.mesh);
+    p.z = (m.z[1] + m.z[2] + m.z[3] + m.z[4]) / 4.0;
+    p.thickness = t;
+    const double top = p.z + t;
+    const double liquid = SiviKotu - top;
+    p.level = SiviKotu;
+    p.density = SiviYogunluk;
+    p.fz = AtAllCorners(liquid > 0.0 ? SiviYogunluk * liquid * p.area / 4.0 : 0.0);
+    take(p);
+    const double water = YeraltiSuKotu - top; // density 1; uplift
+    p.pressure = Pressure::Water;
+    p.level = YeraltiSuKotu;
+    p.density = 1.0;
+    p.fz = AtAllCorners(water > 0.0 ? -(water * p.area / 4.0) : 0.0);
+    take(p);
+}
+
+// The pressures on one wall mesh. Its edges 1-2 and 3-4 count as horizontal; each takes a share, t.
+class WallMesh {
+public:
+    WallMesh(const MeshNodes &m, double outlineSign) {
+        p_.nodes = m;
+        p_.wall = true;
+        const double dx = m.x[1] - m.x[2];
+        const double dy = m.y[1] - m.y[2];
+        p_.length = Distance2(dx, dy);
+        if (p_.length == 0.0)
+            throw RuntimeFailure(DivisionByZero, "MeshTable(" + std::to_string(m.mesh) +
+                                                     "): a wall without length in plan: division by zero");
+        nx_ = outlineSign * dy / p_.length;
+        ny_ = -outlineSign * dx / p_.length;
+        p_.height = (std::fabs(m.z[1] - m.z[4]) + std::fabs(m.z[2] - m.z[3])) / 2.0;
+        z12_ = (m.z[1] + m.z[2]) / 2.0;
+        z34_ = (m.z[3] + m.z[4]) / 2.0;
+    }
+
+    // inward: -1 for a pressure from outside.
+    const MeshPressure &with(Pressure pressure, double level, double w, double inward) {
+        p_.pressure = pressure;
+        p_.level = level;
+        p_.density = w;
+        p_.d12 = level - z12_;
+        p_.d34 = level - z34_;
+        setShares(w);
+        p_.fx = component(inward * nx_);
+        p_.fy = component(inward * ny_);
+        return p_;
+    }
+
+private:
+    // In any other case the shares stay those of the pressure before, whose unit weight they carry: wanted.
+    void setShares(double w) {
+        const double d1 = p_.d12, d2 = p_.d34;
+        p_.rule = ShareRule::Kept;
+        if (d1 > 0.0 && d2 > 0.0) {
+            const double p1 = w * d1 * p_.length / 2.0;
+            const double p2 = w * d2 * p_.length / 2.0;
+            p_.share12 = (2.0 * p1 + p2) * p_.height / 6.0;
+            p_.share34 = (p1 + 2.0 * p2) * p_.height / 6.0;
+            p_.rule = ShareRule::Wet;
+        } else if (d1 < 0.0 && d2 > 0.0) { // without the height, so that the dimension is off by one length: wanted
+            const double p2 = w * d2 * p_.length / 2.0;
+            p_.share12 = p2 * d2 * d2 / 6.0;
+            p_.share34 = p2 * d2 / 2.0 - p_.share12;
+            p_.rule = ShareRule::Cut;
+        }
+        if (p_.rule != ShareRule::Kept)
+            p_.keptFrom = p_.pressure;
+    }
+    std::array<double, 5> component(double n) const {
+        return {0.0, n * p_.share12, n * p_.share12, n * p_.share34, n * p_.share34};
+    }
+
+    MeshPressure p_;
+    double nx_ = 0.0, ny_ = 0.0, z12_ = 0.0, z34_ = 0.0;
+};
+
+void WallPressures(const MeshNodes &m, double outlineSign, const TakePressure &take) {
+    WallMesh wall(m, outlineSign);
+    take(wall.with(Pressure::Liquid, SiviKotu, SiviYogunluk, 1.0));
+    take(wall.with(Pressure::Soil, ToprakKotu, ZeminKa * ZeminYogunluk, -1.0));
+    take(wall.with(Pressure::Water, YeraltiSuKotu, 1.0, -1.0));
+}
+
+} // namespace
+
+double OutlineSign() {
+    if (PlakCount <= 0)
+        return 1.0;
+    const PlakRecord &plak = PlakTable[1];
+    double area = 0.0;
+    for (int i = 1; i <= plak.NoktaSayisi; ++i) {
+        const int next = i == plak.NoktaSayisi ? 1 : i + 1;
+        area = area + (plak.Y[next] * plak.X[i] - plak.Y[i] * plak.X[next]) / 2.0;
+    }
+    return area > 0.0 ? 1.0 : -1.0;
+}
+
+void ForEachPressure(const TakePressure &take) {
+    const double outlineSign = OutlineSign();
+    for (int i = 1; i <= MeshCount; ++i) {
+        const MeshRecord &mesh = MeshTable[i];
+        if (mesh.Sil != 0)
+            continue;
+        const MeshNodes m = MeshNodeData(i);
+        if (OwnerIsPlate(mesh.PanelNo)) {
+            FloorPressures(m, PlakTable[OwnerPlate(mesh.PanelNo)].Kalinlik / 100.0, take);
+            continue;
+        }
+        const PanelRecord &panel = PanelTable[mesh.PanelNo];
+        if (panel.Tip == 0)
+            FloorPressures(m, panel.D / 100.0, take);
+        else if (panel.Tip == 1)
+            WallPressures(m, outlineSign, take);
+    }
+}
+
+} // namespace havuz
