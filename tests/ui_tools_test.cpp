@@ -3,10 +3,10 @@
 #include "model/project_file.h"
 #include "plak_support.h"
 #include "support.h"
-#include "ui/window/help_page.h"
 #include "ui/commands/pointer.h"
-#include "ui/window/recovery.h"
 #include "ui/commands/tools.h"
+#include "ui/window/help_page.h"
+#include "ui/window/recovery.h"
 #include "ui_support.h"
 
 #include <algorithm>
@@ -22,7 +22,7 @@ void AddWall() { AddPanel(1, {0, 0, 3}, {4, 0, 3}, {4, 0, 0}, {0, 0, 0}); }
 int CheckedCount(Desk &desk) {
     int count = 0;
     for (const ToolRow &tool : Tools())
-        count += desk.window.Checked(ToolButton(tool.group, tool.index)) ? 1 : 0;
+        count += desk.window.Checked(tool.button) ? 1 : 0;
     return count;
 }
 
@@ -40,7 +40,7 @@ TEST(Tools, EveryButtonIsMadeOnceAndArmsWhatItsRowSays) {
     Desk desk;
     for (const ToolRow &tool : Tools()) {
         SCOPED_TRACE(tool.tooltip);
-        const Element button = ToolButton(tool.group, tool.index);
+        const Element button = tool.button;
         EXPECT_EQ(std::ranges::count(desk.window.elements(), button), 1);
         EXPECT_EQ(desk.window.state(button).label, tool.tooltip);
         EXPECT_EQ(desk.window.state(button).group, ToolFrame(tool));
@@ -332,7 +332,7 @@ TEST(Tools, TopBarEndsMinimisesAndHelps) {
     RecordingSurface scr;
     HeadlessWindow window(scr);
     MainWindow dollar(window, "/opt/havuz$");
-    OnTopBar(dollar, 2);
+    OnTopBar(dollar, kHelpButton);
     EXPECT_EQ(window.helps, std::vector{desk.program.file("vek9$.chm")});
     desk.click(TopBar(0));
     EXPECT_EQ(desk.window.FormPlace("ENDKONT"), (Place{1024 * 15 - desk.window.FormWidth("ENDKONT") - 90, 800}));

@@ -69,7 +69,7 @@ TEST(dialogs, EveryToolHasAPictureOfItsOwnATooltipAndTheHotColourUnderThePointer
     std::set<QString> pictures;
     for (const ToolRow &tool : Tools()) {
         SCOPED_TRACE(tool.tooltip);
-        const Element element = ToolButton(tool.group, tool.index);
+        const Element element = tool.button;
         auto *button = static_cast<Button *>(desk.window.widget(element));
         EXPECT_EQ(button->toolTip(), QString::fromUtf8(tool.tooltip));
         const QString picture = button->get(bag::kPicture).toString();

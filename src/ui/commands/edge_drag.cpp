@@ -96,25 +96,25 @@ void BeginDrag() {
 
 // Rubber lines
 
-void ShowRubber(MainWindow &main, std::size_t item, int line, ScreenPoint from, ScreenPoint to) {
-    main.ShowPol(3 * static_cast<int>(item) + line, from.x, from.y, to.x, to.y);
+void ShowRubber(Workbench &bench, std::size_t item, int line, ScreenPoint from, ScreenPoint to) {
+    bench.view.ShowPol(3 * static_cast<int>(item) + line, from.x, from.y, to.x, to.y);
 }
 
-void ShowPlateRubber(MainWindow &main, std::size_t index) {
+void ShowPlateRubber(Workbench &bench, std::size_t index) {
     const int plate = OwnerPlate(EdgeItems[index].code);
     const Around at = AroundEdge(EdgeItems[index].no, PlakTable[plate].NoktaSayisi);
-    ShowRubber(main, index, 1, PlatePointPixels(plate, at.kp), PlatePointPixels(plate, at.k));
-    ShowRubber(main, index, 2, PlatePointPixels(plate, at.k), PlatePointPixels(plate, at.kn));
+    ShowRubber(bench, index, 1, PlatePointPixels(plate, at.kp), PlatePointPixels(plate, at.k));
+    ShowRubber(bench, index, 2, PlatePointPixels(plate, at.k), PlatePointPixels(plate, at.kn));
     if (NoktaModu == 0)
-        ShowRubber(main, index, 3, PlatePointPixels(plate, at.kn), PlatePointPixels(plate, at.kk));
+        ShowRubber(bench, index, 3, PlatePointPixels(plate, at.kn), PlatePointPixels(plate, at.kk));
 }
 
-void ShowPanelRubber(MainWindow &main, std::size_t index, int e) {
+void ShowPanelRubber(Workbench &bench, std::size_t index, int e) {
     const int panel = EdgeItems[index].code, next = NextCorner(e);
-    ShowRubber(main, index, 1, PanelCornerPixels(panel, CornerBefore(e)), PanelCornerPixels(panel, e));
-    ShowRubber(main, index, 2, PanelCornerPixels(panel, e), PanelCornerPixels(panel, next));
+    ShowRubber(bench, index, 1, PanelCornerPixels(panel, CornerBefore(e)), PanelCornerPixels(panel, e));
+    ShowRubber(bench, index, 2, PanelCornerPixels(panel, e), PanelCornerPixels(panel, next));
     if (NoktaModu == 0)
-        ShowRubber(main, index, 3, PanelCornerPixels(panel, next), PanelCornerPixels(panel, NextCorner(next)));
+        ShowRubber(bench, index, 3, PanelCornerPixels(panel, next), PanelCornerPixels(panel, NextCorner(next)));
 }
 
 // Plan
@@ -163,7 +163,7 @@ void PutWallUnder(const PlakRecord &plate, int k) {
     }
 }
 
-void MovePlate(MainWindow &main, std::size_t index, const Step &step) {
+void MovePlate(Workbench &bench, std::size_t index, const Step &step) {
     PlakRecord &plate = PlakTable[OwnerPlate(EdgeItems[index].code)];
     const int n = plate.NoktaSayisi;
     const Around at = AroundEdge(EdgeItems[index].no, n);
@@ -176,23 +176,23 @@ void MovePlate(MainWindow &main, std::size_t index, const Step &step) {
         MoveEnd(plate, at.k, plate, n + 2, step.R, direction);
         MoveEnd(plate, at.kn, plate, n + 3, step.R, direction);
     }
-    ShowPlateRubber(main, index);
-    if (!main.window.Checked(kTool3KeepWalls))
+    ShowPlateRubber(bench, index);
+    if (!bench.window.Checked(kTool3KeepWalls))
         for (const int k : {at.kp, at.k, at.kn})
             PutWallUnder(plate, k);
 }
 
 // Of a wall seen on end the palette says which of the two edges, one above the other, is meant.
-int MeantEdge(MainWindow &main, const PanelRecord &panel, int edge) {
+int MeantEdge(Workbench &bench, const PanelRecord &panel, int edge) {
     if ((edge != 1 && edge != 3) || !SeenOnEnd(panel))
         return edge;
-    return main.window.Checked(Tool3Option(1)) ? 3 : 1;
+    return bench.window.Checked(Tool3Option(1)) ? 3 : 1;
 }
 
-void MovePanel(MainWindow &main, std::size_t index, const Step &step) {
+void MovePanel(Workbench &bench, std::size_t index, const Step &step) {
     const PanelRecord &kept = DraggedPanel[index];
     PanelRecord &panel = PanelTable[EdgeItems[index].code];
-    const int e = MeantEdge(main, kept, EdgeItems[index].no), next = NextCorner(e);
+    const int e = MeantEdge(bench, kept, EdgeItems[index].no), next = NextCorner(e);
     if (NoktaModu == 1) {
         const PlanPoint to = PointerInPlan(step);
         panel.X[e] = to.x;
@@ -203,7 +203,7 @@ void MovePanel(MainWindow &main, std::size_t index, const Step &step) {
         MoveEnd(panel, e, kept, e, step.R, direction);
         MoveEnd(panel, next, kept, next, step.R, direction);
     }
-    ShowPanelRubber(main, index, e);
+    ShowPanelRubber(bench, index, e);
 }
 
 std::string PlanNote(const Step &step) {
@@ -288,12 +288,12 @@ void LiftWalls(const PlakRecord &plate) {
 }
 
 // Points beyond the hinge rise as well, since distances have no sign: wanted.
-void LiftPlate(MainWindow &main, std::size_t index, double dZ) {
+void LiftPlate(Workbench &bench, std::size_t index, double dZ) {
     const EdgeItem item = EdgeItems[index];
     PlakRecord &plate = PlakTable[OwnerPlate(item.code)];
     const PlakRecord &kept = PlakTable[SavedPlate(index)];
     const int n = plate.NoktaSayisi;
-    if (main.window.Checked(Tool2Option(2))) {
+    if (bench.window.Checked(Tool2Option(2))) {
         for (int k = 1; k <= n + 1; ++k)
             plate.Z[k] = kept.Z[k] + dZ;
     } else {
@@ -306,15 +306,15 @@ void LiftPlate(MainWindow &main, std::size_t index, double dZ) {
             plate.Z[k] = kept.Z[k] + dZ * PlanDistance(FootOn(PointOf(kept, k), C, H), H) / L;
     }
     LiftWalls(plate);
-    ShowPlateRubber(main, index);
+    ShowPlateRubber(bench, index);
 }
 
-void LiftPanel(MainWindow &main, std::size_t index, double dZ) {
+void LiftPanel(Workbench &bench, std::size_t index, double dZ) {
     PanelRecord &panel = PanelTable[EdgeItems[index].code];
     const int e = EdgeItems[index].no;
     for (const int corner : {e, NextCorner(e)})
         panel.Z[corner] = DraggedPanel[index].Z[corner] + dZ;
-    ShowPanelRubber(main, index, e);
+    ShowPanelRubber(bench, index, e);
 }
 
 // The level of the caught point, or of the middle of the caught edge, of the first item.
@@ -331,17 +331,17 @@ std::string LevelNote(double dZ) {
     return "Kot=" + PictureText(level, kNotePicture) + " m  dZ=" + PictureText(dZ, kNotePicture);
 }
 
-void DragItem(MainWindow &main, std::size_t index, const Step &step) {
+void DragItem(Workbench &bench, std::size_t index, const Step &step) {
     const bool plate = ItemIsPlate(EdgeItems[index].code);
     if (RotatedView())
-        plate ? LiftPlate(main, index, step.dZ) : LiftPanel(main, index, step.dZ);
+        plate ? LiftPlate(bench, index, step.dZ) : LiftPanel(bench, index, step.dZ);
     else
-        plate ? MovePlate(main, index, step) : MovePanel(main, index, step);
+        plate ? MovePlate(bench, index, step) : MovePanel(bench, index, step);
 }
 
 } // namespace
 
-void KenarSurukle(MainWindow &main, double x, double y) {
+void KenarSurukle(Workbench &bench, double x, double y) {
     if (EdgeItems.empty())
         return;
     if (SurukleBasladi == 0)
@@ -349,8 +349,8 @@ void KenarSurukle(MainWindow &main, double x, double y) {
     SurukleBasladi = 1;
     const Step step = StepTo(x, y);
     for (std::size_t i = 0; i < ItemCount(); ++i)
-        DragItem(main, i, step);
-    ShowNote(main, RotatedView() ? LevelNote(step.dZ) : PlanNote(step), x, y);
+        DragItem(bench, i, step);
+    ShowNote(bench, RotatedView() ? LevelNote(step.dZ) : PlanNote(step), x, y);
 }
 
 } // namespace havuz

@@ -2,7 +2,7 @@
 // panels, the rubber lines pol and the note Label1. Pixels of SCR.
 #pragma once
 
-#include "ui/window/main_window.h"
+#include "ui/window/workbench.h"
 
 namespace havuz {
 
@@ -10,6 +10,6 @@ namespace havuz {
 // began: plates whole in record PlakCount + item + 5 of PlakTable, the ends of the edge in outline slots n + 2, n + 3,
 // its direction in X(0); panels in DraggedPanel. A plate of more than four points is split there, so that the edge goes
 // with the two points beside it and the rest stays. Subscript: a plate of more than 197 points, more than 91 plates.
-void KenarSurukle(MainWindow &main, double x, double y);
+void KenarSurukle(Workbench &bench, double x, double y);
 
 } // namespace havuz

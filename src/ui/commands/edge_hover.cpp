@@ -19,8 +19,8 @@ static constexpr double kInsideSlack = 0.1;                        // pixels
 static constexpr double kLevel = 0.1;                              // m
 static constexpr double kOnEnd = 0.01;                             // m
 
-void ShowNote(MainWindow &main, const std::string &text, double x, double y) {
-    main.ShowLabel(text, x + 10.0, y > main.scr().height() - 30.0 ? y : y + 20.0);
+void ShowNote(Workbench &bench, const std::string &text, double x, double y) {
+    bench.ShowLabel(text, x + 10.0, y > bench.scr().height() - 30.0 ? y : y + 20.0);
 }
 
 ScreenPoint PlatePointPixels(int plate, int point) {
@@ -70,12 +70,12 @@ static int FindUnder(double x, double y) {
     return 0;
 }
 
-void PlakAra(MainWindow &main, double x, double y) {
+void PlakAra(Workbench &bench, double x, double y) {
     SelectedPanel = FindUnder(x, y);
     if (SelectedPanel > 0)
-        ShowNote(main, std::to_string(SelectedPanel) + ". PLAK", x, y);
+        ShowNote(bench, std::to_string(SelectedPanel) + ". PLAK", x, y);
     else
-        main.HideLabel1();
+        bench.HideLabel1();
 }
 
 // Edges and points
@@ -226,19 +226,19 @@ std::string MoveNote() {
 
 } // namespace
 
-void KenarAra(MainWindow &main, double x, double y) {
+void KenarAra(Workbench &bench, double x, double y) {
     EdgeSearch search(x, y);
-    LookAtPanels(search, PlanFilter(main.window));
+    LookAtPanels(search, PlanFilter(bench.window));
     LookAtPlates(search);
     if (CommandState == kEdgeMove && EdgeItems.size() > 1)
         DropCarriedWalls();
     EdgeHitCount = static_cast<int>(EdgeItems.size());
     if (CommandState == kEdgeMove && EdgeHitCount > 0)
-        ShowNote(main, MoveNote(), x, y);
+        ShowNote(bench, MoveNote(), x, y);
     else if (CommandState == kEdgeSupport && SeciliKenar > 0)
-        ShowNote(main, SupportNote(), x, y);
+        ShowNote(bench, SupportNote(), x, y);
     else
-        main.HideLabel1(); // nothing caught, or a plate, which has no supported edges
+        bench.HideLabel1(); // nothing caught, or a plate, which has no supported edges
 }
 
 } // namespace havuz

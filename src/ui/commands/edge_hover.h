@@ -3,20 +3,20 @@
 #pragma once
 
 #include "model/store.h"
-#include "ui/window/main_window.h"
+#include "ui/window/workbench.h"
 #include "view/projection.h"
 
 namespace havuz {
 
 // SelectedPanel becomes the first panel that encloses (x, y), else 1000 + the first such plate, else 0.
-void PlakAra(MainWindow &main, double x, double y);
+void PlakAra(Workbench &bench, double x, double y);
 
 // Lists the edges within 5 pixels of (x, y); for an edge move, the points within 7 pixels instead where there are any.
 // The shortest edge, or the last point, gives SelectedPanel, SeciliKenar and the marker.
-void KenarAra(MainWindow &main, double x, double y);
+void KenarAra(Workbench &bench, double x, double y);
 
 // Shows a note beside the pointer, above the bottom of the surface.
-void ShowNote(MainWindow &main, const std::string &text, double x, double y);
+void ShowNote(Workbench &bench, const std::string &text, double x, double y);
 
 // An outline point as it lies in the plate view; a corner of a panel.
 ScreenPoint PlatePointPixels(int plate, int point);

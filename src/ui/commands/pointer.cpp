@@ -13,8 +13,8 @@
 
 namespace havuz {
 
-static void NoPress(MainWindow & /*main*/, Pointer /*at*/) {}
-static void NoRelease(MainWindow & /*main*/) {}
+static void NoPress(Workbench & /*bench*/, Pointer /*at*/) {}
+static void NoRelease(Workbench & /*bench*/) {}
 
 // clang-format off
 static constexpr ArmedRow kArmed[] = {
@@ -53,23 +53,22 @@ static const ArmedRow *ArmedNow() {
     return nullptr;
 }
 
-static void Run(MainWindow &main, const ArmedRow &row, void (*handler)(MainWindow &, Pointer), bool writes,
-                Pointer at) {
-    const auto job = [&] { handler(main, at); };
+static void Run(Workbench &bench, const ArmedRow &row, void (*handler)(Workbench &, Pointer), bool writes, Pointer at) {
+    const auto job = [&] { handler(bench, at); };
     if (row.edits == Edits::Nothing)
         job();
     else if (writes)
-        main.RunEdit(row.name, job);
+        bench.RunEdit(row.name, job);
     else
-        main.RunLook(row.name, job);
+        bench.RunLook(row.name, job);
 }
 
 // Window zoom
 
 // Both corners come from earlier events, the second from the last move and not from this press: wanted. So is
 // PickStage, left at 1 when the zoom is cancelled for want of a width or a height.
-static void FinishZoom(MainWindow &main) {
-    HideBand(main);
+static void FinishZoom(Workbench &bench) {
+    HideBand(bench);
     if (AnchorX > RubberX)
         SwapValues(AnchorX, RubberX);
     if (AnchorY > RubberY)
@@ -79,20 +78,20 @@ static void FinishZoom(MainWindow &main) {
         ZoomPending = 0;
         return;
     }
-    ZoomWindow(AnchorX, AnchorY, width, height, main.scr(), main);
-    main.Prompt("");
+    ZoomWindow(AnchorX, AnchorY, width, height, bench.scr(), bench.view);
+    bench.Prompt("");
     PickStage = 0;
     ZoomPending = 0;
 }
 
-static void PressZoom(MainWindow &main, Pointer at) {
+static void PressZoom(Workbench &bench, Pointer at) {
     if (PickStage == 0) {
         PickStage = 1;
         AnchorX = at.x;
         AnchorY = at.y;
-        main.Prompt("ZOOM WINDOW ICIN 2. NOKTAYI SECIN");
+        bench.Prompt("ZOOM WINDOW ICIN 2. NOKTAYI SECIN");
     } else if (PickStage == 1) {
-        FinishZoom(main);
+        FinishZoom(bench);
     }
 }
 
@@ -100,34 +99,34 @@ static bool MovesZoomBand(Pointer at) {
     return ZoomPending > 0 && PickStage == 1 && (at.x != RubberX || at.y != RubberY);
 }
 
-static void MoveZoomBand(MainWindow &main, Pointer at) {
-    ShowBand(main, {AnchorX, AnchorY}, {at.x, at.y});
+static void MoveZoomBand(Workbench &bench, Pointer at) {
+    ShowBand(bench, {AnchorX, AnchorY}, {at.x, at.y});
     RubberX = at.x;
     RubberY = at.y;
-    main.window.ConfinePointer(false);
+    bench.window.ConfinePointer(false);
 }
 
 // Idle: a drag turns the view
 
-static void TurnView(MainWindow &main, Pointer at) {
+static void TurnView(Workbench &bench, Pointer at) {
     ViewAngleB = ViewAngleB - 0.01 * (at.x - AnchorX);
     ViewAngleA = ViewAngleA - 0.01 * (at.y - AnchorY);
     DragRotated = 1;
     if (GorunusModu == 1)
-        main.DrawPlateView();
+        bench.DrawPlateView();
     else
-        QuickMeshOutline(main.scr());
-    main.RefreshSurface();
+        QuickMeshOutline(bench.scr());
+    bench.RefreshSurface();
 }
 
-static void MoveIdle(MainWindow &main, Pointer at) {
+static void MoveIdle(Workbench &bench, Pointer at) {
     if (PanelCount <= 0)
         return;
     if (at.left) {
-        TurnView(main, at);
+        TurnView(bench, at);
     } else if (GorunusModu == 2 && DragRotated == 1) {
         DragRotated = 0;
-        main.DrawMeshView();
+        bench.DrawMeshView();
     }
     AnchorX = at.x;
     AnchorY = at.y;
@@ -135,54 +134,54 @@ static void MoveIdle(MainWindow &main, Pointer at) {
 
 // Events
 
-void OnSurfacePress(MainWindow &main, int button, int /*shift*/, double x, double y) {
+void OnSurfacePress(Workbench &bench, int button, int /*shift*/, double x, double y) {
     if (button != kLeftButton)
         return;
     const Pointer at{true, x, y};
     if (ZoomPending > 0)
-        PressZoom(main, at);
+        PressZoom(bench, at);
     else if (const ArmedRow *row = ArmedNow())
-        Run(main, *row, row->press, true, at);
+        Run(bench, *row, row->press, true, at);
 }
 
-void OnSurfaceMove(MainWindow &main, int button, int /*shift*/, double x, double y) {
+void OnSurfaceMove(Workbench &bench, int button, int /*shift*/, double x, double y) {
     const Pointer at{(button & kLeftButton) != 0, x, y};
     if (MovesZoomBand(at))
-        MoveZoomBand(main, at);
+        MoveZoomBand(bench, at);
     else if (ZoomPending + CommandState == 0)
-        MoveIdle(main, at);
+        MoveIdle(bench, at);
     else if (const ArmedRow *row = ArmedNow())
-        Run(main, *row, row->move, row->edits == Edits::ByDrag, at);
+        Run(bench, *row, row->move, row->edits == Edits::ByDrag, at);
 }
 
-void OnSurfaceRelease(MainWindow &main, int button, int /*shift*/, double /*x*/, double /*y*/) {
+void OnSurfaceRelease(Workbench &bench, int button, int /*shift*/, double /*x*/, double /*y*/) {
     if (button != kRightButton)
         return;
     if (ZoomPending > 0)
-        HideBand(main);
+        HideBand(bench);
     for (const ArmedRow &row : kArmed)
         if (row.state == CommandState) {
-            row.release(main);
+            row.release(bench);
             break;
         }
-    DisarmCommand(main);
+    DisarmCommand(bench);
 }
 
-void AbandonCommand(MainWindow &main) {
-    HideBand(main);
-    HidePol(main);
+void AbandonCommand(Workbench &bench) {
+    HideBand(bench);
+    HidePol(bench);
     SelectedPanel = 0;
     ClearEdgeState();
-    DisarmCommand(main);
+    DisarmCommand(bench);
 }
 
-void DisarmCommand(MainWindow &main) {
+void DisarmCommand(Workbench &bench) {
     ZoomPending = 0;
     CommandState = kIdle;
-    UncheckMeshTools(main);
-    UncheckPlateTools(main, 7);
-    main.window.SetPointerShape(PointerShape::Default);
-    CancelPending(main);
+    UncheckMeshTools(bench);
+    UncheckPlateTools(bench, kCutTool);
+    bench.window.SetPointerShape(PointerShape::Default);
+    CancelPending(bench);
 }
 
 } // namespace havuz

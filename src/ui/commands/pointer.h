@@ -2,7 +2,7 @@
 // right-button release do in it. Positions are pixels of SCR.
 #pragma once
 
-#include "ui/window/main_window.h"
+#include "ui/window/workbench.h"
 
 #include <span>
 
@@ -23,21 +23,21 @@ struct ArmedRow {
     int stage;        // PickStage, or kAnyStage
     const char *name; // in the prompt of a failure
     Edits edits;
-    void (*press)(MainWindow &main, Pointer at);
-    void (*move)(MainWindow &main, Pointer at);
-    void (*release)(MainWindow &main); // before the command ends
+    void (*press)(Workbench &bench, Pointer at);
+    void (*move)(Workbench &bench, Pointer at);
+    void (*release)(Workbench &bench); // before the command ends
 };
 
 std::span<const ArmedRow> ArmedCommands();
 
-void OnSurfacePress(MainWindow &main, int button, int shift, double x, double y);
-void OnSurfaceMove(MainWindow &main, int button, int shift, double x, double y);
-void OnSurfaceRelease(MainWindow &main, int button, int shift, double x, double y);
+void OnSurfacePress(Workbench &bench, int button, int shift, double x, double y);
+void OnSurfaceMove(Workbench &bench, int button, int shift, double x, double y);
+void OnSurfaceRelease(Workbench &bench, int button, int shift, double x, double y);
 
 // Ends whatever is armed, as the right button does: CommandState 0, Check1 (0..4) and Check2 (0..7) off, CancelPending.
-void DisarmCommand(MainWindow &main);
+void DisarmCommand(Workbench &bench);
 
 // The same for a command that failed: nothing of it stays in sight.
-void AbandonCommand(MainWindow &main);
+void AbandonCommand(Workbench &bench);
 
 } // namespace havuz

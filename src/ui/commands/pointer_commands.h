@@ -7,47 +7,47 @@
 namespace havuz {
 
 // Mesh editing
-void PressPointLoad(MainWindow &main, Pointer at);
-void PressSupport(MainWindow &main, Pointer at);
-void PressMeshOnOff(MainWindow &main, Pointer at);
-void PressTakeNode(MainWindow &main, Pointer at);
-void PressPlaceNode(MainWindow &main, Pointer at);
-void MoveOverNodes(MainWindow &main, Pointer at);
-void MoveOverMeshes(MainWindow &main, Pointer at);
-void MoveOverTakable(MainWindow &main, Pointer at);
-void MoveTakenNode(MainWindow &main, Pointer at);
-void HidePol(MainWindow &main);
+void PressPointLoad(Workbench &bench, Pointer at);
+void PressSupport(Workbench &bench, Pointer at);
+void PressMeshOnOff(Workbench &bench, Pointer at);
+void PressTakeNode(Workbench &bench, Pointer at);
+void PressPlaceNode(Workbench &bench, Pointer at);
+void MoveOverNodes(Workbench &bench, Pointer at);
+void MoveOverMeshes(Workbench &bench, Pointer at);
+void MoveOverTakable(Workbench &bench, Pointer at);
+void MoveTakenNode(Workbench &bench, Pointer at);
+void HidePol(Workbench &bench);
 
 // Copying, moving, deleting panels
-void PressTakePanel(MainWindow &main, Pointer at);
-void PressFirstCorner(MainWindow &main, Pointer at);
-void PressSecondCorner(MainWindow &main, Pointer at);
-void PressDeletePanel(MainWindow &main, Pointer at);
-void PlakAraAt(MainWindow &main, Pointer at);
-void MoveBand(MainWindow &main, Pointer at);
-void HideBand(MainWindow &main); // Line1 .. Line4, PickStage 0 is the caller's
-void ShowBand(MainWindow &main, ScreenPoint from, ScreenPoint to);
+void PressTakePanel(Workbench &bench, Pointer at);
+void PressFirstCorner(Workbench &bench, Pointer at);
+void PressSecondCorner(Workbench &bench, Pointer at);
+void PressDeletePanel(Workbench &bench, Pointer at);
+void PlakAraAt(Workbench &bench, Pointer at);
+void MoveBand(Workbench &bench, Pointer at);
+void HideBand(Workbench &bench); // Line1 .. Line4, PickStage 0 is the caller's
+void ShowBand(Workbench &bench, ScreenPoint from, ScreenPoint to);
 
 // Edges
-void PressFixEdge(MainWindow &main, Pointer at);
-void PressTakeEdge(MainWindow &main, Pointer at);
-void PressEdgeSupport(MainWindow &main, Pointer at);
-void HoverEdges(MainWindow &main, Pointer at);
-void MoveTakenEdge(MainWindow &main, Pointer at);
-void KenarAraAt(MainWindow &main, Pointer at);
-void ForgetEdges(MainWindow &main);
+void PressFixEdge(Workbench &bench, Pointer at);
+void PressTakeEdge(Workbench &bench, Pointer at);
+void PressEdgeSupport(Workbench &bench, Pointer at);
+void HoverEdges(Workbench &bench, Pointer at);
+void MoveTakenEdge(Workbench &bench, Pointer at);
+void KenarAraAt(Workbench &bench, Pointer at);
+void ForgetEdges(Workbench &bench);
 
 // Drawing and cutting
-void PressFirstEnd(MainWindow &main, Pointer at);
-void PressNextEnd(MainWindow &main, Pointer at);
-void PressFirstPoint(MainWindow &main, Pointer at);
-void PressNextPoint(MainWindow &main, Pointer at);
-void PressCutStart(MainWindow &main, Pointer at);
-void PressCutEnd(MainWindow &main, Pointer at);
-void MoveLine(MainWindow &main, Pointer at);
-void HideLine(MainWindow &main);
-void EndPolygon(MainWindow &main);
-void FillPolygonSoFar(MainWindow &main); // the polygon being drawn; nothing in other commands
+void PressFirstEnd(Workbench &bench, Pointer at);
+void PressNextEnd(Workbench &bench, Pointer at);
+void PressFirstPoint(Workbench &bench, Pointer at);
+void PressNextPoint(Workbench &bench, Pointer at);
+void PressCutStart(Workbench &bench, Pointer at);
+void PressCutEnd(Workbench &bench, Pointer at);
+void MoveLine(Workbench &bench, Pointer at);
+void HideLine(Workbench &bench);
+void EndPolygon(Workbench &bench);
+void FillPolygonSoFar(Workbench &bench); // the polygon being drawn; nothing in other commands
 
 // Model point of a pixel in the plate view, and back.
 struct ModelPoint {

@@ -17,42 +17,42 @@ static void Anchor(ScreenPoint p) {
     AnchorY = p.y;
 }
 
-static void StartLine(MainWindow &main, int number, ScreenPoint at) {
-    main.window.SetLine(RubberLine(number), {at.x, at.y, at.x, at.y});
-    main.window.SetLineStyle(RubberLine(number), RubberStyle::Dashed);
-    main.window.Show(RubberLine(number), true);
+static void StartLine(Workbench &bench, int number, ScreenPoint at) {
+    bench.window.SetLine(RubberLine(number), {at.x, at.y, at.x, at.y});
+    bench.window.SetLineStyle(RubberLine(number), RubberStyle::Dashed);
+    bench.window.Show(RubberLine(number), true);
 }
 
-static void MoveStart(MainWindow &main, int number, ScreenPoint to) {
-    LineEnds ends = main.window.Line(RubberLine(number));
+static void MoveStart(Workbench &bench, int number, ScreenPoint to) {
+    LineEnds ends = bench.window.Line(RubberLine(number));
     ends.x1 = to.x;
     ends.y1 = to.y;
-    main.window.SetLine(RubberLine(number), ends);
+    bench.window.SetLine(RubberLine(number), ends);
 }
 
-static void MoveEnd(MainWindow &main, int number, ScreenPoint to) {
-    LineEnds ends = main.window.Line(RubberLine(number));
+static void MoveEnd(Workbench &bench, int number, ScreenPoint to) {
+    LineEnds ends = bench.window.Line(RubberLine(number));
     ends.x2 = to.x;
     ends.y2 = to.y;
-    main.window.SetLine(RubberLine(number), ends);
+    bench.window.SetLine(RubberLine(number), ends);
 }
 
-void MoveLine(MainWindow &main, Pointer at) {
+void MoveLine(Workbench &bench, Pointer at) {
     const ModelPoint m = ToModel({at.x, at.y});
-    main.ShowLabel("X=" + PictureText(m.x, kDrawPicture) + "  Y=" + PictureText(m.y, kDrawPicture), at.x, at.y + 25.0);
+    bench.ShowLabel("X=" + PictureText(m.x, kDrawPicture) + "  Y=" + PictureText(m.y, kDrawPicture), at.x, at.y + 25.0);
     if (PickStage <= 0)
         return;
-    MoveEnd(main, 1, {at.x, at.y});
+    MoveEnd(bench, 1, {at.x, at.y});
     if (CommandState == kPolygon)
-        MoveEnd(main, 2, {at.x, at.y});
+        MoveEnd(bench, 2, {at.x, at.y});
 }
 
 // Vertical plates
 
-void PressFirstEnd(MainWindow &main, Pointer at) {
+void PressFirstEnd(Workbench &bench, Pointer at) {
     PickStage = 1;
     Anchor({at.x, at.y});
-    StartLine(main, 1, {at.x, at.y});
+    StartLine(bench, 1, {at.x, at.y});
 }
 
 // Each panel in turn can take the point to one of its upper corners, a later one from where an earlier one took it.
@@ -65,15 +65,15 @@ static void SnapToUpperCorners(ModelPoint &p) {
 
 static double AsWritten(double v) { return ParseNumber(PictureText(v, kDrawPicture)); }
 
-static double PaletteNumber(MainWindow &main, int index) { return ParseNumber(main.window.Text(Tool1Text(index))); }
+static double PaletteNumber(Workbench &bench, int index) { return ParseNumber(bench.window.Text(Tool1Text(index))); }
 
 // The record keeps what it held in the fields not named here, Tip among them: wanted.
-static void AddVerticalPlate(MainWindow &main, ModelPoint p1, ModelPoint p2) {
+static void AddVerticalPlate(Workbench &bench, ModelPoint p1, ModelPoint p2) {
     PanelRecord &panel = PanelTable[PanelCount + 1];
     ++PanelCount;
     panel.No = PanelCount;
-    panel.D = PaletteNumber(main, 0);
-    const double upper = PaletteNumber(main, 1), lower = PaletteNumber(main, 2);
+    panel.D = PaletteNumber(bench, 0);
+    const double upper = PaletteNumber(bench, 1), lower = PaletteNumber(bench, 2);
     for (int k = 1; k <= 4; ++k) {
         const ModelPoint p = k == 1 || k == 4 ? p1 : p2;
         panel.X[k] = AsWritten(p.x);
@@ -87,18 +87,18 @@ static void AddVerticalPlate(MainWindow &main, ModelPoint p1, ModelPoint p2) {
     panel.Ny = 3;
 }
 
-void PressNextEnd(MainWindow &main, Pointer at) {
-    MoveStart(main, 1, {at.x, at.y});
+void PressNextEnd(Workbench &bench, Pointer at) {
+    MoveStart(bench, 1, {at.x, at.y});
     ModelPoint p2 = ToModel({at.x, at.y});
     SnapToUpperCorners(p2);
-    AddVerticalPlate(main, ToModel({AnchorX, AnchorY}), p2);
-    main.DrawPlateView();
+    AddVerticalPlate(bench, ToModel({AnchorX, AnchorY}), p2);
+    bench.DrawPlateView();
     Anchor({at.x, at.y});
 }
 
-void HideLine(MainWindow &main) {
-    main.window.SetLineStyle(RubberLine(1), RubberStyle::Solid);
-    main.window.Show(RubberLine(1), false);
+void HideLine(Workbench &bench) {
+    bench.window.SetLineStyle(RubberLine(1), RubberStyle::Solid);
+    bench.window.Show(RubberLine(1), false);
 }
 
 // Polygons
@@ -115,46 +115,46 @@ static ModelPoint Snapped(Pointer at) {
     return m;
 }
 
-void PressFirstPoint(MainWindow &main, Pointer at) {
+void PressFirstPoint(Workbench &bench, Pointer at) {
     const ModelPoint m = Snapped(at);
     PolyCount = 0;
     AddPolyPoint(m);
     PickStage = 1;
     const ScreenPoint p = ToScreen(m);
     Anchor(p);
-    StartLine(main, 1, p);
-    MoveStart(main, 2, p);
+    StartLine(bench, 1, p);
+    MoveStart(bench, 2, p);
 }
 
-void FillPolygonSoFar(MainWindow &main) {
+void FillPolygonSoFar(Workbench &bench) {
     if (CommandState != kPolygon || PickStage <= 0 || PolyCount < 2)
         return;
     for (int k = 1; k <= PolyCount; ++k)
         PutPoint(k, ToScreen({PolyX[k], PolyY[k]}));
-    FillPolygonHatched(main.scr(), PolyCount, 15, 1, 1);
+    FillPolygonHatched(bench.scr(), PolyCount, 15, 1, 1);
 }
 
-void PressNextPoint(MainWindow &main, Pointer at) {
+void PressNextPoint(Workbench &bench, Pointer at) {
     const double scale = PlateScale;
     const ModelPoint m = Snapped(at);
-    main.DrawPlateView();
+    bench.DrawPlateView();
     const ScreenPoint p = ToScreen(m);
     AddPolyPoint(m);
-    main.window.SetLine(RubberLine(1), {p.x, p.y, p.x, p.y});
-    MoveEnd(main, 2, p);
+    bench.window.SetLine(RubberLine(1), {p.x, p.y, p.x, p.y});
+    MoveEnd(bench, 2, p);
     if (PlateScale != scale)
-        MoveStart(main, 2, ToScreen({PolyX[1], PolyY[1]}));
-    main.window.SetLineStyle(RubberLine(2), RubberStyle::Dashed);
-    main.window.Show(RubberLine(2), true);
-    FillPolygonSoFar(main);
+        MoveStart(bench, 2, ToScreen({PolyX[1], PolyY[1]}));
+    bench.window.SetLineStyle(RubberLine(2), RubberStyle::Dashed);
+    bench.window.Show(RubberLine(2), true);
+    FillPolygonSoFar(bench);
     Anchor(p);
 }
 
 // Also with a single point: wanted.
-void EndPolygon(MainWindow &main) {
-    HideBand(main);
+void EndPolygon(Workbench &bench) {
+    HideBand(bench);
     PickStage = 0;
-    ShowPolygonConfirm(main);
+    ShowPolygonConfirm(bench);
 }
 
 // Cuts
@@ -164,29 +164,29 @@ static void PutCutPoint(int k, ModelPoint m) {
     CutLineY[k] = m.y;
 }
 
-void PressCutStart(MainWindow &main, Pointer at) {
+void PressCutStart(Workbench &bench, Pointer at) {
     const ModelPoint m = Snapped(at);
     PutCutPoint(1, m);
     PickStage = 1;
     const ScreenPoint p = ToScreen(m);
     Anchor(p);
-    StartLine(main, 1, p);
+    StartLine(bench, 1, p);
 }
 
 // Without success the first point stays, and the next press tries another second one.
-void PressCutEnd(MainWindow &main, Pointer at) {
+void PressCutEnd(Workbench &bench, Pointer at) {
     PutCutPoint(2, Snapped(at));
     int degisti = 0;
-    PlakKes({{CutLineX[1], CutLineY[1]}, {CutLineX[2], CutLineY[2]}}, degisti, main);
+    PlakKes({{CutLineX[1], CutLineY[1]}, {CutLineX[2], CutLineY[2]}}, degisti, bench.meshing);
     if (degisti != 1) {
         Anchor({at.x, at.y});
         return;
     }
     PickStage = 0;
     CommandState = kIdle;
-    main.window.Show(RubberLine(1), false);
-    main.HideLabel1();
-    main.window.SetChecked(Check2(7), false);
+    bench.window.Show(RubberLine(1), false);
+    bench.HideLabel1();
+    bench.window.SetChecked(kCutTool, false);
 }
 
 } // namespace havuz

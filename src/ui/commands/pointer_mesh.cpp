@@ -10,79 +10,79 @@
 
 namespace havuz {
 
-static void ShowBeside(MainWindow &main, const std::string &text, Pointer at) {
-    main.ShowLabel(text, at.x + 10.0, at.y + 20.0);
+static void ShowBeside(Workbench &bench, const std::string &text, Pointer at) {
+    bench.ShowLabel(text, at.x + 10.0, at.y + 20.0);
 }
 
 static std::string NodeNote() { return "Nokta:" + std::to_string(SeciliNo); }
 
-void PressPointLoad(MainWindow &main, Pointer /*at*/) {
+void PressPointLoad(Workbench &bench, Pointer /*at*/) {
     if (SeciliNo > 0)
-        ShowPointLoad(main);
+        ShowPointLoad(bench);
 }
 
-void PressSupport(MainWindow &main, Pointer /*at*/) {
+void PressSupport(Workbench &bench, Pointer /*at*/) {
     if (SeciliNo > 0)
-        ShowSupportType(main);
+        ShowSupportType(bench);
 }
 
-void MoveOverNodes(MainWindow &main, Pointer at) {
+void MoveOverNodes(Workbench &bench, Pointer at) {
     PickNode(at.x, at.y);
     if (SeciliNo > 0)
-        ShowBeside(main, NodeNote(), at);
+        ShowBeside(bench, NodeNote(), at);
     else
-        main.HideLabel1();
+        bench.HideLabel1();
 }
 
-void PressMeshOnOff(MainWindow &main, Pointer /*at*/) {
+void PressMeshOnOff(Workbench &bench, Pointer /*at*/) {
     if (SeciliNo <= 0)
         return;
     MeshRecord &mesh = MeshTable[SeciliNo];
     mesh.Sil = std::abs(1 - mesh.Sil);
-    main.DrawMeshView();
+    bench.DrawMeshView();
 }
 
-void MoveOverMeshes(MainWindow &main, Pointer at) {
+void MoveOverMeshes(Workbench &bench, Pointer at) {
     std::string note;
     PickMesh(at.x, at.y, note);
     if (SeciliNo > 0)
-        ShowBeside(main, note, at);
+        ShowBeside(bench, note, at);
     else
-        main.HideLabel1();
+        bench.HideLabel1();
 }
 
-void PressTakeNode(MainWindow &main, Pointer /*at*/) {
+void PressTakeNode(Workbench &bench, Pointer /*at*/) {
     if (SeciliNo <= 0)
         return;
     PickStage = 1;
-    BeginNodeMove(main);
+    BeginNodeMove(bench.view);
 }
 
-void PressPlaceNode(MainWindow &main, Pointer at) {
+void PressPlaceNode(Workbench &bench, Pointer at) {
     PickStage = 0;
-    FinishNodeMove(at.x, at.y, main.scr(), main);
-    HidePol(main);
+    FinishNodeMove(at.x, at.y, bench.scr(), bench.view);
+    HidePol(bench);
 }
 
-void MoveOverTakable(MainWindow &main, Pointer at) {
+void MoveOverTakable(Workbench &bench, Pointer at) {
     PickNode(at.x, at.y);
-    ShowBeside(main, SeciliNo > 0 ? NodeNote() : "Nokta secin", at);
+    ShowBeside(bench, SeciliNo > 0 ? NodeNote() : "Nokta secin", at);
 }
 
 // The note is the bare text: its numbers are not filled in, wanted.
-void MoveTakenNode(MainWindow &main, Pointer at) {
+void MoveTakenNode(Workbench &bench, Pointer at) {
     for (int i = 1; i <= NeighbourNodeCount; ++i) {
-        LineEnds ends = main.window.Line(Pol(i));
+        LineEnds ends = bench.window.Line(Pol(i));
         ends.x1 = at.x;
         ends.y1 = at.y;
-        main.window.SetLine(Pol(i), ends);
+        bench.window.SetLine(Pol(i), ends);
     }
-    ShowBeside(main, "X=,Y=", at);
+    ShowBeside(bench, "X=,Y=", at);
 }
 
-void HidePol(MainWindow &main) {
+void HidePol(Workbench &bench) {
     for (int i = 0; i <= kPolLast; ++i)
-        main.window.Show(Pol(i), false);
+        bench.window.Show(Pol(i), false);
 }
 
 } // namespace havuz

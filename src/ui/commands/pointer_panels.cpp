@@ -37,37 +37,37 @@ void SnapToPanelCorner(double &mx, double &my) {
 // Rubber band
 
 // Line1 the side at the start's height, Line2 the one at the end's, Line3 and Line4 the sides left and right of them.
-static void PlaceBand(MainWindow &main, ScreenPoint from, ScreenPoint to) {
-    main.window.SetLine(RubberLine(1), {from.x, from.y, to.x, from.y});
-    main.window.SetLine(RubberLine(2), {from.x, to.y, to.x, to.y});
-    main.window.SetLine(RubberLine(3), {from.x, from.y, from.x, to.y});
-    main.window.SetLine(RubberLine(4), {to.x, from.y, to.x, to.y});
+static void PlaceBand(Workbench &bench, ScreenPoint from, ScreenPoint to) {
+    bench.window.SetLine(RubberLine(1), {from.x, from.y, to.x, from.y});
+    bench.window.SetLine(RubberLine(2), {from.x, to.y, to.x, to.y});
+    bench.window.SetLine(RubberLine(3), {from.x, from.y, from.x, to.y});
+    bench.window.SetLine(RubberLine(4), {to.x, from.y, to.x, to.y});
 }
 
-void ShowBand(MainWindow &main, ScreenPoint from, ScreenPoint to) {
-    PlaceBand(main, from, to);
+void ShowBand(Workbench &bench, ScreenPoint from, ScreenPoint to) {
+    PlaceBand(bench, from, to);
     for (int i = 1; i <= 4; ++i)
-        main.window.Show(RubberLine(i), true);
+        bench.window.Show(RubberLine(i), true);
 }
 
-void HideBand(MainWindow &main) {
+void HideBand(Workbench &bench) {
     for (int i = 1; i <= 4; ++i)
-        main.window.Show(RubberLine(i), false);
+        bench.window.Show(RubberLine(i), false);
 }
 
 // Panels
 
-void PlakAraAt(MainWindow &main, Pointer at) { PlakAra(main, at.x, at.y); }
+void PlakAraAt(Workbench &bench, Pointer at) { PlakAra(bench, at.x, at.y); }
 
 // The second number carries the view's offset, in the text only: wanted.
-void PressTakePanel(MainWindow &main, Pointer at) {
+void PressTakePanel(Workbench &bench, Pointer at) {
     if (SelectedPanel <= 0)
         return;
     PickStage = 1;
-    main.DrawPlateView();
+    bench.DrawPlateView();
     const ModelPoint m = ToModel({at.x, at.y});
-    main.ShowLabel("X=" + PictureText(m.x, kNotePicture) + "Y=" + PictureText(m.y + PlateOffsetY, kNotePicture),
-                   at.x + 10.0, at.y + 20.0);
+    bench.ShowLabel("X=" + PictureText(m.x, kNotePicture) + "Y=" + PictureText(m.y + PlateOffsetY, kNotePicture),
+                    at.x + 10.0, at.y + 20.0);
 }
 
 // The record that takes the corners: a new one behind the last for a copy. A plate names none: Subscript.
@@ -75,7 +75,7 @@ static PanelRecord &TargetPanel() {
     return CommandState == kPanelCopy ? PanelTable[PanelCount + 1] : PanelTable[SelectedPanel];
 }
 
-void PressFirstCorner(MainWindow &main, Pointer at) {
+void PressFirstCorner(Workbench &bench, Pointer at) {
     if (SelectedPanel <= 0)
         return;
     PanelRecord &target = TargetPanel();
@@ -85,7 +85,7 @@ void PressFirstCorner(MainWindow &main, Pointer at) {
     target.X[1] = m.x;
     target.Y[1] = m.y;
     const ScreenPoint corner = ToScreen(m);
-    ShowBand(main, corner, corner);
+    ShowBand(bench, corner, corner);
 }
 
 // The three snaps work on the same variables, so that a later one can move what an earlier one set: wanted. The levels
@@ -101,7 +101,7 @@ static void PutCorners(PanelRecord &target, double mx1, double my1, double mx2, 
     }
 }
 
-void PressSecondCorner(MainWindow &main, Pointer at) {
+void PressSecondCorner(Workbench &bench, Pointer at) {
     if (SelectedPanel <= 0)
         return;
     const ModelPoint m = ToModel({at.x, at.y});
@@ -112,71 +112,71 @@ void PressSecondCorner(MainWindow &main, Pointer at) {
         ++PanelCount;
     }
     PutCorners(target, mx1, my1, m.x, m.y);
-    HideBand(main);
+    HideBand(bench);
     PickStage = 0;
     SelectedPanel = 0;
-    main.RefreshBounds();
-    main.DrawPlateView();
+    bench.RefreshBounds();
+    bench.DrawPlateView();
 }
 
 // Only the ends that follow the pointer move.
-void MoveBand(MainWindow &main, Pointer at) {
-    const LineEnds first = main.window.Line(RubberLine(1));
-    PlaceBand(main, {first.x1, first.y1}, {at.x, at.y});
+void MoveBand(Workbench &bench, Pointer at) {
+    const LineEnds first = bench.window.Line(RubberLine(1));
+    PlaceBand(bench, {first.x1, first.y1}, {at.x, at.y});
     const ModelPoint m = ToModel({at.x, at.y});
-    main.ShowLabel("X=" + PictureText(m.x, kNotePicture) + " Y=" + PictureText(m.y, kNotePicture), at.x + 10.0,
-                   at.y + 20.0);
+    bench.ShowLabel("X=" + PictureText(m.x, kNotePicture) + " Y=" + PictureText(m.y, kNotePicture), at.x + 10.0,
+                    at.y + 20.0);
 }
 
 // On a plate nothing is shifted, and the last panel goes: wanted. Without any panel there is none to go.
-void PressDeletePanel(MainWindow &main, Pointer /*at*/) {
+void PressDeletePanel(Workbench &bench, Pointer /*at*/) {
     if (SelectedPanel <= 0 || PanelCount == 0)
         return;
     for (int i = SelectedPanel; i < PanelCount; ++i)
         PanelTable[i] = PanelTable[i + 1];
     --PanelCount;
     SelectedPanel = 0;
-    main.RefreshBounds();
-    main.DrawPlateView();
+    bench.RefreshBounds();
+    bench.DrawPlateView();
 }
 
 // Edges
 
-void KenarAraAt(MainWindow &main, Pointer at) { KenarAra(main, at.x, at.y); }
+void KenarAraAt(Workbench &bench, Pointer at) { KenarAra(bench, at.x, at.y); }
 
-void HoverEdges(MainWindow &main, Pointer at) {
-    KenarAra(main, at.x, at.y);
+void HoverEdges(Workbench &bench, Pointer at) {
+    KenarAra(bench, at.x, at.y);
     EdgeDragActive = 0;
 }
 
-void PressFixEdge(MainWindow &main, Pointer /*at*/) {
+void PressFixEdge(Workbench &bench, Pointer /*at*/) {
     if (EdgeHitCount <= 0)
         return;
     SabitTuru = NoktaModu;
     PickStage = 0;
     EdgeDragFixed = 1;
-    main.Prompt(kMovePrompt);
+    bench.Prompt(kMovePrompt);
 }
 
-void PressTakeEdge(MainWindow &main, Pointer /*at*/) {
+void PressTakeEdge(Workbench &bench, Pointer /*at*/) {
     if (EdgeHitCount <= 0)
         return;
     SelectedPanel = 0;
     PickStage = 1;
-    main.DrawPlateView();
-    main.HideLabel1();
+    bench.DrawPlateView();
+    bench.HideLabel1();
     EdgeDragActive = -1;
     SurukleBasladi = 0;
 }
 
-void PressEdgeSupport(MainWindow &main, Pointer /*at*/) {
+void PressEdgeSupport(Workbench &bench, Pointer /*at*/) {
     if (SelectedPanel <= 0 || ItemIsPlate(SelectedPanel))
         return;
     Int16 &held = PanelTable[SelectedPanel].KenarMesnet[SeciliKenar];
     held = held > 0 ? 0 : 1;
     SelectedPanel = 0;
     EdgeHitCount = 0;
-    main.DrawPlateView();
+    bench.DrawPlateView();
     ClearEdgeState();
 }
 
@@ -194,50 +194,50 @@ static PointerShape DragShape() {
     return KenarYonu == 1 ? PointerShape::NorthSouth : PointerShape::WestEast;
 }
 
-static void WaitAtMarker(MainWindow &main, Pointer at) {
+static void WaitAtMarker(Workbench &bench, Pointer at) {
     if (!AtMarker(at)) {
-        main.window.SetPointerShape(PointerShape::Default);
+        bench.window.SetPointerShape(PointerShape::Default);
         EdgeDragActive = 0;
-        main.HideLabel1();
+        bench.HideLabel1();
         return;
     }
     if (at.left) {
-        KenarSurukle(main, at.x, at.y);
+        KenarSurukle(bench, at.x, at.y);
         EdgeDragActive = 1;
     }
-    main.window.Show(kLabel1, true);
-    main.window.SetPointerShape(DragShape());
+    bench.window.Show(kLabel1, true);
+    bench.window.SetPointerShape(DragShape());
 }
 
-static void EndDrag(MainWindow &main) {
-    main.window.SetPointerShape(PointerShape::Default);
-    main.HideLabel1();
-    HidePol(main);
+static void EndDrag(Workbench &bench) {
+    bench.window.SetPointerShape(PointerShape::Default);
+    bench.HideLabel1();
+    HidePol(bench);
     SelectedPanel = 0;
     EdgeHitCount = 0;
     PickStage = 0;
-    main.DrawPlateView();
+    bench.DrawPlateView();
     ClearEdgeState();
     SurukleBasladi = 0;
 }
 
-void MoveTakenEdge(MainWindow &main, Pointer at) {
+void MoveTakenEdge(Workbench &bench, Pointer at) {
     if (EdgeHitCount <= 0)
         return;
     if (EdgeDragActive == -1)
         EdgeDragActive = 0;
     else if (EdgeDragActive == 0)
-        WaitAtMarker(main, at);
+        WaitAtMarker(bench, at);
     else if (at.left)
-        KenarSurukle(main, at.x, at.y);
+        KenarSurukle(bench, at.x, at.y);
     else
-        EndDrag(main);
+        EndDrag(bench);
 }
 
-void ForgetEdges(MainWindow &main) {
+void ForgetEdges(Workbench &bench) {
     EdgeHitCount = 0;
-    main.DrawPlateView();
-    HidePol(main);
+    bench.DrawPlateView();
+    HidePol(bench);
 }
 
 } // namespace havuz

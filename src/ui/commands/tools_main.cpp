@@ -9,6 +9,7 @@
 #include "ui/commands/tools.h"
 #include "ui/forms/dialogs.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace havuz {
@@ -17,49 +18,49 @@ static std::string OutputProgram() { return ProgramDizini + "/RAPORCU.EXE"; }
 
 // Jobs
 
-void AutoMeshTool(MainWindow &main) {
-    main.window.SetItems(kDyukList, {});
-    main.RunEdit("AUTO MESH", [&main] { AutoMesh(main); });
+void AutoMeshTool(Workbench &bench) {
+    bench.window.SetItems(kDyukList, {});
+    bench.RunEdit("AUTO MESH", [&bench] { AutoMesh(bench.meshing); });
 }
 
 // No other command can start while it runs, though it lets pending events through.
-void RunAnalysis(MainWindow &main) {
-    main.ShowFrame(3, false);
-    main.window.EnableForm(kMain, false);
-    AnalysisRun({ProjeYolu, CalismaDizini + "/WORKPOOL", OutputProgram()}, main);
+void RunAnalysis(Workbench &bench) {
+    bench.view.ShowFrame(3, false);
+    bench.window.EnableForm(kMain, false);
+    AnalysisRun({ProjeYolu, CalismaDizini + "/WORKPOOL", OutputProgram()}, bench.analysis);
 }
 
-void ShowResults(MainWindow &main) {
+void ShowResults(Workbench &bench) {
     if (ResultsBeside(ProjeYolu) == ResultState::Older)
-        main.window.ReportError("havuz: " + ProjeYolu + ".SON: of an older model");
-    main.window.StartProgram(OutputProgram(), ProjeYolu);
-    main.window.EndProgram(0);
+        bench.window.ReportError("havuz: " + ProjeYolu + ".SON: of an older model");
+    bench.window.StartProgram(OutputProgram(), ProjeYolu);
+    bench.window.EndProgram(0);
 }
 
 // The window is then as at the start: plan, plate view, nothing hidden.
-void NewProject(MainWindow &main) {
+void NewProject(Workbench &bench) {
     ClearModel();
     if (IsoView == 1)
-        main.TakePlan();
+        bench.TakePlan();
     ZoomPending = 0;
     NodesHidden = 0;
-    main.DrawPlateView();
+    bench.DrawPlateView();
 }
 
-void SaveProjectAs(MainWindow &main) {
+void SaveProjectAs(Workbench &bench) {
     if (ProjeAdi.empty())
         ProjeAdi = "HAVUZ";
-    ShowSaveName(main);
+    ShowSaveName(bench);
 }
 
-void ExportSapTool(MainWindow &main) {
-    ExportSap(main);
-    main.ClearTool(12);
+void ExportSapTool(Workbench &bench) {
+    ExportSap(bench.files);
+    bench.ClearTool(kSapTool);
 }
 
-void ExportStaadTool(MainWindow &main) {
-    ExportStaad(main);
-    main.ClearTool(13);
+void ExportStaadTool(Workbench &bench) {
+    ExportStaad(bench.files);
+    bench.ClearTool(kStaadTool);
 }
 
 // Top bar
@@ -71,15 +72,15 @@ static std::string HelpFile(const std::string &executable) {
     return dollar && FileExists(own) ? own : ProgramDizini + "/vek9.chm";
 }
 
-void OnTopBar(MainWindow &main, int index) {
-    if (index == 0) {
-        ShowEndConfirm(main);
-    } else if (index == 1) {
-        main.window.Minimise(kMain);
-    } else if (index == 2) {
-        const std::string help = HelpFile(main.executable());
+void OnTopBar(Workbench &bench, Element button) {
+    if (button == kEndButton) {
+        ShowEndConfirm(bench);
+    } else if (button == kMinimiseButton) {
+        bench.window.Minimise(kMain);
+    } else if (button == kHelpButton) {
+        const std::string help = HelpFile(bench.executable());
         if (FileExists(help))
-            main.window.OpenHelp(FindFile(help));
+            bench.window.OpenHelp(FindFile(help));
     }
 }
 
@@ -89,23 +90,26 @@ static constexpr Colour kHotColour = Rgb(255, 200, 150);
 
 static int &Hot(ToolGroup group) { return HotTool[static_cast<std::size_t>(group)]; }
 
-static void Cool(MainWindow &main, ToolGroup group) {
-    if (Hot(group) >= 0)
-        main.window.SetColour(ToolButton(group, Hot(group)), kButtonColour);
+static void Cool(Workbench &bench, ToolGroup group) {
+    for (const ToolRow &tool : Tools())
+        if (tool.group == group && tool.button.index == Hot(group))
+            bench.window.SetColour(tool.button, kButtonColour);
     Hot(group) = -1;
 }
 
-void OnToolHover(MainWindow &main, ToolGroup group, int index) {
-    Cool(main, group);
-    main.window.SetColour(ToolButton(group, index), kHotColour);
-    Hot(group) = index;
+void OnToolHover(Workbench &bench, const ToolRow &tool) {
+    Cool(bench, tool.group);
+    bench.window.SetColour(tool.button, kHotColour);
+    Hot(tool.group) = tool.button.index;
 }
 
-void OnHoverTimer(MainWindow &main) {
-    const Element under = main.window.ElementAt(main.window.PointerPosition());
-    for (const ToolGroup group : {ToolGroup::View, ToolGroup::Mesh, ToolGroup::Plate, ToolGroup::Main})
-        if (Hot(group) >= 0 && ToolButton(group, Hot(group)) != under)
-            Cool(main, group);
+void OnHoverTimer(Workbench &bench) {
+    if (std::all_of(HotTool.begin(), HotTool.end(), [](int hot) { return hot < 0; }))
+        return;
+    const Element under = bench.window.ElementAt(bench.window.PointerPosition());
+    for (const ToolRow &tool : Tools())
+        if (tool.button.index == Hot(tool.group) && tool.button != under)
+            Cool(bench, tool.group);
 }
 
 } // namespace havuz

@@ -9,109 +9,109 @@ namespace havuz {
 
 static constexpr double kTurn = 0.2; // radians a click
 
-static void RedrawAll(MainWindow &main) {
-    main.RedrawView();
-    RefreshOverview(main);
+static void RedrawAll(Workbench &bench) {
+    bench.RedrawView();
+    RefreshOverview(bench.view);
 }
 
 // View commands
 
-void ZoomAll(MainWindow &main) { RedrawAll(main); }
+void ZoomAll(Workbench &bench) { RedrawAll(bench); }
 
-void ZoomWin(MainWindow & /*main*/) {
+void ZoomWin(Workbench & /*bench*/) {
     ZoomPending = 1;
     PickStage = 0;
 }
 
-void TurnIsometric(MainWindow &main) {
+void TurnIsometric(Workbench &bench) {
     SelectedPanel = 0;
     if (IsoView == 1)
-        main.TakePlan();
+        bench.TakePlan();
     else
-        main.TakeRotated();
-    RedrawAll(main);
+        bench.TakeRotated();
+    RedrawAll(bench);
 }
 
-static void Rotate(MainWindow &main, double by) {
+static void Rotate(Workbench &bench, double by) {
     if (IsoView != 1)
         return;
     ViewAngleB = ViewAngleB + by;
-    RedrawAll(main);
+    RedrawAll(bench);
 }
 
-void RotateLeft(MainWindow &main) { Rotate(main, -kTurn); }
-void RotateRight(MainWindow &main) { Rotate(main, kTurn); }
+void RotateLeft(Workbench &bench) { Rotate(bench, -kTurn); }
+void RotateRight(Workbench &bench) { Rotate(bench, kTurn); }
 
 // The drawing sets GorunusModu, so that without meshes the plate view stays the current one.
-void SwitchView(MainWindow &main) {
+void SwitchView(Workbench &bench) {
     if (!(HavuzTip < 6))
         return;
-    main.HideLabel1();
-    main.Prompt("");
+    bench.HideLabel1();
+    bench.Prompt("");
     SelectedPanel = 0;
     CommandState = kIdle;
-    UncheckMeshTools(main);
-    UncheckPlateTools(main, 4);
+    UncheckMeshTools(bench);
+    UncheckPlateTools(bench, kEdgeSupportTool);
     if (GorunusModu == 1 && MeshCount > 0)
-        main.DrawMeshView();
+        bench.DrawMeshView();
     else
-        main.DrawPlateView();
+        bench.DrawPlateView();
 }
 
 // Mesh tools
 
-void ShowResultOptions(MainWindow &main) { main.ShowFrame(3, true); }
+void ShowResultOptions(Workbench &bench) { bench.view.ShowFrame(3, true); }
 
-void HideNodes(MainWindow &main) {
+void HideNodes(Workbench &bench) {
     NodesHidden = std::abs(NodesHidden - 1);
-    main.RedrawView();
+    bench.RedrawView();
 }
 
 // Plate tools
 
-static void WaitForFixedItem(MainWindow &main) {
+static void WaitForFixedItem(Workbench &bench) {
     PickStage = -1;
-    main.Prompt(kFixedPrompt);
+    bench.Prompt(kFixedPrompt);
 }
 
-void StartEdgeMove(MainWindow &main) {
+void StartEdgeMove(Workbench &bench) {
     ClearEdgeState();
     if (IsoView != 1) {
-        ShowPalette(main, kTool3);
+        ShowPalette(bench, kTool3);
         return;
     }
-    ShowPalette(main, kTool2);
-    if (main.window.Checked(Tool2Option(0)))
-        WaitForFixedItem(main);
+    ShowPalette(bench, kTool2);
+    if (bench.window.Checked(Tool2Option(0)))
+        WaitForFixedItem(bench);
 }
 
 // Option 2 needs no fixed item, as option 1.
-void OnTool2Option(MainWindow &main, int index) {
+void OnTool2Option(Workbench &bench, int index) {
     if (index == 0) {
-        WaitForFixedItem(main);
+        WaitForFixedItem(bench);
     } else {
         PickStage = 0;
-        main.Prompt(kMovePrompt);
+        bench.Prompt(kMovePrompt);
     }
     const bool marked = EdgeHitCount > 0;
     ClearEdgeState();
     if (marked)
-        main.DrawPlateView();
+        bench.DrawPlateView();
 }
 
 // The note waits beyond the left edge until the pointer moves.
-static void PrepareLabel(MainWindow &main) { main.ShowLabel("", -50, 0); }
+static void PrepareLabel(Workbench &bench) { bench.ShowLabel("", -50, 0); }
 
-void StartVerticalPlate(MainWindow &main) {
-    PrepareLabel(main);
-    ShowPalette(main, kTool1);
+void StartVerticalPlate(Workbench &bench) {
+    PrepareLabel(bench);
+    ShowPalette(bench, kTool1);
 }
 
-void StartPolygon(MainWindow &main) {
-    StartVerticalPlate(main);
+void StartPolygon(Workbench &bench) {
+    StartVerticalPlate(bench);
     PolyCount = 0;
 }
 
-void StartPolygonCut(MainWindow &main) { PrepareLabel(main); }
+void StartPolygonCut(Workbench &bench) { PrepareLabel(bench); }
 
 } // namespace havuz

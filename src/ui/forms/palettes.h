@@ -5,6 +5,6 @@
 
 namespace havuz {
 
-void AddPalettes(MainWindow &main, std::vector<std::unique_ptr<Form>> &forms);
+void AddPalettes(Workbench &bench, std::vector<std::unique_ptr<Form>> &forms);
 
 } // namespace havuz

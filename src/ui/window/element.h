@@ -37,13 +37,30 @@ constexpr Element Check2(int index) { return {kMain, "Check2", index}; }
 constexpr Element ChkButton(int index) { return {kMain, "ChkButton", index}; }
 constexpr Element Option1(int index) { return {kMain, "Option1", index}; }
 constexpr Element Frame(int index) { return {kMain, "Frame", index}; }
-constexpr Element TopBar(int index) { return {kMain, "TopBar", index}; } // 0 end, 1 minimise, 2 help
-constexpr Element Pol(int index) { return {kMain, "pol", index}; }       // rubber lines to neighbours
-constexpr Element RubberLine(int number) {                               // Line1 .. Line4
+constexpr Element TopBar(int index) { return {kMain, "TopBar", index}; }
+constexpr Element Pol(int index) { return {kMain, "pol", index}; } // rubber lines to neighbours
+constexpr Element RubberLine(int number) {                         // Line1 .. Line4
     constexpr std::string_view name[] = {"Line1", "Line2", "Line3", "Line4"};
     return {kMain, name[number - 1], 0};
 }
 inline constexpr int kPolLast = 50;
+
+// The tool buttons by name (ui/commands/tools.cpp says what each does), and those of the top bar.
+// clang-format off
+inline constexpr Element kZoomAllTool = Command(0), kZoomWinTool = Command(1), kIsometricTool = Command(2),
+    kTurnLeftTool = Command(3), kTurnRightTool = Command(4), kPlateMeshTool = Command(5);
+inline constexpr Element kPointLoadTool = Check1(0), kSupportTool = Check1(1), kMeshOnOffTool = Check1(2),
+    kNodeMoveTool = Check1(3), kHideNodesTool = Check1(4);
+inline constexpr Element kPanelCopyTool = Check2(0), kPanelMoveTool = Check2(1), kPanelDeleteTool = Check2(2),
+    kEdgeMoveTool = Check2(3), kEdgeSupportTool = Check2(4), kVerticalPlateTool = Check2(5),
+    kPolygonTool = Check2(6), kCutTool = Check2(7);
+inline constexpr Element kGeneralDataTool = ChkButton(0), kMaterialTool = ChkButton(1), kLibraryTool = ChkButton(2),
+    kPanelTableTool = ChkButton(3), kAutoMeshTool = ChkButton(4), kMeshTableTool = ChkButton(5),
+    kNodeTableTool = ChkButton(6), kAnalysisTool = ChkButton(7), kResultsTool = ChkButton(8),
+    kNewTool = ChkButton(9), kOpenTool = ChkButton(10), kSaveTool = ChkButton(11), kSapTool = ChkButton(12),
+    kStaadTool = ChkButton(13);
+inline constexpr Element kEndButton = TopBar(0), kMinimiseButton = TopBar(1), kHelpButton = TopBar(2);
+// clang-format on
 
 // Elements of the palettes and of the overview that the command machine itself reads or moves
 constexpr Element Tool1Text(int index) {

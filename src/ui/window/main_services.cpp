@@ -7,7 +7,6 @@
 #include "ui/forms/dialogs.h"
 #include "ui/window/command_state.h"
 #include "ui/window/main_window.h"
-#include "view/fit.h"
 #include "view/overview.h"
 #include "view/plate_drawing.h"
 #include "view/projection.h"
@@ -44,20 +43,14 @@ void MainWindow::PutFirstState() {
     for (const Field &field : MainFields().fields)
         if (!field.shown)
             window.Show({kMain, field.name, field.index}, false);
-    window.Enable(ChkButton(7), false);
-    window.Enable(ChkButton(8), false);
+    window.Enable(kAnalysisTool, false);
+    window.Enable(kResultsTool, false);
     TakeRotated();
 }
 
-void MainWindow::TakePlanState() {
-    window.Enable(Check1(3), true);
-    window.SetPicture(Command(2), 13);
-}
+void MainWindow::TakePlanState() { TakePlan(); }
 
-void MainWindow::ComputeExtents() {
-    RefreshBounds();
-    FitMeshView();
-}
+void MainWindow::ComputeExtents() { FitViews(); }
 
 void MainWindow::DrawMeshes() { DrawMeshView(); }
 void MainWindow::DrawPlates() { DrawPlateView(); }
@@ -74,7 +67,7 @@ void MainWindow::EndProgram(int status) {
 // A project that was read or written has a file. One below a directory with a "." in its name has its results
 // elsewhere, and is not found by the name that leads to them.
 void MainWindow::EnableAnalysis() {
-    window.Enable(ChkButton(7), true);
+    window.Enable(kAnalysisTool, true);
     const std::string file = FindFile(ProjeYolu + ".POL");
     if (!ProjeYolu.empty() && FileExists(file))
         window.RememberProject(std::filesystem::absolute(file).string());
@@ -82,14 +75,14 @@ void MainWindow::EnableAnalysis() {
 
 // Results of an older model can still be looked at, and it is said.
 void MainWindow::EnableResults(bool enabled) {
-    window.Enable(ChkButton(8), enabled);
+    window.Enable(kResultsTool, enabled);
     if (enabled && ResultsBeside(ProjeYolu) == ResultState::Older)
         TellOlderResults();
 }
 
 void MainWindow::TellOlderResults() { Prompt("SONUCLAR ESKI BIR MODELIN: FEA ANALIZI YENILER"); }
 
-void MainWindow::ShowViewPicture(int gorunusModu) { window.SetPicture(Command(5), gorunusModu == 1 ? 4 : 5); }
+void MainWindow::ShowViewPicture(int gorunusModu) { window.SetPicture(kPlateMeshTool, gorunusModu == 1 ? 4 : 5); }
 
 // Views
 
@@ -218,30 +211,35 @@ static void AddMany(FormFields &form, Field field, int last) {
 static void AddTools(FormFields &form) {
     for (const ToolRow &tool : Tools())
         form.fields.push_back({.kind = tool.group == ToolGroup::View ? FieldKind::Button : FieldKind::Toggle,
-                               .name = std::string(ToolButton(tool.group, tool.index).name),
-                               .index = tool.index,
+                               .name = std::string(tool.button.name),
+                               .index = tool.button.index,
                                .label = tool.tooltip,
-                               .group = ToolFrame(tool)});
+                               .group = ToolFrame(tool),
+                               .look = FieldLook::Tool});
 }
 
 static void AddFrames(FormFields &form) {
     for (int i = 0; i <= 6; ++i)
         form.fields.push_back({.kind = FieldKind::Frame, .name = "Frame", .index = i, .shown = i != 1 && i != 3});
     for (int i = 0; i < kResultOptions; ++i)
-        form.fields.push_back(
-            {.kind = FieldKind::Option, .name = "Option1", .index = i, .label = std::to_string(i + 1), .group = 3});
+        form.fields.push_back({.kind = FieldKind::Option,
+                               .name = "Option1",
+                               .index = i,
+                               .label = std::to_string(i + 1),
+                               .group = 3,
+                               .look = FieldLook::Tool});
 }
 
 FormFields MainFields() {
-    FormFields form{std::string(kMain), "HAVUZ", {}};
+    FormFields form{std::string(kMain), "HAVUZ", {}, FormKind::Main};
     form.fields = {{.kind = FieldKind::Picture, .name = "SCR"},
-                   {.kind = FieldKind::Button, .name = "SCR1", .label = "dinamik zoom"},
-                   {.kind = FieldKind::Label, .name = "VekTopBar"},
-                   {.kind = FieldKind::Label, .name = "ALTNOT"},
-                   {.kind = FieldKind::Label, .name = "Label1", .shown = false},
-                   {.kind = FieldKind::Label, .name = "ProgLab", .shown = false},
+                   {.kind = FieldKind::Button, .name = "SCR1", .label = "dinamik zoom", .look = FieldLook::Overview},
+                   {.kind = FieldKind::Label, .name = "VekTopBar", .look = FieldLook::TopBar},
+                   {.kind = FieldKind::Label, .name = "ALTNOT", .look = FieldLook::Prompt},
+                   {.kind = FieldKind::Label, .name = "Label1", .shown = false, .look = FieldLook::Floating},
+                   {.kind = FieldKind::Label, .name = "ProgLab", .shown = false, .look = FieldLook::Floating},
                    {.kind = FieldKind::Picture, .name = "VekProgBar", .shown = false}};
-    AddMany(form, {.kind = FieldKind::Button, .name = "TopBar"}, 2);
+    AddMany(form, {.kind = FieldKind::Button, .name = "TopBar", .look = FieldLook::Corner}, 2);
     AddTools(form);
     AddFrames(form);
     AddMany(form, {.kind = FieldKind::Line, .name = "pol", .shown = false}, kPolLast);

@@ -2,24 +2,17 @@
 // answers what the lower folders ask of a window; it keeps the rule for failures inside a handler.
 #pragma once
 
-#include "export/file_dialog.h"
-#include "fea/analysis_window.h"
-#include "mesh/mesh_window.h"
 #include "model/startup.h"
-#include "pool/pool_library.h"
 #include "ui/forms/form.h"
-#include "ui/window/window.h"
-#include "view/view_window.h"
+#include "ui/window/workbench.h"
 
-#include <functional>
 #include <map>
-#include <memory>
 #include <string>
-#include <vector>
 
 namespace havuz {
 
-class MainWindow final : public WindowEvents,
+class MainWindow final : public Workbench,
+                         public WindowEvents,
                          public StartWindow,
                          public ViewWindow,
                          public MeshWindow,
@@ -35,32 +28,6 @@ public:
     // The start sequence, then the prompt line tells of a recovery file that an earlier run left behind. A failure ends
     // the program (ProgramEnd).
     void Start(const std::string &commandLine);
-
-    Window &window;
-    Surface &scr() { return window.Canvas(kScr); }
-    const std::string &executable() const { return executable_; }
-    const std::vector<std::unique_ptr<Form>> &forms() const { return forms_; }
-    Form &form(std::string_view name); // Subscript when there is none
-
-    // Small operations that tools, pointer and dialogs share.
-    void Prompt(const std::string &text) { window.SetText(kAltnot, text); }
-    void ShowLabel(const std::string &text, double left, double top); // Label1
-    void HideLabel1() { window.Show(kLabel1, false); }
-    void RedrawView(); // whatever view is current
-    void DrawPlateView();
-    void DrawMeshView();
-    void RefreshBounds(); // PlateBoundsAndDepth
-    void TakeRotated();   // IsoView 1, Check1 (3) disabled, Command (2) with its rotated-view picture; draws nothing
-    void TakePlan();      // IsoView 0, Check1 (3) enabled, Command (2) with its plan picture; draws nothing
-    void RefreshSurface() { scr().Refresh(); }
-    void ClearTool(int index) { window.SetChecked(ChkButton(index), false); } // a main tool whose dialog has closed
-
-    // Runs a meshing or plate editing job: a RuntimeFailure inside it ends the command, not the program. The tables and
-    // counts are then as they were before, nothing is armed, the current view is drawn, and the prompt line says what
-    // failed. name: what the command is called there. Returns whether the job came to its end.
-    bool RunEdit(const std::string &name, const std::function<void()> &job);
-    // The same for a job that looks at the model and writes nothing of it: no copy is taken.
-    bool RunLook(const std::string &name, const std::function<void()> &job);
 
     // WindowEvents. A RuntimeFailure that comes out of a handler ends the program with status 1, one line on standard
     // error, and the model as it stands in KURTARMA.POL of the working directory.
@@ -141,11 +108,8 @@ public:
 private:
     template <class Handler>
     void guard(Handler handler);
-    void endCommand(const std::string &name, const RuntimeFailure &failure);
     [[noreturn]] void endByFailure(const RuntimeFailure &failure);
 
-    std::string executable_;
-    std::vector<std::unique_ptr<Form>> forms_;
     std::map<int, Colour> progressRows_;            // of the bar, as it was painted whole
     double overviewLeft_ = 0.0, overviewTop_ = 0.0; // where the overview opens next, twips
 };

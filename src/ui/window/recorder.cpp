@@ -65,7 +65,7 @@ std::string PathWord(const std::string &path) {
 
 // The tools that ask for the name of a file.
 bool AsksForFile(const Act &act) {
-    return act.kind == Act::Click && (act.element == ChkButton(12) || act.element == ChkButton(13));
+    return act.kind == Act::Click && (act.element == kSapTool || act.element == kStaadTool);
 }
 
 bool IsPlainMove(const Act &act) { return act.kind == Act::PointerMove && act.first == 0; }

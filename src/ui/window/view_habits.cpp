@@ -37,34 +37,34 @@ struct Change {
     }
 };
 
-void CarryLine(MainWindow &main, Element line, const Change &change) {
-    if (!main.window.Shown(line))
+void CarryLine(Workbench &bench, Element line, const Change &change) {
+    if (!bench.window.Shown(line))
         return;
-    LineEnds ends = main.window.Line(line);
+    LineEnds ends = bench.window.Line(line);
     change.carry(ends.x1, ends.y1);
     change.carry(ends.x2, ends.y2);
-    main.window.SetLine(line, ends);
+    bench.window.SetLine(line, ends);
 }
 
 // What an armed command keeps in pixels goes along with the view: picks, rubber lines, the caught edge's marker. The
 // pointer itself stands still in a zoom and goes along in a pan, so that the ends of the lines stay at it, and a
 // command can be gone on with at any stage.
-void CarryMarks(MainWindow &main, const Change &change) {
+void CarryMarks(Workbench &bench, const Change &change) {
     change.carry(AnchorX, AnchorY);
     change.carry(RubberX, RubberY);
     change.carry(EdgeMarkerX, EdgeMarkerY);
     for (int i = 1; i <= 4; ++i)
-        CarryLine(main, RubberLine(i), change);
+        CarryLine(bench, RubberLine(i), change);
     for (int i = 0; i <= kPolLast; ++i)
-        CarryLine(main, Pol(i), change);
+        CarryLine(bench, Pol(i), change);
 }
 
 // The current view under another transform. Unless it is kept, the one before comes back.
 class MovedView {
 public:
-    MovedView(MainWindow &main, Transform to) : main_(main), from_(CurrentTransform()), to_(to) {
+    MovedView(Workbench &bench, Transform to) : bench_(bench), from_(CurrentTransform()), to_(to) {
         SetTransform(to);
-        CarryMarks(main, {from_, to_});
+        CarryMarks(bench, {from_, to_});
         KeepZoom = KeepPlateFit = 1;
     }
     ~MovedView() {
@@ -72,42 +72,42 @@ public:
         if (kept_)
             return;
         SetTransform(from_);
-        CarryMarks(main_, {to_, from_});
+        CarryMarks(bench_, {to_, from_});
     }
     MovedView(const MovedView &) = delete;
     MovedView &operator=(const MovedView &) = delete;
     void keep() { kept_ = true; }
 
 private:
-    MainWindow &main_;
+    Workbench &bench_;
     Transform from_, to_;
     bool kept_ = false;
 };
 
-void DrawMoved(MainWindow &main) {
+void DrawMoved(Workbench &bench) {
     if (PlateViewNow()) {
-        main.DrawPlateView();
-        FillPolygonSoFar(main);
+        bench.DrawPlateView();
+        FillPolygonSoFar(bench);
         PlateViewMoved = 1;
     } else {
-        main.DrawMeshView();
+        bench.DrawMeshView();
         DragRotated = 0; // it is the full drawing that a turn still owes
     }
-    main.RefreshSurface();
+    bench.RefreshSurface();
 }
 
 // A place that no pixel number can hold ends the command, as any look at the model that fails: the view is then fitted.
-void MoveView(MainWindow &main, Transform to) {
-    main.RunLook("ZOOM", [&] {
-        MovedView moved(main, to);
-        DrawMoved(main);
+void MoveView(Workbench &bench, Transform to) {
+    bench.RunLook("ZOOM", [&] {
+        MovedView moved(bench, to);
+        DrawMoved(bench);
         moved.keep();
     });
 }
 
 } // namespace
 
-void ZoomAbout(MainWindow &main, int steps, double x, double y) {
+void ZoomAbout(Workbench &bench, int steps, double x, double y) {
     const Transform now = CurrentTransform();
     if (!(now.scale > 0.0)) // never drawn
         return;
@@ -117,21 +117,21 @@ void ZoomAbout(MainWindow &main, int steps, double x, double y) {
     if (scale == now.scale)
         return;
     const double ratio = scale / now.scale;
-    MoveView(main, {scale, x - (x - now.offsetX) * ratio, y - (y - now.offsetY) * ratio});
+    MoveView(bench, {scale, x - (x - now.offsetX) * ratio, y - (y - now.offsetY) * ratio});
 }
 
-void PanView(MainWindow &main, double dx, double dy) {
+void PanView(Workbench &bench, double dx, double dy) {
     const Transform now = CurrentTransform();
     if (now.scale > 0.0 && (dx != 0.0 || dy != 0.0))
-        MoveView(main, {now.scale, now.offsetX + dx, now.offsetY + dy});
+        MoveView(bench, {now.scale, now.offsetX + dx, now.offsetY + dy});
 }
 
-void SettlePlateView(MainWindow &main) {
+void SettlePlateView(Workbench &bench) {
     if (PlateViewMoved == 0 || KeepPlateFit == 1 || CommandState == kVerticalPlate)
         return;
     const Transform from{PlateScale, PlateOffsetX, PlateOffsetY};
-    main.RefreshBounds();
-    CarryMarks(main, {from, {PlateScale, PlateOffsetX, PlateOffsetY}});
+    bench.RefreshBounds();
+    CarryMarks(bench, {from, {PlateScale, PlateOffsetX, PlateOffsetY}});
     PlateViewMoved = 0;
 }
 

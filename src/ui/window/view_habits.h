@@ -2,7 +2,7 @@
 // the current view for a while: the next drawing that fits the view fits it again. Pixels of SCR.
 #pragma once
 
-#include "ui/window/main_window.h"
+#include "ui/window/workbench.h"
 
 namespace havuz {
 
@@ -10,13 +10,13 @@ inline constexpr double kZoomStep = 1.25;                           // a step of
 inline constexpr double kSmallestScale = 0.01, kLargestScale = 1e6; // pixels per m that the wheel goes to
 
 // Zooms by kZoomStep a step, in with steps above 0; the model point under (x, y) stands still.
-void ZoomAbout(MainWindow &main, int steps, double x, double y);
+void ZoomAbout(Workbench &bench, int steps, double x, double y);
 
 // Moves the picture by (dx, dy).
-void PanView(MainWindow &main, double dx, double dy);
+void PanView(Workbench &bench, double dx, double dy);
 
 // Comes before a drawing that fits the plate view: fits a view that was moved, and takes what waits on it in pixels to
 // its new place. An armed vertical plate keeps the view as it is, as its drawings do.
-void SettlePlateView(MainWindow &main);
+void SettlePlateView(Workbench &bench);
 
 } // namespace havuz
