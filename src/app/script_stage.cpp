@@ -43,12 +43,8 @@ Element Only(std::vector<Element> found, const std::string &words) {
 
 // Tools and result options stand in a panel that may be hidden; their group is its index.
 bool InSight(const Stage &stage, Element element) {
-    if (element.form != kMain)
-        return true;
-    for (const std::string_view name : {"Command", "Check1", "Check2", "ChkButton", "Option1"})
-        if (element.name == name)
-            return stage.window.state(Frame(stage.window.state(element).group)).shown;
-    return true;
+    const WindowState::ElementState &state = stage.window.state(element);
+    return state.look != FieldLook::Tool || stage.window.Shown(Frame(state.group));
 }
 
 } // namespace

@@ -1,9 +1,8 @@
-// What the dialogs share: their places, the colour of a field without the focus, how each joins the forms of the main
-// window. Twips.
+// What the dialogs share: how each joins the forms of the main window, the buttons that most end with.
 #pragma once
 
 #include "ui/forms/form.h"
-#include "ui/window/main_window.h"
+#include "ui/window/workbench.h"
 
 #include <memory>
 #include <string>
@@ -11,36 +10,34 @@
 
 namespace havuz {
 
-inline constexpr Place kToolPlace{800.0, 900.0};          // dialogs of the main tools
-inline constexpr Place kNodePlace{950.0, 1100.0};         // dialogs of the pointer
-inline constexpr Colour kLeftColour = Rgb(224, 224, 224); // a field that has lost the focus
-
 using Forms = std::vector<std::unique_ptr<Form>>;
 
 // One for each file of dialogs; in the order of the files' names.
-void AddMaterialDialog(MainWindow &main, Forms &forms);
-void AddMeshTable(MainWindow &main, Forms &forms);
-void AddNodeDialogs(MainWindow &main, Forms &forms);
-void AddNodeTable(MainWindow &main, Forms &forms);
-void AddPanelTable(MainWindow &main, Forms &forms);
-void AddPolygonDialog(MainWindow &main, Forms &forms);
-void AddPoolDataDialog(MainWindow &main, Forms &forms);
-void AddPoolLibraryDialog(MainWindow &main, Forms &forms);
-void AddProjectDialogs(MainWindow &main, Forms &forms);
-void AddRowPopup(MainWindow &main, Forms &forms);
+void AddMaterialDialog(Workbench &bench, Forms &forms);
+void AddMeshTable(Workbench &bench, Forms &forms);
+void AddNodeDialogs(Workbench &bench, Forms &forms);
+void AddNodeTable(Workbench &bench, Forms &forms);
+void AddPanelTable(Workbench &bench, Forms &forms);
+void AddPolygonDialog(Workbench &bench, Forms &forms);
+void AddPoolDataDialog(Workbench &bench, Forms &forms);
+void AddPoolLibraryDialog(Workbench &bench, Forms &forms);
+void AddProjectDialogs(Workbench &bench, Forms &forms);
+void AddRowPopup(Workbench &bench, Forms &forms);
 
 template <class Dialog>
-Dialog &DialogOf(MainWindow &main, std::string_view name) {
-    return dynamic_cast<Dialog &>(main.form(name));
+Dialog &DialogOf(Workbench &bench, std::string_view name) {
+    return dynamic_cast<Dialog &>(bench.form(name));
 }
 
 // Without its trailing blanks.
 inline std::string CutBlanks(const std::string &text) { return text.substr(0, text.find_last_not_of(' ') + 1); }
 
 // The two buttons that most dialogs end with.
-inline Field OkButton(int row) { return {.kind = FieldKind::Button, .name = "Tamam", .label = "TAMAM", .row = row}; }
+inline Field OkButton(int row) {
+    return {.kind = FieldKind::Button, .name = std::string(kConfirmButton), .label = "TAMAM", .row = row};
+}
 inline Field CancelButton(int row) {
-    return {.kind = FieldKind::Button, .name = "Iptal", .label = "IPTAL", .row = row, .column = 1};
+    return {.kind = FieldKind::Button, .name = std::string(kCancelButton), .label = "IPTAL", .row = row, .column = 1};
 }
 
 } // namespace havuz

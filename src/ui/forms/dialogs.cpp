@@ -6,19 +6,19 @@
 
 namespace havuz {
 
-std::vector<std::unique_ptr<Form>> MakeForms(MainWindow &main) {
+std::vector<std::unique_ptr<Form>> MakeForms(Workbench &bench) {
     Forms forms;
-    AddPoolDataDialog(main, forms);
-    AddMaterialDialog(main, forms);
-    AddPoolLibraryDialog(main, forms);
-    AddPanelTable(main, forms);
-    AddMeshTable(main, forms);
-    AddNodeTable(main, forms);
-    AddRowPopup(main, forms);
-    AddProjectDialogs(main, forms);
-    AddNodeDialogs(main, forms);
-    AddPolygonDialog(main, forms);
-    AddPalettes(main, forms);
+    AddPoolDataDialog(bench, forms);
+    AddMaterialDialog(bench, forms);
+    AddPoolLibraryDialog(bench, forms);
+    AddPanelTable(bench, forms);
+    AddMeshTable(bench, forms);
+    AddNodeTable(bench, forms);
+    AddRowPopup(bench, forms);
+    AddProjectDialogs(bench, forms);
+    AddNodeDialogs(bench, forms);
+    AddPolygonDialog(bench, forms);
+    AddPalettes(bench, forms);
     return forms;
 }
 

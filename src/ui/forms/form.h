@@ -1,7 +1,9 @@
 // The base of every dialog, palette and table: logic over window operations. What its boxes hold is kept by the window;
-// a form has no second copy. A form lives as long as its main window.
+// a form has no second copy. A form lives as long as its main window. What the table of forms says of a form - its
+// tool, its place, the colours of its boxes, what closes it - is done here.
 #pragma once
 
+#include "ui/forms/form_table.h"
 #include "ui/window/window.h"
 
 #include <string>
@@ -9,33 +11,37 @@
 
 namespace havuz {
 
-class MainWindow;
+class Workbench;
+
+inline constexpr Colour kLeftColour = Rgb(224, 224, 224); // a box that has lost the focus
 
 class Form {
 public:
-    Form(MainWindow &mainWindow, std::string name, std::string caption);
+    Form(Workbench &workbench, std::string_view name); // a name of the table of forms
     virtual ~Form() = default;
     Form(const Form &) = delete;
     Form &operator=(const Form &) = delete;
 
     const std::string &name() const { return name_; }
-    const std::string &caption() const { return caption_; }
+    const FormRow &row() const { return row_; }
 
     // Every element of the form, for the window to make it from.
     virtual std::vector<Field> fields() const = 0;
 
-    // Events of its elements: see WindowEvents. The base takes no notice.
-    virtual void OnClick(Element /*element*/) {}
-    virtual void OnFocus(Element /*element*/) {}
-    virtual void OnLostFocus(Element /*element*/) {}
+    // Events of its elements: see WindowEvents. The base takes TAMAM and IPTAL, and colours the boxes.
+    virtual void OnClick(Element element);
+    virtual void OnFocus(Element element);
+    virtual void OnLostFocus(Element element);
     virtual bool OnKey(Element /*element*/, Key /*key*/) { return false; }
     virtual void OnScroll(Element /*element*/) {}
     virtual void OnHover(Element /*element*/) {}
     virtual void OnDeactivate() {}
-    // Closed by other means than its buttons. The base hides it and enables the main window.
-    virtual void OnClose();
+    // Closed by other means than TAMAM.
+    virtual void OnClose() { close(); }
 
 protected:
+    virtual void confirm() { OnClose(); } // TAMAM
+
     Element at(std::string_view element, int index = 0) const; // element: a literal
     std::string text(std::string_view element, int index = 0) const;
     void setText(std::string_view element, int index, const std::string &text);
@@ -43,17 +49,21 @@ protected:
     void setChecked(std::string_view element, int index, bool checked);
     double number(std::string_view element, int index) const; // through ParseNumber
 
-    // Shows the form at a place in twips. A modeless form disables the main window when asked to.
-    void open(Place place, Modality modality, bool disableMain);
-    // Hides the form and enables the main window.
+    // Shows the form, its boxes without the focus; at a place of its own, in twips, where the table has none.
+    void open() { open(row_.place); }
+    void open(Place place);
+    // Hides the form and enables the main window; its tool comes up.
     void close();
     bool shown() const;
 
-    MainWindow &main;
+    Workbench &bench;
     Window &window;
 
 private:
-    std::string name_, caption_;
+    bool greys(Element element) const;
+
+    const FormRow &row_;
+    std::string name_;
 };
 
 } // namespace havuz

@@ -11,7 +11,6 @@ namespace havuz {
 
 namespace {
 
-constexpr int kTool = 1; // "malzeme bilgisi"
 constexpr int kDiameters = 13;
 constexpr int kStrengths = 5;
 constexpr int kUsualConcrete = 3, kUsualSteel = 1; // entries taken for a strength that the table lacks
@@ -36,7 +35,7 @@ int Entry(const Row<double, kStrengths> &table, double strength, int otherwise) 
 
 class MaterialDialog : public Form {
 public:
-    explicit MaterialDialog(MainWindow &owner) : Form(owner, "donsec", "HAVUZ  MALZEME SECIMI") {}
+    explicit MaterialDialog(Workbench &owner) : Form(owner, "donsec") {}
 
     std::vector<Field> fields() const override {
         std::vector<Field> fields = {
@@ -76,21 +75,14 @@ public:
             setChecked("Yuk", i, YukDurum[i] != 0.0);
         showStrengths();
         takeStrengths(); // opening alone brings Fck and Fyk into line with the tables: wanted
-        open(kToolPlace, Modality::Modeless, true);
+        open();
     }
 
     void OnClick(Element element) override {
         if (element.name == "Cap")
             showTick(element.index);
-        else if (element.name == "Tamam")
-            confirm();
-        else if (element.name == "Iptal")
-            OnClose();
-    }
-    void OnClose() override {
-        close();
-        main.ClearTool(kTool);
-        main.RefreshSurface();
+        else
+            Form::OnClick(element);
     }
 
 private:
@@ -132,7 +124,7 @@ private:
                 DonatiCaplari[++taken] = Diameter(button);
     }
 
-    void confirm() {
+    void confirm() override {
         takeDiameters();
         HesapYontem = checked("Yontem", 1) ? 0.0 : 1.0;
         for (int i = 0; i <= kYukDurumLast; ++i)
@@ -144,8 +136,8 @@ private:
 
 } // namespace
 
-void AddMaterialDialog(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<MaterialDialog>(main)); }
+void AddMaterialDialog(Workbench &bench, Forms &forms) { forms.push_back(std::make_unique<MaterialDialog>(bench)); }
 
-void ShowMaterialOptions(MainWindow &main) { DialogOf<MaterialDialog>(main, "donsec").show(); }
+void ShowMaterialOptions(Workbench &bench) { DialogOf<MaterialDialog>(bench, "donsec").show(); }
 
 } // namespace havuz

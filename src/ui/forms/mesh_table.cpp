@@ -14,16 +14,11 @@ constexpr TableColumn kColumns[] = {{"I", "I", kPicture},
                                     {"K", "K", kPicture},
                                     {"L", "L", kPicture},
                                     {"Acik", "on/off", nullptr}};
-constexpr TableKind kKind{"MESHBIL", "MESH BILGISI", "Mesh no", kColumns, "2", kMeshCapacity, 4990, 5};
+constexpr TableKind kKind{"MESHBIL", "Mesh no", kColumns, "2", kMeshCapacity, 4990};
 
 class MeshTableForm : public PagedTable {
 public:
-    explicit MeshTableForm(MainWindow &owner) : PagedTable(owner, kKind) {}
-
-    void OnClose() override {
-        close();
-        main.ClearTool(kKind.tool);
-    }
+    explicit MeshTableForm(Workbench &owner) : PagedTable(owner, kKind) {}
 
 private:
     static Int16 &corner(int record, int column) {
@@ -38,8 +33,8 @@ private:
 
 } // namespace
 
-void AddMeshTable(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<MeshTableForm>(main)); }
+void AddMeshTable(Workbench &bench, Forms &forms) { forms.push_back(std::make_unique<MeshTableForm>(bench)); }
 
-void ShowMeshTable(MainWindow &main) { DialogOf<MeshTableForm>(main, kKind.form).show(); }
+void ShowMeshTable(Workbench &bench) { DialogOf<MeshTableForm>(bench, kKind.form).show(); }
 
 } // namespace havuz

@@ -20,7 +20,7 @@ constexpr SupportButton kSupport[kSupportButtons] = {{4, "Z COKME", "Z COKME MES
 
 class SupportDialog : public Form {
 public:
-    explicit SupportDialog(MainWindow &owner) : Form(owner, "MESTIP", "") {}
+    explicit SupportDialog(Workbench &owner) : Form(owner, "MESTIP") {}
     std::vector<Field> fields() const override {
         std::vector<Field> fields;
         for (int i = 0; i < kSupportButtons; ++i)
@@ -41,21 +41,19 @@ public:
             setChecked("Mesnet", i, (NoktaTable[SeciliNo].Mesnet & kSupport[i].bit) != 0);
             showState(i);
         }
-        open(kNodePlace, Modality::Modeless, true);
+        open();
     }
     void OnClick(Element element) override {
         if (element.name == "Mesnet")
             showState(element.index);
-        else if (element.name == "Tamam")
-            confirm();
-        else if (element.name == "Iptal")
-            OnClose();
+        else
+            Form::OnClick(element);
     }
 
 private:
     void showState(int i) { setText("Mesnet", i, checked("Mesnet", i) ? kSupport[i].on : kSupport[i].off); }
 
-    void confirm() {
+    void confirm() override {
         int sum = 0;
         for (int i = 0; i < kSupportButtons; ++i)
             sum += checked("Mesnet", i) ? kSupport[i].bit : 0;
@@ -63,14 +61,14 @@ private:
         const bool changed = held != sum;
         held = sum;
         if (changed)
-            main.DrawMeshView();
+            bench.DrawMeshView();
         close();
     }
 };
 
 class PointLoadDialog : public Form {
 public:
-    explicit PointLoadDialog(MainWindow &owner) : Form(owner, "NOKYUK", "") {}
+    explicit PointLoadDialog(Workbench &owner) : Form(owner, "NOKYUK") {}
     std::vector<Field> fields() const override {
         return {box(0, "FX"), box(1, "FY"), box(2, "FZ"), OkButton(3), CancelButton(3)};
     }
@@ -81,16 +79,8 @@ public:
         int i = 0;
         for (const double force : {load.FX + 0.0, load.FY + 0.0, load.FZ + 0.0})
             setText("Tex", i++, PictureText(force, "####0.###"));
-        open(kNodePlace, Modality::Modeless, true);
+        open();
         window.Focus(at("Tex", 2));
-    }
-    void OnClick(Element element) override {
-        if (element.name != "Tamam" && element.name != "Iptal")
-            return;
-        window.EnableForm(kMain, true);
-        if (element.name == "Tamam")
-            store();
-        close();
     }
 
 private:
@@ -98,25 +88,31 @@ private:
         return {.kind = FieldKind::TextBox, .name = "Tex", .index = index, .label = label, .row = index};
     }
 
+    void confirm() override {
+        window.EnableForm(kMain, true);
+        store();
+        close();
+    }
+
     void store() {
         NokYukRecord &load = NokYukTable[SeciliNo];
         load.FX = number("Tex", 0);
         load.FY = number("Tex", 1);
         load.FZ = number("Tex", 2);
-        DrawPointLoadArrow(main.scr(), SeciliNo);
-        main.RefreshSurface();
+        DrawPointLoadArrow(bench.scr(), SeciliNo);
+        bench.RefreshSurface();
     }
 };
 
 } // namespace
 
-void AddNodeDialogs(MainWindow &main, Forms &forms) {
-    forms.push_back(std::make_unique<SupportDialog>(main));
-    forms.push_back(std::make_unique<PointLoadDialog>(main));
+void AddNodeDialogs(Workbench &bench, Forms &forms) {
+    forms.push_back(std::make_unique<SupportDialog>(bench));
+    forms.push_back(std::make_unique<PointLoadDialog>(bench));
 }
 
-void ShowSupportType(MainWindow &main) { DialogOf<SupportDialog>(main, "MESTIP").show(); }
+void ShowSupportType(Workbench &bench) { DialogOf<SupportDialog>(bench, "MESTIP").show(); }
 
-void ShowPointLoad(MainWindow &main) { DialogOf<PointLoadDialog>(main, "NOKYUK").show(); }
+void ShowPointLoad(Workbench &bench) { DialogOf<PointLoadDialog>(bench, "NOKYUK").show(); }
 
 } // namespace havuz

@@ -14,18 +14,16 @@ constexpr const char *kPicture = "###0.###";
 constexpr TableColumn kColumns[] = {{"X", "X    (m)", kPicture}, {"Y", "Y    (m)", kPicture},
                                     {"Z", "Z    (m)", kPicture}, {"Rx", "x   y    z", nullptr},
                                     {"Ry", "", nullptr},         {"Dz", "", nullptr}};
-constexpr TableKind kKind{"KOORBIL", "KOORDINAT BILGISI", "SIRA no", kColumns, "3", kNoktaCapacity, 4990, 6};
+constexpr TableKind kKind{"KOORBIL", "SIRA no", kColumns, "3", kNoktaCapacity, 4990};
 constexpr double kMoved = 0.001; // m: what is worth a new drawing
 
 class NodeTable : public PagedTable {
 public:
-    explicit NodeTable(MainWindow &owner) : PagedTable(owner, kKind) {}
+    explicit NodeTable(Workbench &owner) : PagedTable(owner, kKind) {}
 
     void OnClose() override {
         rebuildCount();
         close();
-        main.ClearTool(kKind.tool);
-        main.RefreshSurface();
     }
 
 private:
@@ -39,7 +37,7 @@ private:
         const double before = coordinate(record, column);
         store(record, column, value);
         if (std::fabs(value - before) > kMoved)
-            main.DrawMeshView();
+            bench.DrawMeshView();
     }
     std::vector<bool> checks(int record) const override {
         const int held = NoktaTable[record].Mesnet;
@@ -66,8 +64,8 @@ void NodeTable::rebuildCount() {
 
 } // namespace
 
-void AddNodeTable(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<NodeTable>(main)); }
+void AddNodeTable(Workbench &bench, Forms &forms) { forms.push_back(std::make_unique<NodeTable>(bench)); }
 
-void ShowNodeTable(MainWindow &main) { DialogOf<NodeTable>(main, kKind.form).show(); }
+void ShowNodeTable(Workbench &bench) { DialogOf<NodeTable>(bench, kKind.form).show(); }
 
 } // namespace havuz

@@ -12,19 +12,23 @@ namespace havuz {
 
 static constexpr double kMarkerLeft = 300.0, kMarkerDrop = 50.0; // beside the cells, below the top of one
 
-PagedTable::PagedTable(MainWindow &owner, const TableKind &kind) : Form(owner, kind.form, kind.caption), kind_(kind) {}
+PagedTable::PagedTable(Workbench &owner, const TableKind &kind) : Form(owner, kind.form), kind_(kind) {}
 
 std::vector<Field> PagedTable::fields() const {
-    std::vector<Field> fields = {{.kind = FieldKind::Label, .name = "Baslik", .label = kind_.numberHeading}};
+    std::vector<Field> fields = {
+        {.kind = FieldKind::Label, .name = "Baslik", .label = kind_.numberHeading, .look = FieldLook::Heading}};
     for (int c = 0; c < columnCount(); ++c)
         if (*column(c).heading != '\0')
             fields.push_back({.kind = FieldKind::Label,
                               .name = "Baslik",
                               .index = c + 1,
                               .label = column(c).heading,
-                              .column = c + 1});
+                              .column = c + 1,
+                              .look = FieldLook::Heading,
+                              .span = headingSpan(c)});
     for (int row = 0; row < kTableRows; ++row) {
-        fields.push_back({.kind = FieldKind::Label, .name = "Sira", .index = row, .row = row + 1});
+        fields.push_back(
+            {.kind = FieldKind::Label, .name = "Sira", .index = row, .row = row + 1, .look = FieldLook::RowNumber});
         for (int c = 0; c < columnCount(); ++c)
             fields.push_back({.kind = isText(c) ? FieldKind::TextBox : FieldKind::CheckBox,
                               .name = column(c).name,
@@ -34,7 +38,7 @@ std::vector<Field> PagedTable::fields() const {
                               .column = c + 1});
     }
     // A label, so that a click on it leaves the focus on the cell.
-    fields.push_back({.kind = FieldKind::Label, .name = "Isaret", .shown = false});
+    fields.push_back({.kind = FieldKind::Label, .name = "Isaret", .shown = false, .look = FieldLook::Marker});
     fields.push_back({.kind = FieldKind::ScrollBar, .name = "Kaydir", .row = 1, .column = columnCount() + 1});
     fields.push_back(OkButton(kTableRows + 1));
     return fields;
@@ -47,6 +51,13 @@ int PagedTable::textColumns() const {
                                           [](const TableColumn &column) { return column.picture != nullptr; }));
 }
 
+int PagedTable::headingSpan(int c) const {
+    int span = 1;
+    while (c + span < columnCount() && *column(c + span).heading == '\0')
+        ++span;
+    return span;
+}
+
 int PagedTable::columnOf(Element element) const {
     for (int c = 0; c < columnCount(); ++c)
         if (element.name == column(c).name)
@@ -56,13 +67,10 @@ int PagedTable::columnOf(Element element) const {
 
 // Pages
 
-// The cells start in the colour of those without the focus.
 void PagedTable::placeCells() {
     for (int row = 0; row < kTableRows; ++row)
         for (int c = 0; c < columnCount(); ++c) {
             window.Move(cell(row, c), CellLeft(c), CellTop(row));
-            if (isText(c))
-                window.SetColour(cell(row, c), kLeftColour);
         }
 }
 
@@ -71,7 +79,7 @@ void PagedTable::show() {
     TabloSatir = 0;
     placeCells();
     FillPage();
-    open(kToolPlace, Modality::Modeless, true);
+    open();
     FocusRow();
 }
 
@@ -124,15 +132,14 @@ void PagedTable::OnScroll(Element element) {
 void PagedTable::FocusRow() { window.Focus(cell(TabloSatir, 0)); }
 
 void PagedTable::OnFocus(Element element) {
+    Form::OnFocus(element);
     const int c = columnOf(element);
     if (c < 0)
         return;
     const bool changed = TabloSatir != element.index;
     TabloSatir = element.index;
-    if (isText(c)) {
+    if (isText(c))
         showCell(TabloSatir, c);
-        window.SetColour(element, kWindowColour);
-    }
     window.Move(at("Isaret"), kMarkerLeft, CellTop(TabloSatir) + kMarkerDrop);
     window.Show(at("Isaret"), true);
     if (changed)
@@ -141,13 +148,12 @@ void PagedTable::OnFocus(Element element) {
 
 // A check box is not stored here but at the next save of the page: wanted.
 void PagedTable::OnLostFocus(Element element) {
+    Form::OnLostFocus(element);
     const int c = columnOf(element);
     if (c < 0)
         return;
-    if (isText(c)) {
-        window.SetColour(element, kLeftColour);
+    if (isText(c))
         storeCell(RecordOf(element.index), c, ParseNumber(window.Text(element)));
-    }
     window.Show(at("Isaret"), false);
 }
 
@@ -238,15 +244,15 @@ bool PagedTable::OnKey(Element element, Key key) {
 void PagedTable::OnClick(Element element) {
     if (element.name == "Isaret")
         openRowMenu();
-    else if (element.name == "Tamam")
-        OnClose();
+    else
+        Form::OnClick(element);
 }
 
 void PagedTable::openRowMenu() {
     SeciliNo = RecordOf(TabloSatir);
     SavePage();
     const Place form = window.FormPlace(name());
-    ShowRowPopup(main, kind_.tag, {form.left + kMarkerLeft, form.top + CellTop(TabloSatir) + kMarkerDrop});
+    ShowRowPopup(bench, kind_.tag, {form.left + kMarkerLeft, form.top + CellTop(TabloSatir) + kMarkerDrop});
 }
 
 } // namespace havuz

@@ -15,23 +15,22 @@ constexpr int kTableRows = 10;
 // A column of cells: text boxes, or check boxes where there is no picture. Check columns stand last.
 struct TableColumn {
     const char *name;    // of its cells; their index is the screen row
-    const char *heading; // "" where the column before has it
+    const char *heading; // "" where the one before it stands over this column too
     const char *picture;
 };
 
 struct TableKind {
-    const char *form, *caption;
+    const char *form;
     const char *numberHeading; // of the record numbers
     std::span<const TableColumn> columns;
     const char *tag; // of the row-menu
     int capacity;    // records; the last first row is ten less
     int keyLimit;    // the down key pages while TabloUst + 9 is under it
-    int tool;        // the main tool that shows it
 };
 
 class PagedTable : public Form {
 public:
-    PagedTable(MainWindow &owner, const TableKind &kind);
+    PagedTable(Workbench &owner, const TableKind &kind);
     std::vector<Field> fields() const override;
 
     // From the first record, with the focus on the first cell.
@@ -71,6 +70,7 @@ private:
     int columnCount() const { return static_cast<int>(kind_.columns.size()); }
     int textColumns() const;
     const TableColumn &column(int c) const { return kind_.columns[static_cast<std::size_t>(c)]; }
+    int headingSpan(int c) const;
     int columnOf(Element element) const; // -1: no cell
     bool isText(int c) const { return column(c).picture != nullptr; }
     Element cell(int row, int c) const { return at(column(c).name, row); }

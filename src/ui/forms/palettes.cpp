@@ -9,7 +9,7 @@ namespace {
 
 class DrawingPalette : public Form {
 public:
-    explicit DrawingPalette(MainWindow &owner) : Form(owner, std::string(kTool1), "") {}
+    explicit DrawingPalette(Workbench &owner) : Form(owner, kTool1) {}
     std::vector<Field> fields() const override {
         return {box(0, "dp (cm)", "20"), box(1, "ust kot", "3.0"), box(2, "alt kot", "0"), box(3, "  ds  (cm)", "30")};
     }
@@ -26,18 +26,18 @@ Field Choice(FieldKind kind, const char *name, int index, const char *label, int
 
 class LevelPalette : public Form {
 public:
-    explicit LevelPalette(MainWindow &owner) : Form(owner, std::string(kTool2), "") {}
+    explicit LevelPalette(Workbench &owner) : Form(owner, kTool2) {}
     std::vector<Field> fields() const override {
         return {Choice(FieldKind::Option, "Option1", 0, "sabit kenar/nokta", 0),
                 Choice(FieldKind::Option, "Option1", 1, "serbest", 1, true),
                 Choice(FieldKind::Option, "Option1", 2, "tum noktalar", 2)};
     }
-    void OnClick(Element element) override { OnTool2Option(main, element.index); }
+    void OnClick(Element element) override { OnTool2Option(bench, element.index); }
 };
 
 class PlanPalette : public Form {
 public:
-    explicit PlanPalette(MainWindow &owner) : Form(owner, std::string(kTool3), "") {}
+    explicit PlanPalette(Workbench &owner) : Form(owner, kTool3) {}
     std::vector<Field> fields() const override {
         return {Choice(FieldKind::Option, "Option1", 0, "ust kenar", 0, true),
                 Choice(FieldKind::Option, "Option1", 1, "alt kenar", 1),
@@ -48,14 +48,14 @@ public:
 
 } // namespace
 
-void AddPalettes(MainWindow &main, std::vector<std::unique_ptr<Form>> &forms) {
-    forms.push_back(std::make_unique<DrawingPalette>(main));
-    forms.push_back(std::make_unique<LevelPalette>(main));
-    forms.push_back(std::make_unique<PlanPalette>(main));
+void AddPalettes(Workbench &bench, std::vector<std::unique_ptr<Form>> &forms) {
+    forms.push_back(std::make_unique<DrawingPalette>(bench));
+    forms.push_back(std::make_unique<LevelPalette>(bench));
+    forms.push_back(std::make_unique<PlanPalette>(bench));
 }
 
-void ShowPalette(MainWindow &main, std::string_view palette) {
-    Window &window = main.window;
+void ShowPalette(Workbench &bench, std::string_view palette) {
+    Window &window = bench.window;
     const double left = window.ScreenWidth() * window.TwipsPerPixel() - window.FormWidth(palette);
     window.ShowForm(palette, {left, 0.0}, Modality::Modeless, true);
 }

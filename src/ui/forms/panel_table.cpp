@@ -17,7 +17,7 @@ constexpr TableColumn kColumns[] = {{"No", "PANEL    NO", kPicture},
                                     {"D", "D    (cm)", kPicture},
                                     {"Nx", kMeshHeading, kPicture},
                                     {"Ny", "", kPicture}};
-constexpr TableKind kKind{"FEAPLAK", "HAVUZ  PANEL  BİLGİSİ", "SIRA    NO", kColumns, "1", kPanelCapacity, 999, 3};
+constexpr TableKind kKind{"FEAPLAK", "SIRA    NO", kColumns, "1", kPanelCapacity, 999};
 
 // Boxes of the second frame: X, Y, Z of corners 1 to 4, then the loads.
 constexpr const char *kDetailPicture = "###0.###";
@@ -26,31 +26,12 @@ constexpr int kDetailLast = 13;
 
 class PanelTableForm : public PagedTable {
 public:
-    explicit PanelTableForm(MainWindow &owner) : PagedTable(owner, kKind) {}
+    explicit PanelTableForm(Workbench &owner) : PagedTable(owner, kKind) {}
     std::vector<Field> fields() const override;
 
-    void show() {
-        for (int i = 0; i <= kDetailLast; ++i)
-            window.SetColour(at("Deger", i), kLeftColour);
-        PagedTable::show();
-    }
-
-    void OnClick(Element element) override {
-        if (element.name == "Tamam")
-            confirm();
-        else
-            PagedTable::OnClick(element);
-    }
     void OnFocus(Element element) override;
     void OnLostFocus(Element element) override;
     bool OnKey(Element element, Key key) override;
-
-    // The edits stand, the gaps stay.
-    void OnClose() override {
-        close();
-        main.ClearTool(kKind.tool);
-        main.RefreshSurface();
-    }
 
 private:
     double value(int record, int column) const override;
@@ -69,11 +50,12 @@ private:
     }
     void showDetail(int i) { setText("Deger", i, PictureText(detail(i), kDetailPicture)); }
 
-    void confirm() {
+    // Closed any other way the edits stand, and the gaps stay.
+    void confirm() override {
         OnClose();
         CompactPanels();
-        main.ComputeExtents();
-        main.DrawPlates();
+        bench.FitViews();
+        bench.DrawPlateView();
     }
 };
 
@@ -115,18 +97,14 @@ void PanelTableForm::store(int record, int column, double value) {
 
 void PanelTableForm::OnFocus(Element element) {
     PagedTable::OnFocus(element);
-    if (element.name != "Deger")
-        return;
-    showDetail(element.index);
-    window.SetColour(element, kWindowColour);
+    if (element.name == "Deger")
+        showDetail(element.index);
 }
 
 void PanelTableForm::OnLostFocus(Element element) {
     PagedTable::OnLostFocus(element);
-    if (element.name != "Deger")
-        return;
-    window.SetColour(element, kLeftColour);
-    detail(element.index) = ParseNumber(window.Text(element));
+    if (element.name == "Deger")
+        detail(element.index) = ParseNumber(window.Text(element));
 }
 
 bool PanelTableForm::OnKey(Element element, Key key) {
@@ -141,8 +119,8 @@ bool PanelTableForm::OnKey(Element element, Key key) {
 
 } // namespace
 
-void AddPanelTable(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<PanelTableForm>(main)); }
+void AddPanelTable(Workbench &bench, Forms &forms) { forms.push_back(std::make_unique<PanelTableForm>(bench)); }
 
-void ShowPanelTable(MainWindow &main) { DialogOf<PanelTableForm>(main, kKind.form).show(); }
+void ShowPanelTable(Workbench &bench) { DialogOf<PanelTableForm>(bench, kKind.form).show(); }
 
 } // namespace havuz

@@ -14,19 +14,13 @@ enum { kDp = 0, kUst = 1, kAlt = 2, kDs = 3 };
 
 class PolygonDialog : public Form {
 public:
-    explicit PolygonDialog(MainWindow &owner) : Form(owner, "yesno", "POLIGON HAVUZU ONAYLIYORMUSUNUZ") {}
+    explicit PolygonDialog(Workbench &owner) : Form(owner, "yesno") {}
     std::vector<Field> fields() const override { return {OkButton(0), CancelButton(0)}; }
-    void show() { open(kNodePlace, Modality::Modeless, true); }
+    void show() { open(); }
 
-    void OnClick(Element element) override {
-        if (element.name == "Tamam")
-            confirm();
-        else if (element.name == "Iptal")
-            OnClose();
-    }
     void OnClose() override {
         close();
-        main.DrawPlateView();
+        bench.DrawPlateView();
         PolyCount = 0;
     }
 
@@ -45,11 +39,11 @@ private:
         return pool;
     }
 
-    void confirm() {
-        const bool built = main.RunEdit("POLIGON HAVUZU", [this] { BuildPolygonPool(drawnPool()); });
+    void confirm() override {
+        const bool built = bench.RunEdit("POLIGON HAVUZU", [this] { BuildPolygonPool(drawnPool()); });
         if (built) {
-            main.TakeRotated();
-            main.DrawPlateView();
+            bench.TakeRotated();
+            bench.DrawPlateView();
         }
         close();
     }
@@ -57,8 +51,8 @@ private:
 
 } // namespace
 
-void AddPolygonDialog(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<PolygonDialog>(main)); }
+void AddPolygonDialog(Workbench &bench, Forms &forms) { forms.push_back(std::make_unique<PolygonDialog>(bench)); }
 
-void ShowPolygonConfirm(MainWindow &main) { DialogOf<PolygonDialog>(main, "yesno").show(); }
+void ShowPolygonConfirm(Workbench &bench) { DialogOf<PolygonDialog>(bench, "yesno").show(); }
 
 } // namespace havuz

@@ -11,7 +11,6 @@ namespace havuz {
 
 namespace {
 
-constexpr int kTool = 0; // "genel havuz bilgisi"
 constexpr int kLastRow = 8;
 
 struct PoolDataRow {
@@ -37,41 +36,34 @@ constexpr PoolDataRow kRows[kLastRow + 1] = {
 
 class PoolDataDialog : public Form {
 public:
-    explicit PoolDataDialog(MainWindow &owner) : Form(owner, "POOLGEN", "HAVUZ  GENEL  BİLGİSİ") {}
+    explicit PoolDataDialog(Workbench &owner) : Form(owner, "POOLGEN") {}
 
     std::vector<Field> fields() const override {
         std::vector<Field> fields;
         for (int row = 0; row <= kLastRow; ++row)
-            fields.push_back(
-                {.kind = FieldKind::TextBox, .name = "Tex", .index = row, .label = kRows[row].label, .row = row});
+            fields.push_back({.kind = FieldKind::TextBox,
+                              .name = "Tex",
+                              .index = row,
+                              .label = kRows[row].label,
+                              .row = row,
+                              .look = row == 0 ? FieldLook::Name : FieldLook::Usual});
         fields.push_back({.kind = FieldKind::Frame, .name = "Frame", .label = "ZEMİN YATAY YÜKÜ", .row = kLastRow + 1});
         fields.push_back(OkButton(kLastRow + 2));
         return fields;
     }
 
     void show() {
-        for (int row = 0; row <= kLastRow; ++row)
-            window.SetColour(at("Tex", row), kLeftColour);
         setText("Tex", 0, CutBlanks(ProjeIsmi));
         for (int row = 1; row <= kLastRow; ++row)
             setText("Tex", row, PictureText(*kRows[row].parameter, kRows[row].picture));
-        open(kToolPlace, Modality::Modal, false);
+        open();
         window.Focus(at("Tex", 0));
     }
 
-    void OnClick(Element element) override {
-        if (element.name == "Tamam")
-            OnClose();
-    }
     void OnFocus(Element element) override {
-        if (element.name != "Tex")
-            return;
-        TabloSatir = element.index;
-        window.SetColour(element, kWindowColour);
-    }
-    void OnLostFocus(Element element) override {
+        Form::OnFocus(element);
         if (element.name == "Tex")
-            window.SetColour(element, kLeftColour);
+            TabloSatir = element.index;
     }
     bool OnKey(Element element, Key key) override {
         if (element.name != "Tex")
@@ -87,15 +79,13 @@ public:
         for (int row = 1; row <= kLastRow; ++row)
             *kRows[row].parameter = number("Tex", row);
         close();
-        main.ClearTool(kTool);
-        main.RefreshSurface();
     }
 };
 
 } // namespace
 
-void AddPoolDataDialog(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<PoolDataDialog>(main)); }
+void AddPoolDataDialog(Workbench &bench, Forms &forms) { forms.push_back(std::make_unique<PoolDataDialog>(bench)); }
 
-void ShowGeneralData(MainWindow &main) { DialogOf<PoolDataDialog>(main, "POOLGEN").show(); }
+void ShowGeneralData(Workbench &bench) { DialogOf<PoolDataDialog>(bench, "POOLGEN").show(); }
 
 } // namespace havuz

@@ -12,7 +12,6 @@ namespace havuz {
 
 namespace {
 
-constexpr int kTool = 2; // "havuz kutuphanesi"
 constexpr int kPages = 3;
 constexpr int kCommonLast = 6;
 constexpr int kCommonLastByKey = 5; // row 6 is reached by the mouse only: wanted
@@ -53,24 +52,19 @@ constexpr const char *kTabs[kPages] = {"Havuz sihirbazı", " dikdörtgen havuz",
 
 class PoolLibraryDialog : public Form {
 public:
-    explicit PoolLibraryDialog(MainWindow &owner)
-        : Form(owner, "POOLlib", "HAVUZ  PARAMETRİK  TASARIM   KÜTÜPHANESİ") {}
+    explicit PoolLibraryDialog(Workbench &owner) : Form(owner, "POOLlib") {}
 
     std::vector<Field> fields() const override;
 
     void show() {
-        for (const PageBox &box : kPageBoxes) {
+        for (const PageBox &box : kPageBoxes)
             setText(box.name, box.page, PictureText(*box.parameter, "#####"));
-            window.SetColour(boxElement(box), kLeftColour);
-        }
-        for (int row = 0; row <= kCommonLast; ++row) {
+        for (int row = 0; row <= kCommonLast; ++row)
             setText("Ortak", row, PictureText(*kCommon[row].parameter, kCommon[row].picture));
-            window.SetColour(at("Ortak", row), kLeftColour);
-        }
         setChecked("HucreTip", HucreTip == 0.0 ? 0 : 1, true);
         for (int i = 0; i <= kYukKombinasyonLast; ++i)
             setChecked("YukKombinasyon", i, YukKombinasyon[i] != 0.0);
-        open(kToolPlace, Modality::Modeless, true);
+        open();
         turnTo(HavuzTip == 1.0 ? 1 : HavuzTip == 2.0 ? 2 : 0);
     }
 
@@ -92,18 +86,8 @@ public:
             HucreTip = element.index;
         else if (element.name == "YukKombinasyon")
             window.Focus(boxElement(kPageBoxes[0]));
-        else if (element.name == "Tamam")
-            confirm();
-        else if (element.name == "Iptal")
-            OnClose();
-    }
-    void OnFocus(Element element) override {
-        if (isBox(element))
-            window.SetColour(element, kWindowColour);
-    }
-    void OnLostFocus(Element element) override {
-        if (isBox(element))
-            window.SetColour(element, kLeftColour);
+        else
+            Form::OnClick(element);
     }
     bool OnKey(Element element, Key key) override {
         if (!isBox(element))
@@ -119,8 +103,6 @@ public:
     void OnClose() override {
         read();
         close();
-        main.ClearTool(kTool);
-        main.RefreshSurface();
     }
 
 private:
@@ -174,13 +156,13 @@ private:
             window.Focus(own[-1]);
     }
 
-    void confirm() {
+    void confirm() override {
         ClearModel();
         if (IsoView == 0) {
-            main.TakeRotated();
-            main.RedrawView();
+            bench.TakeRotated();
+            bench.RedrawView();
         }
-        GeneratePool(page(), main);
+        GeneratePool(page(), bench.pool);
         OnClose();
     }
 };
@@ -195,7 +177,8 @@ std::vector<Field> PoolLibraryDialog::fields() const {
                           .label = kTabs[i],
                           .row = 0,
                           .column = i,
-                          .checked = i == 0});
+                          .checked = i == 0,
+                          .look = FieldLook::Tab});
     int row = 1;
     for (const PageBox &box : kPageBoxes)
         fields.push_back({.kind = FieldKind::TextBox,
@@ -236,12 +219,12 @@ std::vector<Field> PoolLibraryDialog::fields() const {
 
 } // namespace
 
-void AddPoolLibraryDialog(MainWindow &main, Forms &forms) {
-    forms.push_back(std::make_unique<PoolLibraryDialog>(main));
+void AddPoolLibraryDialog(Workbench &bench, Forms &forms) {
+    forms.push_back(std::make_unique<PoolLibraryDialog>(bench));
 }
 
-void ShowPoolLibrary(MainWindow &main) { DialogOf<PoolLibraryDialog>(main, "POOLlib").show(); }
+void ShowPoolLibrary(Workbench &bench) { DialogOf<PoolLibraryDialog>(bench, "POOLlib").show(); }
 
-void ReadPoolLibraryForm(MainWindow &main) { DialogOf<PoolLibraryDialog>(main, "POOLlib").read(); }
+void ReadPoolLibraryForm(Workbench &bench) { DialogOf<PoolLibraryDialog>(bench, "POOLlib").read(); }
 
 } // namespace havuz

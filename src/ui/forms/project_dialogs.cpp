@@ -4,9 +4,11 @@
 #include "model/project_file.h"
 #include "model/store.h"
 #include "ui/commands/pointer.h"
+#include "ui/commands/tools.h"
 #include "ui/forms/dialog_parts.h"
 #include "ui/forms/dialogs.h"
 #include "ui/window/command_state.h"
+#include "view/overview.h"
 
 #include <algorithm>
 #include <cctype>
@@ -18,40 +20,28 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kReadTool = 10, kSaveTool = 11; // "FEA bilgisi okuma", "FEA bilgisi saklama"
-constexpr int kLastMainTool = 13;
-
 class SaveNameDialog : public Form {
 public:
-    explicit SaveNameDialog(MainWindow &owner) : Form(owner, "BILGI", "FEA DOSYA ISMINI VERIN") {}
+    explicit SaveNameDialog(Workbench &owner) : Form(owner, "BILGI") {}
     std::vector<Field> fields() const override {
-        return {{.kind = FieldKind::TextBox, .name = "Tex", .label = "PROJE"}, OkButton(1), CancelButton(1)};
+        return {{.kind = FieldKind::TextBox, .name = "Tex", .label = "PROJE", .look = FieldLook::Name},
+                OkButton(1),
+                CancelButton(1)};
     }
 
     void show() {
         setText("Tex", 0, ProjeAdi);
-        open(kToolPlace, Modality::Modeless, true);
+        open();
         window.Focus(at("Tex"));
-    }
-    void OnClick(Element element) override {
-        if (element.name == "Tamam")
-            confirm();
-        else if (element.name == "Iptal")
-            OnClose();
-    }
-    void OnClose() override {
-        close();
-        main.ClearTool(kSaveTool);
-        main.RefreshSurface();
     }
 
 private:
-    void confirm() {
+    void confirm() override {
         const std::string name = CutBlanks(text("Tex"));
         if (name.empty())
             return;
         ProjeAdi = UpToFirstDot(name);
-        SaveProject(LocalPath(CalismaDizini + "\\" + ProjeAdi + ".POL"), main);
+        SaveProject(LocalPath(CalismaDizini + "\\" + ProjeAdi + ".POL"), bench.project);
         OnClose();
     }
 };
@@ -59,12 +49,17 @@ private:
 // The path of the file list stands in the label "Yol".
 class OpenDialog : public Form {
 public:
-    explicit OpenDialog(MainWindow &owner) : Form(owner, "LOADFILE", "HAVUZ  DOSYASI OKUMA") {}
+    explicit OpenDialog(Workbench &owner) : Form(owner, "LOADFILE") {}
     std::vector<Field> fields() const override {
         return {{.kind = FieldKind::List, .name = "Surucu", .label = "Surucu", .row = 0},
                 {.kind = FieldKind::Label, .name = "Yol", .row = 1},
-                {.kind = FieldKind::List, .name = "Dizin", .label = "Dizin", .row = 2},
-                {.kind = FieldKind::List, .name = "Dosya", .label = "*.POL", .row = 2, .column = 1},
+                {.kind = FieldKind::List, .name = "Dizin", .label = "Dizin", .row = 2, .look = FieldLook::Open},
+                {.kind = FieldKind::List,
+                 .name = "Dosya",
+                 .label = "*.POL",
+                 .row = 2,
+                 .column = 1,
+                 .look = FieldLook::Open},
                 {.kind = FieldKind::Label, .name = "Baslik", .label = "SECILEN DOSYA", .row = 3},
                 {.kind = FieldKind::Label, .name = "Secilen", .row = 3, .column = 1},
                 OkButton(4),
@@ -76,22 +71,15 @@ public:
         window.SelectItem(at("Surucu"), 0);
         setText("Secilen", 0, "");
         setDirectory(LocalPath(CalismaDizini));
-        open(kToolPlace, Modality::Modal, false);
+        open();
     }
     void OnClick(Element element) override {
         if (element.name == "Dizin")
             changeDirectory();
         else if (element.name == "Dosya")
             setText("Secilen", 0, selected("Dosya"));
-        else if (element.name == "Tamam")
-            confirm();
-        else if (element.name == "Iptal")
-            OnClose();
-    }
-    void OnClose() override {
-        close();
-        main.ClearTool(kReadTool);
-        main.RefreshSurface();
+        else
+            Form::OnClick(element);
     }
 
 private:
@@ -101,7 +89,7 @@ private:
     }
     void setDirectory(const std::string &path);
     void changeDirectory();
-    void confirm();
+    void confirm() override;
 };
 
 bool IsProject(const fs::path &file) {
@@ -112,20 +100,20 @@ bool IsProject(const fs::path &file) {
 }
 
 // As after a new project nothing is pending and no node is hidden.
-void ReadProject(MainWindow &main, const std::string &path) {
+void ReadProject(Workbench &bench, const std::string &path) {
     ProjeAdi = UpToFirstDot(fs::path(path).filename().string());
     ProjeDosyasi = path;
     ClearModel();
-    LoadProject(ProjeDosyasi, main);
+    LoadProject(ProjeDosyasi, bench.project);
     ZoomPending = 0; // the window is then as at the start, but for the view
     NodesHidden = 0;
-    main.TakeRotated();
-    main.ComputeExtents();
+    bench.TakeRotated();
+    bench.FitViews();
     if (MeshCount > 0)
-        main.DrawMeshes();
+        bench.DrawMeshView();
     else
-        main.DrawPlates();
-    main.SetUpDynamicView();
+        bench.DrawPlateView();
+    RefreshOverview(bench.view);
 }
 
 // A directory that cannot be read shows empty lists.
@@ -158,28 +146,22 @@ void OpenDialog::confirm() {
     const std::string file = selected("Dosya");
     if (file.empty())
         return;
-    ReadProject(main, text("Yol") + "/" + file);
+    ReadProject(bench, text("Yol") + "/" + file);
     OnClose();
 }
 
 class EndDialog : public Form {
 public:
-    explicit EndDialog(MainWindow &owner) : Form(owner, "ENDKONT", "Program end") {}
+    explicit EndDialog(Workbench &owner) : Form(owner, "ENDKONT") {}
     std::vector<Field> fields() const override {
         return {{.kind = FieldKind::Label, .name = "Not", .label = "FEA programı sonu, saklamadan çıkmayınız."},
                 OkButton(1),
                 CancelButton(1)};
     }
-    void show(Place place) { open(place, Modality::Modeless, true); }
-    void OnClick(Element element) override {
-        if (element.name == "Tamam")
-            confirm();
-        else if (element.name == "Iptal")
-            OnClose();
-    }
+    void show(Place place) { open(place); }
 
 private:
-    void confirm() {
+    void confirm() override {
         close();
         const std::string scratch = FindFile(LocalPath(CalismaDizini + "\\CADTEMP.CAD"));
         std::error_code error;
@@ -192,31 +174,30 @@ private:
 
 } // namespace
 
-void AddProjectDialogs(MainWindow &main, Forms &forms) {
-    forms.push_back(std::make_unique<SaveNameDialog>(main));
-    forms.push_back(std::make_unique<OpenDialog>(main));
-    forms.push_back(std::make_unique<EndDialog>(main));
+void AddProjectDialogs(Workbench &bench, Forms &forms) {
+    forms.push_back(std::make_unique<SaveNameDialog>(bench));
+    forms.push_back(std::make_unique<OpenDialog>(bench));
+    forms.push_back(std::make_unique<EndDialog>(bench));
 }
 
-void ShowSaveName(MainWindow &main) { DialogOf<SaveNameDialog>(main, "BILGI").show(); }
+void ShowSaveName(Workbench &bench) { DialogOf<SaveNameDialog>(bench, "BILGI").show(); }
 
-void ShowOpenProject(MainWindow &main) { DialogOf<OpenDialog>(main, "LOADFILE").show(); }
+void ShowOpenProject(Workbench &bench) { DialogOf<OpenDialog>(bench, "LOADFILE").show(); }
 
-void OpenGivenProject(MainWindow &main, const std::string &path) {
+void OpenGivenProject(Workbench &bench, const std::string &path) {
     const std::string name = fs::path(path).filename().string();
     if (!IsProject(path))
-        return main.Prompt("ACILAMADI: " + name + " BIR .POL DOSYASI DEGIL");
+        return bench.Prompt("ACILAMADI: " + name + " BIR .POL DOSYASI DEGIL");
     if (!FileExists(path))
-        return main.Prompt("ACILAMADI: " + name + " DOSYASI YOK");
-    AbandonCommand(main);
-    for (int i = 0; i <= kLastMainTool; ++i)
-        main.ClearTool(i);
-    ReadProject(main, fs::absolute(FindFile(path)).string());
+        return bench.Prompt("ACILAMADI: " + name + " DOSYASI YOK");
+    AbandonCommand(bench);
+    UncheckMainTools(bench);
+    ReadProject(bench, fs::absolute(FindFile(path)).string());
 }
 
-void ShowEndConfirm(MainWindow &main) {
-    const double right = main.window.ScreenWidth() * main.window.TwipsPerPixel();
-    DialogOf<EndDialog>(main, "ENDKONT").show({right - main.window.FormWidth("ENDKONT") - 90.0, 800.0});
+void ShowEndConfirm(Workbench &bench) {
+    const double right = bench.window.ScreenWidth() * bench.window.TwipsPerPixel();
+    DialogOf<EndDialog>(bench, "ENDKONT").show({right - bench.window.FormWidth("ENDKONT") - 90.0, 800.0});
 }
 
 } // namespace havuz

@@ -80,18 +80,23 @@ void EditRows(Table<Record, Capacity> &table, int &count, Item item) {
 
 class RowPopup : public Form {
 public:
-    explicit RowPopup(MainWindow &owner) : Form(owner, "TOOL", "") {}
+    explicit RowPopup(Workbench &owner) : Form(owner, "TOOL") {}
     std::vector<Field> fields() const override {
         std::vector<Field> fields;
         for (int i = 0; i < 3; ++i)
-            fields.push_back({.kind = FieldKind::Label, .name = "Satir", .index = i, .label = kItems[i], .row = i});
+            fields.push_back({.kind = FieldKind::Label,
+                              .name = "Satir",
+                              .index = i,
+                              .label = kItems[i],
+                              .row = i,
+                              .look = FieldLook::MenuRow});
         return fields;
     }
 
     void show(const std::string &tag, Place place) {
         tag_ = tag;
         paint(-1);
-        open(place, Modality::Modeless, false);
+        open(place);
     }
     void OnHover(Element element) override {
         if (element.name == "Satir")
@@ -126,7 +131,7 @@ private:
             EditRows(NoktaTable, NoktaCount, item);
             table = "KOORBIL";
         }
-        auto &form = DialogOf<PagedTable>(main, table);
+        auto &form = DialogOf<PagedTable>(bench, table);
         form.FillPage();
         form.FocusRow();
     }
@@ -136,10 +141,10 @@ private:
 
 } // namespace
 
-void AddRowPopup(MainWindow &main, Forms &forms) { forms.push_back(std::make_unique<RowPopup>(main)); }
+void AddRowPopup(Workbench &bench, Forms &forms) { forms.push_back(std::make_unique<RowPopup>(bench)); }
 
-void ShowRowPopup(MainWindow &main, const std::string &tag, Place place) {
-    DialogOf<RowPopup>(main, "TOOL").show(tag, place);
+void ShowRowPopup(Workbench &bench, const std::string &tag, Place place) {
+    DialogOf<RowPopup>(bench, "TOOL").show(tag, place);
 }
 
 } // namespace havuz

@@ -81,15 +81,16 @@ ElementWidget MakeFloatingLabel(QWidget *form) {
             }};
 }
 
-ElementWidget MakeLabel(Element element, QWidget *form, PersonInput &input) {
-    if (element == kTopBarText)
+ElementWidget MakeLabel(const Field &field, Element element, QWidget *form, PersonInput &input) {
+    if (field.look == FieldLook::TopBar)
         return MakeTopBar(form);
-    if (element == kLabel1 || element == kProgLab)
+    if (field.look == FieldLook::Floating)
         return MakeFloatingLabel(form);
     auto *label = new ReportingLabel(element, form, input);
-    label->setMouseTracking(element.form == "TOOL");
+    const bool tinted = field.look == FieldLook::MenuRow;
+    label->setMouseTracking(tinted);
     const QString picture = PictureName(element, 0);
-    const bool painted = !picture.isEmpty(), tinted = element.form == "TOOL";
+    const bool painted = !picture.isEmpty();
     if (painted)
         label->setPixmap(PictureOf(picture, PictureSize(element), label->devicePixelRatioF(),
                                    LegibleOn(label->palette().color(QPalette::Window))));
@@ -175,7 +176,7 @@ ElementWidget MakePlainList(QWidget *form, QLabel *beside, Element element, Pers
 ElementWidget MakeList(const Field &field, Element element, QWidget *form, PersonInput &input) {
     auto *beside = new QLabel(ToQt(field.label), form);
     beside->setTextFormat(Qt::PlainText);
-    if (element.name == "Dizin" || element.name == "Dosya")
+    if (field.look == FieldLook::Open)
         return MakePlainList(form, beside, element, input);
     return MakeCombo(form, beside, element, input);
 }
@@ -208,7 +209,7 @@ ElementWidget MakeFrame(const Field &field, Element element, QWidget *form) {
 ElementWidget MakeWidget(const Field &field, Element element, QWidget *form, PersonInput &input) {
     switch (field.kind) {
     case FieldKind::Label:
-        return MakeLabel(element, form, input);
+        return MakeLabel(field, element, form, input);
     case FieldKind::TextBox:
         return MakeTextBox(field, element, form, input);
     case FieldKind::Button:
@@ -218,7 +219,7 @@ ElementWidget MakeWidget(const Field &field, Element element, QWidget *form, Per
     case FieldKind::CheckBox:
         return Reporting(new Schk(Schk::Look::Box, form), element, input);
     case FieldKind::Option:
-        return Reporting(new Soption(element.name == "Sayfa" ? Soption::Look::Tab : Soption::Look::Radio, form),
+        return Reporting(new Soption(field.look == FieldLook::Tab ? Soption::Look::Tab : Soption::Look::Radio, form),
                          element, input);
     case FieldKind::List:
         return MakeList(field, element, form, input);

@@ -20,11 +20,6 @@ bool IsClosingButton(const PlacedField &placed) {
     return placed.field.kind == FieldKind::Button && placed.made.widget != nullptr;
 }
 
-// The title of a project and the name of its file are longer than a number.
-bool HoldsAName(const PlacedField &placed) {
-    return placed.field.name == "Tex" && placed.field.label.rfind("PROJE", 0) == 0;
-}
-
 // The buttons that a form ends with, at the right of its last row.
 void AddClosingButtons(QVBoxLayout &column, const std::vector<PlacedField> &fields) {
     auto *row = new QHBoxLayout;
@@ -65,7 +60,7 @@ bool StandsInALine(const PlacedField &placed, const std::vector<PlacedField> &fi
            });
 }
 
-void LayOutDialog(QWidget &window, const std::vector<PlacedField> &fields) {
+void LayOutDialog(FormKind kind, QWidget &window, const std::vector<PlacedField> &fields) {
     auto *column = new QVBoxLayout(&window);
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(8);
@@ -75,7 +70,7 @@ void LayOutDialog(QWidget &window, const std::vector<PlacedField> &fields) {
         if (placed.made.widget == nullptr || IsClosingButton(placed))
             continue;
         if (placed.field.kind == FieldKind::TextBox)
-            placed.made.widget->setFixedWidth(HoldsAName(placed) ? kTitleWidth : kBoxWidth);
+            placed.made.widget->setFixedWidth(placed.field.look == FieldLook::Name ? kTitleWidth : kBoxWidth);
         if (!StandsInALine(placed, fields)) {
             AddToGrid(*grid, placed);
             continue;
@@ -90,7 +85,7 @@ void LayOutDialog(QWidget &window, const std::vector<PlacedField> &fields) {
     }
     grid->setColumnStretch(grid->columnCount(), 1); // what is wide stands across, nothing is drawn apart
     AddClosingButtons(*column, fields);
-    if (fields.front().element.form.rfind("Tool", 0) != 0)
+    if (kind != FormKind::Palette)
         column->addStrut(kTitleWidth); // for the words of the title
     column->setSizeConstraint(QLayout::SetFixedSize);
 }
@@ -99,7 +94,7 @@ void LayOutDialog(QWidget &window, const std::vector<PlacedField> &fields) {
 int TableRows(const std::vector<PlacedField> &fields) {
     int last = 0;
     for (const PlacedField &placed : fields)
-        if (placed.field.name == "Sira")
+        if (placed.field.look == FieldLook::RowNumber)
             last = std::max(last, placed.field.row);
     return last;
 }
@@ -107,16 +102,13 @@ int TableRows(const std::vector<PlacedField> &fields) {
 void AddToTable(QGridLayout &grid, const PlacedField &placed, int rows) {
     QWidget *widget = placed.made.widget;
     const int row = placed.field.row, column = placed.field.column + 1;
-    if (placed.field.name == "Isaret") { // moved beside the row with the focus
+    if (placed.field.look == FieldLook::Marker) { // moved beside the row with the focus
         grid.setColumnMinimumWidth(0, kMarkerWidth);
         widget->setCursor(Qt::PointingHandCursor);
     } else if (placed.field.kind == FieldKind::ScrollBar) {
         grid.addWidget(widget, 1, column, rows, 1);
-    } else if (placed.field.name == "Baslik") {
-        const int span = placed.field.label.find("X         Y") != std::string::npos ? 2
-                         : placed.field.label.find("x   y") != std::string::npos     ? 3
-                                                                                     : 1;
-        grid.addWidget(widget, 0, column, 1, span, Qt::AlignCenter);
+    } else if (placed.field.look == FieldLook::Heading) {
+        grid.addWidget(widget, 0, column, 1, placed.field.span, Qt::AlignCenter);
     } else {
         if (placed.made.beside != nullptr)
             placed.made.beside->setFixedSize(0, 0); // the heading says it
@@ -174,15 +166,15 @@ void LayOutPicture(QWidget &window, SurfaceView &view) {
 
 } // namespace
 
-void LayOutForm(std::string_view form, QWidget &window, const std::vector<PlacedField> &fields, SurfaceView *view) {
+void LayOutForm(FormKind kind, QWidget &window, const std::vector<PlacedField> &fields, SurfaceView *view) {
     if (view != nullptr)
         LayOutPicture(window, *view);
-    else if (form == "TOOL")
+    else if (kind == FormKind::Popup)
         LayOutPopup(window, fields);
-    else if (TableRows(fields) > 0)
+    else if (kind == FormKind::Table)
         LayOutTable(window, fields);
     else
-        LayOutDialog(window, fields);
+        LayOutDialog(kind, window, fields);
 }
 
 } // namespace havuz

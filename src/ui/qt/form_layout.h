@@ -17,7 +17,7 @@ struct PlacedField {
 };
 
 // Gives the form its layout. view: the form's drawing surface, none where it has none.
-void LayOutForm(std::string_view form, QWidget &window, const std::vector<PlacedField> &fields, SurfaceView *view);
+void LayOutForm(FormKind kind, QWidget &window, const std::vector<PlacedField> &fields, SurfaceView *view);
 
 // The main window: top bar, two rows of tools, the surface, the prompt line with the progress bar. progress: the
 // surface of the bar. recent: the button of the recent projects.

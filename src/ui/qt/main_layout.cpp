@@ -21,25 +21,18 @@ struct Parts {
     std::vector<QWidget *> corner; // of the top bar
 };
 
-bool StandsInFrame(const PlacedField &placed) {
-    for (const char *name : {"Command", "Check1", "Check2", "ChkButton", "Option1"})
-        if (placed.field.name == name)
-            return true;
-    return false;
-}
-
 Parts Sort(const std::vector<PlacedField> &fields) {
     Parts parts;
     for (const PlacedField &placed : fields) {
-        if (placed.field.name == "Frame")
+        if (placed.field.kind == FieldKind::Frame)
             parts.frames[static_cast<std::size_t>(placed.field.index)] = static_cast<ButFrm *>(placed.made.widget);
-        else if (placed.field.name == "VekTopBar")
+        else if (placed.field.look == FieldLook::TopBar)
             parts.topBar = placed.made.widget;
-        else if (placed.field.name == "SCR1")
+        else if (placed.field.look == FieldLook::Overview)
             parts.overview = placed.made.widget;
-        else if (placed.field.name == "ALTNOT")
+        else if (placed.field.look == FieldLook::Prompt)
             parts.prompt = placed.made.widget;
-        else if (placed.field.name == "TopBar")
+        else if (placed.field.look == FieldLook::Corner)
             parts.corner.push_back(placed.made.widget);
     }
     return parts;
@@ -76,9 +69,9 @@ void LayOutMain(QWidget &window, const std::vector<PlacedField> &fields, Surface
                 QWidget &recent) {
     const Parts parts = Sort(fields);
     for (const PlacedField &placed : fields)
-        if (StandsInFrame(placed))
+        if (placed.field.look == FieldLook::Tool)
             parts.frames[static_cast<std::size_t>(placed.field.group)]->add(placed.made.widget);
-        else if (placed.field.name == "Label1" || placed.field.name == "ProgLab")
+        else if (placed.field.look == FieldLook::Floating)
             placed.made.widget->setParent(&view);
     LayTopBar(parts, recent);
     auto *column = new QVBoxLayout(&window);

@@ -54,24 +54,29 @@ int QtWindow::run() {
 
 // Making
 
-static Qt::WindowFlags FlagsOf(std::string_view form) {
-    if (form == kMain)
+static Qt::WindowFlags FlagsOf(FormKind kind) {
+    constexpr auto titled = Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+    switch (kind) {
+    case FormKind::Main:
         return Qt::Window;
-    if (form == "TOOL")
+    case FormKind::Popup:
         return Qt::Tool | Qt::FramelessWindowHint;
-    if (form == kOverview || form == kTool1 || form == kTool2 || form == kTool3)
-        return Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
-    return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+    case FormKind::Overview:
+    case FormKind::Palette:
+        return Qt::Tool | titled;
+    default:
+        return Qt::Dialog | titled;
+    }
 }
 
 void QtWindow::MakeForm(const FormFields &form) {
     WindowState::MakeForm(form);
-    if (form.name == kDyuk)
-        return; // never shown
-    auto *window = new VekForm(ToQt(form.name), main_.get(), FlagsOf(form.name));
-    if (form.name == kMain)
+    if (form.kind == FormKind::Hidden)
+        return;
+    auto *window = new VekForm(ToQt(form.name), main_.get(), FlagsOf(form.kind));
+    if (form.kind == FormKind::Main)
         main_.reset(window);
-    else if (form.name == kTool1 || form.name == kTool2 || form.name == kTool3)
+    else if (form.kind == FormKind::Palette)
         window->setAttribute(Qt::WA_ShowWithoutActivating);
     forms_[form.name] = window;
     window->setWindowTitle(form.caption.empty() ? QStringLiteral("HAVUZ") : ToQt(form.caption));
@@ -88,11 +93,11 @@ void QtWindow::MakeForm(const FormFields &form) {
         if (field.kind == FieldKind::Picture)
             view = element == kVekProgBar ? view : makeView(element, window);
     }
-    if (form.name == kMain) {
+    if (form.kind == FormKind::Main) {
         makeMainExtras(*window);
         LayOutMain(*window, fields, *view, *views_[own(kVekProgBar)], *recent_);
     } else {
-        LayOutForm(form.name, *window, fields, view);
+        LayOutForm(form.kind, *window, fields, view);
     }
     for (const PlacedField &placed : fields)
         show(placed.element);
@@ -177,7 +182,7 @@ void QtWindow::changed(Element element) {
 // Cells stand where the layout puts them; the row marker follows them.
 void QtWindow::Move(Element element, double left, double top) {
     WindowState::Move(element, left, top);
-    if (element.name == "Isaret")
+    if (const auto made = made_.find(element); made != made_.end() && made->second.field.look == FieldLook::Marker)
         placeMarker(element);
     else
         show(element);
@@ -210,11 +215,11 @@ static QRect ScreenOf(const QWidget *main) {
 }
 
 // Twips of the screen, moved so that the whole form is in sight. The popup opens beside what was clicked.
-void QtWindow::placeForm(VekForm &form, std::string_view name, Place place) {
+void QtWindow::placeForm(VekForm &form, Place place) {
     form.layout()->activate();
     form.adjustSize();
     QPoint at = ScreenOf(main_.get()).topLeft() + QPoint(qRound(place.left / kTwips), qRound(place.top / kTwips));
-    if (name == "TOOL" && lastClicked_ != nullptr)
+    if (form.windowFlags().testFlag(Qt::FramelessWindowHint) && lastClicked_ != nullptr)
         at = lastClicked_->mapToGlobal(QPoint(lastClicked_->width(), 0));
     const QRect free = main_->screen()->availableGeometry();
     const QSize size = form.frameSize();
@@ -242,9 +247,9 @@ void QtWindow::ShowForm(std::string_view form, Place place, Modality modality, b
     if (form == kMain)
         return ShowMain(window);
     window.setWindowModality(modality == Modality::Modal ? Qt::ApplicationModal : Qt::NonModal);
-    placeForm(window, form, place);
+    placeForm(window, place);
     window.show();
-    placeForm(window, form, place); // its frame counts too now
+    placeForm(window, place); // its frame counts too now
     window.raise();
     if (!window.testAttribute(Qt::WA_ShowWithoutActivating))
         window.activateWindow();

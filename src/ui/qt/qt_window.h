@@ -93,7 +93,7 @@ private:
     SurfaceView *makeView(Element picture, QWidget *form);
     void takePointer(Element picture, SurfaceView &view);
     void makeMainExtras(VekForm &main);
-    void placeForm(VekForm &form, std::string_view name, Place place);
+    void placeForm(VekForm &form, Place place);
     void showRecent();
 
     std::map<std::string, VekForm *, std::less<>> forms_;

@@ -225,13 +225,13 @@ bool QtWindow::keyPressed(Element element, int qtKey, bool plain) {
 // Main tools by the standard keys; F1 is the help of the top bar.
 static Element ShortcutOf(const QKeyEvent &key) {
     if (key.matches(QKeySequence::New))
-        return ChkButton(9);
+        return kNewTool;
     if (key.matches(QKeySequence::Open))
-        return ChkButton(10);
+        return kOpenTool;
     if (key.matches(QKeySequence::Save))
-        return ChkButton(11);
+        return kSaveTool;
     if (key.matches(QKeySequence::HelpContents))
-        return TopBar(2);
+        return kHelpButton;
     return {};
 }
 

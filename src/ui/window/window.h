@@ -56,6 +56,24 @@ enum class FieldKind {
     Frame
 };
 
+// What an element is for, where its kind does not say it all: a hint for a platform that lays out.
+enum class FieldLook {
+    Usual,
+    Name,      // a text box for words
+    RowNumber, // tables
+    Heading,   // over the columns of a table
+    Marker,    // of the row with the focus
+    MenuRow,   // of the popup
+    Open,      // a list that shows its items without dropping down
+    Tab,       // an option that turns to a page
+    Tool,      // a button in the frame of its group
+    TopBar,    // the main form's parts
+    Corner,
+    Overview,
+    Prompt,
+    Floating, // over the surface
+};
+
 // What a form is made of: a row an element. A windowing platform builds its widgets from these, a script finds fields
 // by name or label, a headless window takes its first state from them.
 struct Field {
@@ -68,11 +86,28 @@ struct Field {
     int group = 0;           // options exclude each other within a group; frame of a tool
     bool shown = true;
     bool checked = false;
+    FieldLook look = FieldLook::Usual;
+    int span = 1; // columns of a heading
+};
+
+// The buttons that most dialogs end with. Enter presses the first where the form leaves the key alone.
+inline constexpr std::string_view kConfirmButton = "Tamam", kCancelButton = "Iptal";
+
+// What kind of window a form is.
+enum class FormKind {
+    Main,
+    Overview,
+    Hidden, // never shown
+    Dialog,
+    Table,   // rows of cells with a scroll bar
+    Popup,   // without a frame, gone when it loses its activation
+    Palette, // stays on top and leaves the keyboard where it was
 };
 
 struct FormFields {
     std::string name, caption;
     std::vector<Field> fields;
+    FormKind kind = FormKind::Dialog;
 };
 
 // What happens in a window, told after the element took its new state. Positions in pixels of the element.
@@ -122,6 +157,7 @@ public:
     // elements
     virtual void Show(Element element, bool shown) = 0;
     virtual bool Shown(Element element) = 0;
+    virtual FieldKind Kind(Element element) = 0;
     virtual void Enable(Element element, bool enabled) = 0;
     virtual bool Enabled(Element element) = 0;
     virtual void Move(Element element, double left, double top) = 0;

@@ -59,6 +59,7 @@ void WindowState::MakeForm(const FormFields &form) {
     for (const Field &field : form.fields) {
         ElementState made;
         made.kind = field.kind;
+        made.look = field.look;
         made.label = field.label;
         made.text = field.text;
         made.group = field.group;

@@ -53,13 +53,11 @@ public:
     virtual void After() = 0;                // its events are over, or the program has ended in one
 };
 
-// The button that Enter presses where the form leaves the key alone.
-inline constexpr std::string_view kConfirmButton = "Tamam";
-
 class WindowState : public Window, public Person {
 public:
     struct ElementState {
         FieldKind kind = FieldKind::Label;
+        FieldLook look = FieldLook::Usual;
         std::string label, text;
         int group = 0;
         bool shown = true, enabled = true, checked = false;
@@ -126,6 +124,7 @@ public:
         changed(element);
     }
     bool Shown(Element element) override { return state(element).shown; }
+    FieldKind Kind(Element element) override { return state(element).kind; }
     void Enable(Element element, bool enabled) override {
         at(element).enabled = enabled;
         changed(element);
