@@ -11,15 +11,21 @@ namespace havuz {
 
 // The steps are in this order and to the letter: the views depend on every one of them. z2 uses the already rotated x2,
 // so the second rotation is not a pure one: wanted.
-void ProjectToView(double x, double y, double z, double &sx, double &sy) {
+void ProjectToView(double x, double y, double z, double &sx, double &sy, double &depth) {
     const double y1 = y * std::cos(ViewAngleA) - z * std::sin(ViewAngleA);
     const double z1 = y * std::sin(ViewAngleA) + z * std::cos(ViewAngleA);
     const double x2 = x * std::cos(ViewAngleB) + z1 * std::sin(ViewAngleB);
     const double z2 = z1 * std::cos(ViewAngleB) - x2 * std::sin(ViewAngleB);
     const double x3 = x2 * std::cos(ViewAngleC) - y1 * std::sin(ViewAngleC);
     const double y3 = x2 * std::sin(ViewAngleC) + y1 * std::cos(ViewAngleC);
-    sx = Divide(x3 * ViewDistance, z2 + ViewDistance, "projection");
-    sy = Divide(-y3 * ViewDistance, z2 + ViewDistance, "projection");
+    depth = z2 + ViewDistance;
+    sx = Divide(x3 * ViewDistance, depth, "projection");
+    sy = Divide(-y3 * ViewDistance, depth, "projection");
+}
+
+void ProjectToView(double x, double y, double z, double &sx, double &sy) {
+    double depth = 0.0;
+    ProjectToView(x, y, z, sx, sy, depth);
 }
 
 void NodeToScreen(int node, double &px, double &py, int &support) {

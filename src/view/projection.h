@@ -17,6 +17,9 @@ inline ScreenPoint operator+(ScreenPoint p, Pixel by) { return {p.x + by.x, p.y 
 // the eye is DivisionByZero.
 void ProjectToView(double x, double y, double z, double &sx, double &sy);
 
+// The same with the distance before the eye, m: what is farther away has more of it.
+void ProjectToView(double x, double y, double z, double &sx, double &sy, double &depth);
+
 // Mesh view pixels of a node in the rotated view, with its support code. With DeformScale above 0 the displacements of
 // ActiveLoadCase are added to the node's position.
 void NodeToScreen(int node, double &px, double &py, int &support);

@@ -1,0 +1,158 @@
+// Draws a result scene: faces from far to near, each with its contours, its lines and its hatching, then the marks and
+// the legend. Pixels.
+#include "view/result_scene.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace havuz {
+
+namespace {
+
+constexpr Colour kInk = {0x202020}, kMeshLine = {0x707070}, kNoValue = {0xE4E4E4}, kBadMesh = {0xC000C0};
+constexpr double kTextSize = 12.0, kTitleSize = 14.0;
+
+// The faces on the canvas.
+struct Placed {
+    std::array<ScreenPoint, 4> at;
+    double depth = 0.0;
+};
+
+std::vector<Placed> PlaceFaces(const ResultScene &scene, double deformation, const SceneTransform &to) {
+    std::vector<Placed> placed;
+    placed.reserve(scene.faces.size());
+    for (const ResultFace &face : scene.faces) {
+        Placed p;
+        for (std::size_t k = 0; k < 4; ++k) {
+            const SpacePoint &a = face.at[k], &m = face.moved[k];
+            const ScenePlace at =
+                ProjectScene(scene.look, {a.x + deformation * m.x, a.y + deformation * m.y, a.z + deformation * m.z});
+            p.at[k] = {to.x + to.scale * at.x, to.y + to.scale * at.y};
+            p.depth += at.depth / 4.0;
+        }
+        placed.push_back(p);
+    }
+    return placed;
+}
+
+// Far to near; faces at one distance in their order.
+std::vector<std::size_t> DrawingOrder(const std::vector<Placed> &placed) {
+    std::vector<std::size_t> order(placed.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::stable_sort(order.begin(), order.end(),
+                     [&](std::size_t a, std::size_t b) { return placed[a].depth > placed[b].depth; });
+    return order;
+}
+
+ScreenPoint Middle(const std::array<ScreenPoint, 4> &p) {
+    return {(p[0].x + p[1].x + p[2].x + p[3].x) / 4.0, (p[0].y + p[1].y + p[2].y + p[3].y) / 4.0};
+}
+
+// Four triangles around the middle, which has the mean: the picture does not depend on a diagonal.
+void DrawContours(ResultCanvas &canvas, const ResultFace &face, const Placed &p, const ColourMap &map) {
+    const ValuePoint middle = {Middle(p.at), (face.value[0] + face.value[1] + face.value[2] + face.value[3]) / 4.0};
+    for (std::size_t k = 0; k < 4; ++k) {
+        const std::size_t next = (k + 1) % 4;
+        canvas.Triangle({ValuePoint{p.at[k], face.value[k]}, ValuePoint{p.at[next], face.value[next]}, middle}, map);
+    }
+}
+
+void DrawOutline(ResultCanvas &canvas, const Placed &p, Colour colour, double lineWidth) {
+    for (std::size_t k = 0; k < 4; ++k)
+        canvas.Line(p.at[k], p.at[(k + 1) % 4], colour, lineWidth);
+}
+
+// Three lines from side to side.
+void DrawHatching(ResultCanvas &canvas, const Placed &p) {
+    const auto between = [](ScreenPoint a, ScreenPoint b, double t) {
+        return ScreenPoint{a.x + t * (b.x - a.x), a.y + t * (b.y - a.y)};
+    };
+    for (const double t : {0.25, 0.5, 0.75}) {
+        canvas.Line(between(p.at[0], p.at[1], t), between(p.at[0], p.at[3], t), kInk, 1.0);
+        canvas.Line(between(p.at[2], p.at[3], t), between(p.at[2], p.at[1], t), kInk, 1.0);
+    }
+}
+
+void DrawFace(ResultCanvas &canvas, const ResultFace &face, const Placed &p, const ColourMap &map,
+              const SceneStyle &style) {
+    if (face.hasValue)
+        DrawContours(canvas, face, p, map);
+    else
+        canvas.Fill(p.at, kNoValue);
+    if (face.lifted)
+        DrawHatching(canvas, p);
+    if (style.meshLines)
+        DrawOutline(canvas, p, kMeshLine, 1.0);
+    if (face.marked)
+        DrawOutline(canvas, p, kBadMesh, 3.0);
+}
+
+// A cross at the place and the value beside it, kept inside the canvas.
+void DrawMark(ResultCanvas &canvas, const ResultScene &scene, const Placed &p, const SceneExtreme &e, bool above) {
+    constexpr double kArm = 5.0;
+    const ScreenPoint at = p.at[e.corner];
+    for (const auto &[colour, width] : {std::pair{Colour{0xFFFFFF}, 4.0}, std::pair{kInk, 1.5}}) {
+        canvas.Line({at.x - kArm, at.y - kArm}, {at.x + kArm, at.y + kArm}, colour, width);
+        canvas.Line({at.x - kArm, at.y + kArm}, {at.x + kArm, at.y - kArm}, colour, width);
+    }
+    const std::string text = DecimalCommaText(e.value, scene.decimals);
+    const double wide = 0.62 * kTextSize * static_cast<double>(text.size());
+    const double x = std::clamp(at.x, wide / 2.0, std::max(canvas.width() - wide / 2.0, wide / 2.0));
+    const double y = above ? at.y - 9.0 : at.y + 9.0 + kTextSize;
+    const double left = x - wide / 2.0 - 3.0, right = x + wide / 2.0 + 3.0, top = y - kTextSize, bottom = y + 3.0;
+    const std::array<ScreenPoint, 4> plate = {ScreenPoint{left, top}, ScreenPoint{right, top},
+                                              ScreenPoint{right, bottom}, ScreenPoint{left, bottom}};
+    canvas.Fill(plate, {0xFFFFFF});
+    canvas.Text({x, y - 1.0}, text, TextAlign::Centre, kTextSize, kInk);
+}
+
+int LimitDecimals(const ColourMap &map) {
+    const double step = (map.high() - map.low()) / std::max(map.bands(), 4);
+    int decimals = 0;
+    for (double s = step; decimals < 8 && s > 0.0 && std::fabs(s - std::round(s)) > 1e-6 * s; s *= 10.0)
+        ++decimals;
+    return decimals;
+}
+
+// The scale from the greatest value down, its limits beside it, the unit above.
+void DrawLegend(ResultCanvas &canvas, const ResultScene &scene, const ColourMap &map) {
+    constexpr double kFromRight = 110.0, kBar = 22.0, kTop = 70.0;
+    const double x = canvas.width() - kFromRight;
+    const double height = std::max(std::min(canvas.height() - kTop - 40.0, 360.0), 20.0);
+    const double each = height / map.steps();
+    for (int step = 0; step < map.steps(); ++step) {
+        const double bottom = kTop + height - each * step, top = bottom - each;
+        const std::array<ScreenPoint, 4> box = {ScreenPoint{x, top}, ScreenPoint{x + kBar, top},
+                                                ScreenPoint{x + kBar, bottom}, ScreenPoint{x, bottom}};
+        canvas.Fill(box, map.colour(step));
+    }
+    const int labels = map.bands() > 0 && map.bands() <= 24 ? map.bands() : 8;
+    const int decimals = map.bands() > 0 ? LimitDecimals(map) : scene.decimals;
+    for (int i = 0; i <= labels; ++i) {
+        const double y = kTop + height - height * i / labels;
+        const double value = map.low() + (map.high() - map.low()) * i / labels;
+        canvas.Line({x + kBar, y}, {x + kBar + 4.0, y}, kInk, 1.0);
+        canvas.Text({x + kBar + 8.0, y + 4.0}, DecimalCommaText(value, decimals), TextAlign::Left, kTextSize, kInk);
+    }
+    canvas.Text({x, kTop - 12.0}, scene.unit, TextAlign::Left, kTextSize, kInk);
+}
+
+} // namespace
+
+void DrawScene(ResultCanvas &canvas, const ResultScene &scene, const SceneStyle &style, const SceneTransform &to) {
+    const ColourMap map = MapOf(scene, style);
+    const std::vector<Placed> placed = PlaceFaces(scene, style.deformation, to);
+    for (const std::size_t f : DrawingOrder(placed))
+        DrawFace(canvas, scene.faces[f], placed[f], map, style);
+    const std::optional<SceneExtremes> e = ExtremesOf(scene);
+    if (style.marks && e && e->least.value < e->greatest.value) {
+        DrawMark(canvas, scene, placed[e->least.face], e->least, false);
+        DrawMark(canvas, scene, placed[e->greatest.face], e->greatest, true);
+    }
+    if (style.legend && e)
+        DrawLegend(canvas, scene, map);
+    canvas.Text({14.0, 24.0}, scene.title, TextAlign::Left, kTitleSize, kInk);
+}
+
+} // namespace havuz
