@@ -94,8 +94,8 @@ TEST(ImageCanvas, TrianglesOfAFaceLeaveNoPixelOut) {
         canvas.Triangle({ValuePoint{p[k], 0.5}, ValuePoint{p[(k + 1) % 4], 0.5}, ValuePoint{middle, 0.5}}, map);
     for (int y = 7; y < 23; ++y)
         for (int x = 8; x < 31; ++x)
-            EXPECT_EQ(canvas.image().pixel(x, y) & 0xFFFFFFU, map.colour(0).rgb) << x << "," << y;
-    EXPECT_EQ(canvas.image().pixel(1, 1) & 0xFFFFFFU, 0xFFFFFFU);
+            EXPECT_EQ(canvas.colourAt(x, y).rgb, map.colour(0).rgb) << x << "," << y;
+    EXPECT_EQ(canvas.colourAt(1, 1).rgb, 0xFFFFFFU);
 }
 
 TEST(ResultScene, TheNearerFaceIsHitAndItsValueRunsLinearly) {

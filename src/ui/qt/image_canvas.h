@@ -4,8 +4,9 @@
 
 #include "view/result_canvas.h"
 
-#include <QImage>
-#include <QPainter>
+#include <memory>
+
+class QImage;
 
 namespace havuz {
 
@@ -13,6 +14,7 @@ class ImageCanvas : public ResultCanvas {
 public:
     // width, height in pixels of the drawing; scale: pixels of the picture to one of these.
     ImageCanvas(int width, int height, double scale = 1.0);
+    ~ImageCanvas() override;
     double width() const override { return width_; }
     double height() const override { return height_; }
     void Triangle(const std::array<ValuePoint, 3> &corners, const ColourMap &map) override;
@@ -20,13 +22,15 @@ public:
     void Line(ScreenPoint from, ScreenPoint to, Colour colour, double lineWidth) override;
     void Text(ScreenPoint at, const std::string &text, TextAlign align, double size, Colour colour) override;
 
-    const QImage &image() const { return image_; }
+    Colour colourAt(int x, int y) const; // of a pixel of the picture
+    const QImage &image() const;
+    std::string png() const; // the bytes of a PNG file
 
 private:
+    struct Painting; // the image and its painter: who only draws needs no Qt
     int width_, height_;
     double scale_;
-    QImage image_;
-    QPainter painter_; // open as long as the image: goes first
+    std::unique_ptr<Painting> painting_;
 };
 
 } // namespace havuz
