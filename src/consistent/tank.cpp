@@ -5,10 +5,14 @@
 #include "model/link_code.h"
 #include "model/store.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace havuz::consistent {
 
 namespace {
 
+constexpr double kFarthest = 1e6;       // coordinate of a node, m
 constexpr double kConcreteWeight = 2.5; // t/m3
 
 std::string Number(int n) { return std::to_string(n); }
@@ -83,7 +87,11 @@ void TakeMesh(Tank &tank, int number) {
                                       Number(NoktaCount),
                                   Number(number) + " numaralı meshin köşesi " + Number(n) + " numaralı nokta, 1.." +
                                       Number(NoktaCount) + " dışında");
-        tank.nodes[static_cast<std::size_t>(n)].used = true;
+        TankNode &node = tank.nodes[static_cast<std::size_t>(n)];
+        node.used = true;
+        if (!(std::max({std::fabs(node.at.x), std::fabs(node.at.y), std::fabs(node.at.z)}) <= kFarthest))
+            throw AnalysisFailure("node " + Number(n) + " lies farther than 1000 km from the origin",
+                                  Number(n) + " numaralı nokta başlangıçtan 1000 km'den uzak");
     }
     if (tank.panels.count(mesh.panel) == 0)
         tank.panels[mesh.panel] = OwnerIsPlate(mesh.panel) ? PlateOf(mesh.panel) : PanelOf(mesh.panel);
