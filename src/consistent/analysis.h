@@ -1,8 +1,5 @@
 // The consistent analysis of a tank: joined, assembled and factored once, then solved for any case or combination.
 // Values in, values out; no state beside the object, which is only read once it stands.
-//
-// Not there yet: Analysis throws AnalysisFailure ("... is not finished yet") until the solver has landed; the types and
-// ReadTank hold; the functions of loads.h throw the same until then.
 #pragma once
 
 #include "consistent/failure.h"
@@ -15,6 +12,7 @@ namespace havuz::consistent {
 struct Options {
     LoadOptions loads;
     double drillingFactor = 1.0; // times the small drilling stiffness: results do not show it
+    bool innerModes = true; // false: the plain bilinear membrane, stiff where a strip of one mesh bends in its plane
     int threads = 1;
 };
 
@@ -27,6 +25,8 @@ struct SystemFacts {
     long long factorCells = 0; // of the triangular factor
 };
 
+struct System; // what stands inside
+
 class Analysis {
 public:
     // Joins, assembles, factors. A model that cannot be solved is an AnalysisFailure: a mechanism by node and
@@ -37,11 +37,11 @@ public:
     const Options &options() const;
     const SystemFacts &facts() const;
     const std::vector<ExtraJoint> &joined() const;
-    const std::vector<Vector3> &loads(Case c) const; // nodal forces by project number
-    const std::vector<double> &bedAreas() const;     // by project number, m2
-    bool active(Case c) const;                       // the case loads something
-    std::vector<PlaneNode> planeNodes() const;       // places of CaseResult::means
-    std::vector<int> meshPlanes() const;             // plane of each mesh, in the order of Tank::meshes
+    const std::vector<Vector3> &loads(Case c) const;  // nodal forces by project number
+    const std::vector<double> &bedAreas() const;      // by project number, m2
+    bool active(Case c) const;                        // the case loads something
+    const std::vector<PlaneNode> &planeNodes() const; // places of CaseResult::means
+    const std::vector<int> &meshPlanes() const;       // plane of each mesh, in the order of Tank::meshes
 
     // All zeros for a case that loads nothing.
     CaseResult solve(Case c) const;
@@ -50,7 +50,6 @@ public:
     CaseResult solve(const Combination &combination, bool tension = true) const;
 
 private:
-    struct System;
     std::shared_ptr<const System> system_;
 };
 
