@@ -1,0 +1,31 @@
+// Tanks for the tests of the consistent analysis: pools of the library and polygon pools, meshed, as snapshots; and
+// what the analysis says at a place.
+#pragma once
+
+#include "consistent/analysis.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace havuz::consistent {
+
+using Parameters = std::vector<std::pair<double *, double>>; // a parameter of the store and its value
+
+// A fresh program with the pool of a page (1 rectangular, 2 circular) in it, meshed.
+Tank LibraryPool(int page, const Parameters &parameters);
+
+// A polygon pool, meshed. points: outline.
+Tank PolygonTank(const std::vector<std::pair<double, double>> &points, double top, double bottom, double width);
+
+// The result at the corner of a mesh of that panel that lies at a place; fails the test where there is none.
+ShellResult ResultAt(const Tank &tank, const CaseResult &r, int panel, const Vector3 &at);
+const NodeResult &NodeResultAt(const Tank &tank, const CaseResult &r, const Vector3 &at);
+
+// Greatest of a value of all nodes' u less those of another solution, against the greatest of it.
+double DisplacementDifference(const CaseResult &a, const CaseResult &b);
+
+// Greatest component of the sum of a proof, against the greatest of its loads and springs.
+double Imbalance(const Proof &proof);
+
+} // namespace havuz::consistent
