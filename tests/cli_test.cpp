@@ -224,7 +224,7 @@ TEST(Cli, FailuresNameFileAndPlaceAndWriteNothing) {
         {"mesh WIDE.POL --mesh-width 0.05", "havuz-cli: WIDE.POL: plate 1: grid step(502) lies outside 0..500\n"},
         {"mesh BIG.POL -o X.POL", "havuz-cli: BIG.POL: plate 1: point(1001) lies outside 0..1000\n"},
         {"cut WIDE.POL --line '1,-1 1,4' --mesh-width 0", "havuz-cli: WIDE.POL: MeshGenisligi: division by zero\n"},
-        {"mesh NONE.POL", "havuz-cli: NONE.POL: cannot be opened"},
+        {"mesh NONE.POL", "havuz-cli: NONE.POL: cannot be opened (No such file or directory)\n"},
         {"info BAD.POL", "havuz-cli: BAD.POL: line 3, field 2 (soil ZeminKo): \"2x00\" is not a number"},
         {"run CUT.POL", "havuz-cli: CUT.POL: line "},
         {"mesh ZERO.POL", "havuz-cli: ZERO.POL: PanelTable(2) Nx: division by zero"},

@@ -35,7 +35,8 @@ struct Plane {
 inline const Plane kFlat{{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
 inline const Plane kWallX{{0, 0, 0}, {0, 1, 0}, {0, 0, 1}, {1, 0, 0}};
 inline Plane Tilted() {
-    const Vector3 e1 = Normalised({2, -1, 0.5}, "e1"), n = Normalised(Cross(e1, {0.3, 1, -0.7}), "n");
+    const Vector3 e1 = Normalised({2, -1, 0.5}, Thing::QuadBasis),
+                  n = Normalised(Cross(e1, {0.3, 1, -0.7}), Thing::QuadBasis);
     return {{3, -2, 1}, e1, Cross(n, e1), n};
 }
 

@@ -78,7 +78,7 @@ TEST(Start, FailuresEndTheProgramWithStatusOneAndOneLine) {
         RecordingWindow window;
         EXPECT_EQ(EndOf("", window), 1);
         EXPECT_EQ(window.log.substr(window.log.size() - 7), "enable ");
-        EXPECT_EQ(window.failure, program.file(missing) + ": cannot be opened");
+        EXPECT_EQ(window.failure, program.file(missing) + ": cannot be opened (No such file or directory)");
     }
     const ProgramFolder program;
     RecordingWindow window;

@@ -503,27 +503,6 @@ TEST(MainWindow, AnEditThatFailsHalfWayIsUndone) {
     EXPECT_EQ(PanelCount, 2);
 }
 
-TEST(MainWindow, FailureWordsOfEditsAreTurkish) {
-    for (const char *words : {"plate 3, edge 5: node under a wall(1001) lies outside 0..1000",
-                              "node 7 joins more than 10 meshes: BantTable(7) "
-                              "holds 20 entries",
-                              "plate 2: its outline has no width or no height in plan",
-                              "plate 1: grid step(501) lies "
-                              "outside 0..500",
-                              "a 16-bit field cannot hold 40000", "MeshGenisligi: division by zero",
-                              "slope of a plate: "
-                              "division by zero",
-                              "the pixel position 1e30 leaves the 32-bit range"}) {
-        const std::string turkish = FailureInTurkish(RuntimeFailure(Subscript, words));
-        for (const char *english :
-             {" a ", "the", "plate", "edge", "node", "outside", "division", "field", "hold", "grid", "no ", "mesh"})
-            EXPECT_EQ(turkish.find(english), std::string::npos) << turkish;
-    }
-    EXPECT_EQ(
-        FailureInTurkish(RuntimeFailure(Subscript, "plate 3, edge 5: node under a wall(1001) lies outside 0..1000")),
-        "TABLO SINIRI ASILDI: PLAK 3, KENAR 5: DUVAR ALTI NOKTASI(1001) SINIR 0..1000");
-}
-
 TEST(MainWindow, AnyOtherFailureEndsTheProgramAndTheNextStartTells) {
     ResetAll();
     Desk desk;

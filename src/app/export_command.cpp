@@ -16,7 +16,7 @@ static void ExportProject(const std::string &file, const std::string &out, const
     if (!name.empty())
         ProjeAdi = name;
     if (NothingToExport())
-        throw RuntimeFailure(File, "the model has no nodes or no meshes to export; mesh it first");
+        throw RuntimeFailure({.fault = Fault::NothingToExport});
     WriteExport(out, text);
 }
 

@@ -52,14 +52,13 @@ double NumberOf(const Assignment &a) {
 }
 
 // The one place of a name such as Mesnet(17), within first..last of the table or list named.
-int PlaceOf(const Assignment &a, std::size_t which, std::size_t count, int first, int last, const char *table) {
+int PlaceOf(const Assignment &a, std::size_t which, std::size_t count, int first, int last, Thing table) {
     if (a.places.size() != count)
         throw UsageError(a.name + " takes " + std::to_string(count) + (count == 1 ? " place" : " places") +
                          " in brackets");
     const int place = a.places[which];
     if (place < first || place > last)
-        throw RuntimeFailure(Subscript, std::string(table) + "(" + std::to_string(place) + ") lies outside " +
-                                            std::to_string(first) + ".." + std::to_string(last));
+        throw RuntimeFailure({.thing = table, .number = place, .first = first, .bound = last});
     return place;
 }
 
@@ -95,11 +94,11 @@ Field Record::*FieldCalled(const std::string &name, Fields<Record, Field> fields
 
 std::optional<Slot> ParameterSlot(const Assignment &a) {
     if (a.name == "YukDurum")
-        return SlotOf(YukDurum[PlaceOf(a, 0, 1, 0, kYukDurumLast, "YukDurum")]);
+        return SlotOf(YukDurum[PlaceOf(a, 0, 1, 0, kYukDurumLast, Thing::YukDurum)]);
     if (a.name == "YukKombinasyon")
-        return SlotOf(YukKombinasyon[PlaceOf(a, 0, 1, 0, kYukKombinasyonLast, "YukKombinasyon")]);
+        return SlotOf(YukKombinasyon[PlaceOf(a, 0, 1, 0, kYukKombinasyonLast, Thing::YukKombinasyon)]);
     if (a.name == "DonatiCaplari")
-        return SlotOf(DonatiCaplari[PlaceOf(a, 0, 1, 1, 13, "DonatiCaplari")]);
+        return SlotOf(DonatiCaplari[PlaceOf(a, 0, 1, 1, 13, Thing::DonatiCaplari)]);
     const auto found = kScalars.find(a.name);
     if (found == kScalars.end())
         return {};
@@ -113,7 +112,7 @@ std::optional<Slot> NodeSlot(const Assignment &a) {
         a.name, {{"X", &NoktaRecord::X}, {"Y", &NoktaRecord::Y}, {"Z", &NoktaRecord::Z}});
     if (coordinate == nullptr && a.name != "Mesnet")
         return {};
-    NoktaRecord &node = NoktaTable[PlaceOf(a, 0, 1, 1, NoktaCount, "NoktaTable")];
+    NoktaRecord &node = NoktaTable[PlaceOf(a, 0, 1, 1, NoktaCount, Thing::NoktaTable)];
     return coordinate != nullptr ? SlotOf(node.*coordinate) : SlotOf(node.Mesnet);
 }
 
@@ -123,7 +122,7 @@ std::optional<Slot> LoadSlot(const Assignment &a) {
         a.name, {{"FX", &NokYukRecord::FX}, {"FY", &NokYukRecord::FY}, {"FZ", &NokYukRecord::FZ}});
     if (force == nullptr)
         return {};
-    const int no = PlaceOf(a, 0, 1, 1, NoktaCount, "NokYukTable");
+    const int no = PlaceOf(a, 0, 1, 1, NoktaCount, Thing::NokYukTable);
     return Slot{[no, force] { return TextOf(NokYukTable[no].*force); },
                 [no, force](double value) {
                     NokYukTable[no].Nokta = no;
@@ -134,7 +133,7 @@ std::optional<Slot> LoadSlot(const Assignment &a) {
 std::optional<Slot> MeshSlot(const Assignment &a) {
     if (a.name != "Sil")
         return {};
-    return SlotOf(MeshTable[PlaceOf(a, 0, 1, 1, MeshCount, "MeshTable")].Sil);
+    return SlotOf(MeshTable[PlaceOf(a, 0, 1, 1, MeshCount, Thing::MeshTable)].Sil);
 }
 
 std::optional<Slot> PanelSlot(const Assignment &a) {
@@ -145,16 +144,16 @@ std::optional<Slot> PanelSlot(const Assignment &a) {
     const bool edge = a.name == "KenarMesnet";
     if (number == nullptr && whole == nullptr && !edge)
         return {};
-    PanelRecord &panel = PanelTable[PlaceOf(a, 0, edge ? 2 : 1, 1, PanelCount, "PanelTable")];
+    PanelRecord &panel = PanelTable[PlaceOf(a, 0, edge ? 2 : 1, 1, PanelCount, Thing::PanelTable)];
     if (edge)
-        return SlotOf(panel.KenarMesnet[PlaceOf(a, 1, 2, 1, 4, "KenarMesnet")]);
+        return SlotOf(panel.KenarMesnet[PlaceOf(a, 1, 2, 1, 4, Thing::KenarMesnet)]);
     return number != nullptr ? SlotOf(panel.*number) : SlotOf(panel.*whole);
 }
 
 std::optional<Slot> PlakSlot(const Assignment &a) {
     if (a.name != "Kalinlik")
         return {};
-    return SlotOf(PlakTable[PlaceOf(a, 0, 1, 1, PlakCount, "PlakTable")].Kalinlik);
+    return SlotOf(PlakTable[PlaceOf(a, 0, 1, 1, PlakCount, Thing::PlakTable)].Kalinlik);
 }
 
 Slot SlotCalled(const Assignment &a) {

@@ -65,7 +65,7 @@ void Draw(Surface &scr, const RenderOptions &o) {
         return;
     }
     if (MeshCount == 0)
-        throw RuntimeFailure(File, "the model has no meshes to draw");
+        throw RuntimeFailure({.fault = Fault::NothingToDraw});
     PlateBoundsAndDepth(scr); // the mesh view fits the extents of the plates
     DrawMeshView(scr, none);
 }

@@ -9,6 +9,7 @@
 #include "model/options.h"
 #include "model/store.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -24,9 +25,12 @@ namespace {
 // The private folder of a run for its scratch file.
 class ScratchFolder {
 public:
-    ScratchFolder() : path_((std::filesystem::temp_directory_path() / "havuz-XXXXXX").string()) {
+    ScratchFolder() {
+        const char *wanted = std::getenv("TMPDIR");
+        const std::string folder = wanted != nullptr && *wanted != '\0' ? wanted : "/tmp";
+        path_ = folder + "/havuz-XXXXXX";
         if (mkdtemp(path_.data()) == nullptr)
-            throw RuntimeFailure(File, path_ + ": cannot be created");
+            FailFile(Fault::CannotCreateScratch, folder, errno);
     }
     ~ScratchFolder() {
         std::error_code error;
@@ -70,8 +74,8 @@ public:
         char *arguments[] = {shell, option, script.data(), shell, path.data(), nullptr};
         std::cout.flush();
         pid_t child = 0;
-        if (posix_spawn(&child, "/bin/sh", nullptr, nullptr, arguments, environ) != 0)
-            throw RuntimeFailure(File, command + ": cannot be started");
+        if (const int reason = posix_spawn(&child, "/bin/sh", nullptr, nullptr, arguments, environ); reason != 0)
+            FailFile(Fault::CannotStart, command, reason);
     }
 
 private:

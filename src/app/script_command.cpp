@@ -20,12 +20,20 @@ struct ScriptOptions {
     std::string file, project, record;
 };
 
+std::string CurrentDirectory() {
+    std::error_code error;
+    const std::filesystem::path here = std::filesystem::current_path(error);
+    if (error)
+        FailFile(Fault::CannotOpen, ".", error.value());
+    return here.string();
+}
+
 // The start of the program, with the project on its command line or without one. Paths follow the rules of havuz-cli.
 void Start(Stage &stage, const std::string &project) {
     try {
         stage.main.Start(project.empty() ? "" : ProjectStem(project));
         if (project.empty())
-            CalismaDizini = std::filesystem::current_path().string();
+            CalismaDizini = CurrentDirectory();
         else
             TakeProjectPaths(FindFile(project));
         stage.main.Prompt(RecoveryPrompt());
@@ -44,7 +52,7 @@ void PlayRecorded(Stage &stage, const ScriptOptions &o, const std::vector<Script
     std::ofstream out(o.record, std::ios::binary);
     const auto check = [&] {
         if (!out)
-            throw RuntimeFailure(File, o.record + ": cannot be written");
+            FailFile(Fault::CannotWrite, o.record, errno);
     };
     check();
     {

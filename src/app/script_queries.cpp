@@ -60,7 +60,7 @@ std::string AskField(Stage &stage, Words &words) { return stage.window.Text(Take
 
 std::string AskItem(Stage &stage, Words &words) {
     const WindowState::ElementState &list = stage.window.state(TakeElement(stage, words));
-    return list.item < 0 ? "" : list.items.at(static_cast<std::size_t>(list.item));
+    return list.item < 0 ? "" : CheckedElement(list.items, Thing::WindowElement, list.item);
 }
 
 std::string AskChecked(Stage &stage, Words &words) { return YesNo(stage.window.Checked(TakeElement(stage, words))); }

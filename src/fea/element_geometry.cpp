@@ -3,8 +3,6 @@
 #include "model/arithmetic.h"
 #include "model/store.h"
 
-#include <string>
-
 namespace havuz {
 
 MeshNodes MeshNodeData(int mesh) {
@@ -14,8 +12,11 @@ MeshNodes MeshNodeData(int mesh) {
     m.n = {0, record.N1, record.N2, record.N3, record.N4};
     for (std::size_t k = 1; k <= 4; ++k) {
         if (m.n[k] < 1 || m.n[k] > NoktaCount)
-            throw RuntimeFailure(Subscript, "MeshTable(" + std::to_string(mesh) + ") names node " +
-                                                std::to_string(m.n[k]) + " outside 1.." + std::to_string(NoktaCount));
+            throw RuntimeFailure({.fault = Fault::NamesOutside,
+                                  .where = {{Thing::MeshTable, mesh}},
+                                  .number = m.n[k],
+                                  .first = 1,
+                                  .bound = NoktaCount});
         const NoktaRecord &node = NoktaTable[m.n[k]];
         m.x[k] = node.X;
         m.y[k] = node.Y;
@@ -33,8 +34,7 @@ static Vector3 MeanSide(const MeshNodes &m, std::size_t a, std::size_t b, std::s
 static Vector3 Normalised(const Vector3 &v, int mesh) {
     const double length = Distance3(v.x, v.y, v.z);
     if (length == 0.0)
-        throw RuntimeFailure(DivisionByZero,
-                             "MeshTable(" + std::to_string(mesh) + ") has no extent or no area: division by zero");
+        throw RuntimeFailure({.fault = Fault::NoExtent, .where = {{Thing::MeshTable, mesh}}});
     return {v.x / length, v.y / length, v.z / length};
 }
 

@@ -6,7 +6,6 @@
 #include "model/store.h"
 
 #include <array>
-#include <string>
 
 namespace havuz {
 
@@ -19,9 +18,11 @@ enum Slot { kUx = 1, kUy = 2, kUz = 3 };
 void AddToRhs(int node, Slot slot, int c, double value) {
     const int at = RhsIndex(NoktaTable[node].Denklem[slot], c);
     if (at < 0)
-        throw RuntimeFailure(Subscript, "Rhs(" + std::to_string(at) + "): node " + std::to_string(node) +
-                                            " is held against translation and " + std::to_string(YukSayisi) +
-                                            " load columns are asked for; at most 2 go with it");
+        throw RuntimeFailure({.fault = Fault::NodeHeld,
+                              .where = {{Thing::Node, node}},
+                              .thing = Thing::Rhs,
+                              .number = at,
+                              .bound = YukSayisi});
     Rhs[at] = static_cast<float>(static_cast<double>(Rhs[at]) + value);
 }
 

@@ -61,7 +61,7 @@ void Elimination::reduce(int c) {
     const double pivot = at(c, c);
     for (int j = 1; j <= n_; ++j)
         if (j != c)
-            at(c, j) = Divide(at(c, j), pivot, "MatrixInvert");
+            at(c, j) = Divide(at(c, j), pivot, Thing::MatrixInvert);
     for (int i = 1; i <= n_; ++i) {
         if (i == c)
             continue;
@@ -69,9 +69,9 @@ void Elimination::reduce(int c) {
         for (int j = 1; j <= n_; ++j)
             if (j != c)
                 at(i, j) = at(i, j) - old * at(c, j);
-        at(i, c) = Divide(-old, pivot, "MatrixInvert");
+        at(i, c) = Divide(-old, pivot, Thing::MatrixInvert);
     }
-    at(c, c) = Divide(1.0, pivot, "MatrixInvert");
+    at(c, c) = Divide(1.0, pivot, Thing::MatrixInvert);
 }
 
 void Elimination::step() {

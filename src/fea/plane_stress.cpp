@@ -10,9 +10,9 @@ void ResetPlaneD() { PlaneD.clear(); }
 
 void FillPlaneD(double e, double v) {
     PlaneD.clear();
-    PlaneD(1, 1) = PlaneD(2, 2) = Divide(e, 1.0 - v * v, "PlaneD");
-    PlaneD(1, 2) = PlaneD(2, 1) = Divide(e * v, 1.0 - v * v, "PlaneD");
-    PlaneD(3, 3) = Divide(0.5 * e, 1.0 + v, "PlaneD");
+    PlaneD(1, 1) = PlaneD(2, 2) = Divide(e, 1.0 - v * v, Thing::PlaneD);
+    PlaneD(1, 2) = PlaneD(2, 1) = Divide(e * v, 1.0 - v * v, Thing::PlaneD);
+    PlaneD(3, 3) = Divide(0.5 * e, 1.0 + v, Thing::PlaneD);
 }
 
 } // namespace havuz

@@ -58,8 +58,7 @@ public:
         const double dy = m.y[1] - m.y[2];
         p_.length = Distance2(dx, dy);
         if (p_.length == 0.0)
-            throw RuntimeFailure(DivisionByZero, "MeshTable(" + std::to_string(m.mesh) +
-                                                     "): a wall without length in plan: division by zero");
+            throw RuntimeFailure({.fault = Fault::NoPlanLength, .where = {{Thing::MeshTable, m.mesh}}});
         nx_ = outlineSign * dy / p_.length;
         ny_ = -outlineSign * dx / p_.length;
         p_.height = (std::fabs(m.z[1] - m.z[4]) + std::fabs(m.z[2] - m.z[3])) / 2.0;

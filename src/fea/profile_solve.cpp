@@ -16,7 +16,7 @@ namespace havuz {
 namespace {
 
 [[noreturn]] void FailRange(int equation) {
-    throw RuntimeFailure(Overflow, "equation " + std::to_string(equation) + ": the solution leaves the 32-bit range");
+    throw RuntimeFailure({.fault = Fault::SolutionTooLarge, .where = {{Thing::Equation, equation}}});
 }
 
 // Places first..last of the pivot row, all of them non-zero.

@@ -154,7 +154,7 @@ void QuadShellStress(Matrix<24, 24> &S, int corners, int points) {
         l = PlaceCorners();
         J = LocalArea(l);
         if (J == 0.0)
-            throw RuntimeFailure(DivisionByZero, "QuadShellStress: the corners span no local area in either order");
+            throw RuntimeFailure({.fault = Fault::NoLocalArea, .thing = Thing::QuadStress});
     }
     FillPoints(S, points, l, J);
     if (exchanged) {

@@ -31,9 +31,9 @@ static void SetQuadBasisAxis(int j, const Vector3 &v) {
 void QuadBasisBuild(int k) {
     const Vector3 along = QuadCorner[2] + QuadCorner[3] - QuadCorner[k] - QuadCorner[1];
     const Vector3 across = QuadCorner[3] + QuadCorner[k] - QuadCorner[1] - QuadCorner[2];
-    const double part = Divide(Dot(along, across), Dot(along, along), "QuadBasis");
-    const Vector3 v1 = Normalised(along, "QuadBasis");
-    const Vector3 v2 = Normalised(across - part * along, "QuadBasis");
+    const double part = Divide(Dot(along, across), Dot(along, along), Thing::QuadBasis);
+    const Vector3 v1 = Normalised(along, Thing::QuadBasis);
+    const Vector3 v2 = Normalised(across - part * along, Thing::QuadBasis);
     SetQuadBasisAxis(1, v1);
     SetQuadBasisAxis(2, v2);
     SetQuadBasisAxis(3, Cross(v1, v2));
@@ -42,8 +42,8 @@ void QuadBasisBuild(int k) {
 void TriangleBasis(int i, int j, int m) {
     const Vector3 a = QuadCorner[i] - QuadCorner[m];
     const Vector3 b = QuadCorner[j] - QuadCorner[m];
-    const Vector3 n = Normalised(Cross(a, b), "TriAxes");
-    const Vector3 e1 = Normalised(Cross(QuadBasisAxis(2), n), "TriAxes");
+    const Vector3 n = Normalised(Cross(a, b), Thing::TriangleAxes);
+    const Vector3 e1 = Normalised(Cross(QuadBasisAxis(2), n), Thing::TriangleAxes);
     const Vector3 e2 = Cross(n, e1);
     TriX[1] = -Dot(e1, b);
     TriX[2] = Dot(e1, a);

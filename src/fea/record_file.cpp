@@ -4,22 +4,17 @@
 
 #include <cassert>
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace havuz {
 
-[[noreturn]] static void Fail(const std::string &path, const char *what) {
-    throw RuntimeFailure(File, path + ": " + what + (errno != 0 ? std::string(" (") + std::strerror(errno) + ")" : ""));
-}
-
 RecordFile::RecordFile(const std::string &path, std::size_t length, Access access)
     : path_(path), length_(length),
       channel_(open(path.c_str(), access == ReadOnly ? O_RDONLY : O_RDWR | O_CREAT, 0666)) {
     if (channel_ < 0)
-        Fail(path_, "cannot be opened");
+        FailFile(Fault::CannotOpen, path_, errno);
 }
 
 RecordFile::~RecordFile() { close(channel_); }
@@ -34,7 +29,7 @@ void RecordFile::put(const void *bytes, std::size_t size, int record) {
     const auto at = static_cast<off_t>(static_cast<std::size_t>(record - 1) * length_);
     errno = 0;
     if (pwrite(channel_, bytes, size, at) != static_cast<ssize_t>(size))
-        Fail(path_, "cannot be written");
+        FailFile(Fault::CannotWrite, path_, errno);
 }
 
 void RecordFile::get(void *bytes, std::size_t size, int record) const {
@@ -42,7 +37,7 @@ void RecordFile::get(void *bytes, std::size_t size, int record) const {
     const auto at = static_cast<off_t>(static_cast<std::size_t>(record - 1) * length_);
     errno = 0;
     if (pread(channel_, bytes, size, at) != static_cast<ssize_t>(size))
-        Fail(path_, ("record " + std::to_string(record) + " cannot be read").c_str());
+        throw RuntimeFailure({.fault = Fault::CannotReadRecord, .number = record, .text = path_, .reason = errno});
 }
 
 } // namespace havuz

@@ -87,7 +87,7 @@ void PutBending(const TermWriter &put, double a, double b, double E, double v, d
 
 void RectShellStiffness(Matrix<24, 24> &K, double a, double b, double E, double v, double t) {
     if (a == 0.0 || b == 0.0)
-        throw RuntimeFailure(DivisionByZero, "RectShellStiffness: a side of length 0");
+        throw RuntimeFailure({.fault = Fault::NoSide, .thing = Thing::RectStiffness});
     K.clear();
     const TermWriter put(K);
     PutMembrane(put, a, b, E, v, t);

@@ -79,7 +79,7 @@ void PutBendingRows(Matrix<24, 24> &S, int row, int column, const Section &s, co
 
 void RectShellStress(Matrix<24, 24> &S, double a, double b, double E, double v, double t) {
     if (a == 0.0 || b == 0.0)
-        throw RuntimeFailure(DivisionByZero, "RectShellStress: a side of length 0");
+        throw RuntimeFailure({.fault = Fault::NoSide, .thing = Thing::RectStress});
     S.clear();
     const Section section = MakeSection(a, b, E, v, t);
     for (std::size_t corner = 0; corner < 4; ++corner)

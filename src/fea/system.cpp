@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cfloat>
+#include <optional>
 
 namespace havuz {
 
@@ -26,24 +27,25 @@ void ResetSystem() {
 
 int RhsIndex(int e, int c) { return YukSayisi * (e - 1) + c; }
 
-// What does not fit, in words; empty when all does.
-static std::string Overrun() {
-    const std::string n = std::to_string(EquationCount) + " equations";
+// What does not fit, nothing when all does.
+static std::optional<FailureParts> Overrun() {
+    const auto past = [](Fault fault, long long of, long long bound) {
+        return FailureParts{.fault = fault, .number = EquationCount, .first = of, .bound = bound};
+    };
     if (EquationCount + 1 > kEquationCapacity)
-        return n + ": ProfileDiag ends at " + std::to_string(kEquationCapacity);
+        return past(Fault::TooManyEquations, 0, kEquationCapacity);
     if (ProfileSize > kSCapacity)
-        return n + " with a profile of " + std::to_string(ProfileSize) + " cells: S ends at " +
-               std::to_string(kSCapacity);
+        return past(Fault::ProfileTooLong, ProfileSize, kSCapacity);
     if (YukSayisi * (EquationCount + 1) > kRhsCapacity)
-        return n + " with " + std::to_string(YukSayisi) + " load columns: Rhs ends at " + std::to_string(kRhsCapacity);
-    return "";
+        return past(Fault::TooManyRhsCells, YukSayisi, kRhsCapacity);
+    return {};
 }
 
 void CheckSystemSizes() {
-    if (const std::string words = Overrun(); !words.empty())
-        throw RuntimeFailure(Subscript, words);
+    if (const auto overrun = Overrun())
+        throw RuntimeFailure(*overrun);
 }
 
-bool SystemFits() { return Overrun().empty(); }
+bool SystemFits() { return !Overrun(); }
 
 } // namespace havuz

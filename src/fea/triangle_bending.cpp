@@ -23,7 +23,7 @@ static Side SideOf(int i, double area2) {
     const double x = TriX[i];
     const double y = TriY[i];
     const double s = x * x + y * y;
-    const double mu = Divide(-(x * TriX[j] + y * TriY[j]), s, "TriangleBending");
+    const double mu = Divide(-(x * TriX[j] + y * TriY[j]), s, Thing::TriangleBending);
     const double l = std::sqrt(s);
     const double h = 2.0 * area2 / l;
     return {x, y, mu, h * x / l, -h * y / l};
@@ -33,10 +33,10 @@ static Side SideOf(int i, double area2) {
 // coordinates, j the next vertex.
 static void SecondDerivatives(int i, double area2, Matrix<6, 3> &w) {
     const int j = NextVertex(i);
-    const double a1 = Divide(TriX[i], area2, "TriangleBending");
-    const double a2 = Divide(TriX[j], area2, "TriangleBending");
-    const double b1 = Divide(TriY[i], area2, "TriangleBending");
-    const double b2 = Divide(TriY[j], area2, "TriangleBending");
+    const double a1 = Divide(TriX[i], area2, Thing::TriangleBending);
+    const double a2 = Divide(TriX[j], area2, Thing::TriangleBending);
+    const double b1 = Divide(TriY[i], area2, Thing::TriangleBending);
+    const double b2 = Divide(TriY[j], area2, Thing::TriangleBending);
     w(i, 1) = b1 * b1;
     w(i, 2) = a1 * a1;
     w(i, 3) = 2.0 * a1 * b1;

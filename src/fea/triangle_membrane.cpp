@@ -20,7 +20,7 @@ static void MembraneBlock(int m, int n, const Matrix<3, 3> &c) {
 }
 
 void TriangleMembrane() {
-    const double f = Divide(TriangleThickness(), 2.0 * TriangleArea2(), "TriangleMembrane");
+    const double f = Divide(TriangleThickness(), 2.0 * TriangleArea2(), Thing::TriangleMembrane);
     Matrix<3, 3> c;
     for (int i = 1; i <= 3; ++i)
         for (int j = 1; j <= 3; ++j)

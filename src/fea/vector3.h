@@ -27,7 +27,7 @@ inline Vector3 Cross(const Vector3 &a, const Vector3 &b) {
 }
 
 // v divided by its length. A length of 0 is DivisionByZero, naming what was to be normalised.
-inline Vector3 Normalised(const Vector3 &v, const char *what) {
+inline Vector3 Normalised(const Vector3 &v, Thing what) {
     const double length = std::sqrt(Dot(v, v));
     return {Divide(v.x, length, what), Divide(v.y, length, what), Divide(v.z, length, what)};
 }

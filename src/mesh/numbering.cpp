@@ -45,9 +45,12 @@ void AppendPair(Skyline &s, int r, int first, int second) {
     BantRecord &row = s.row(r);
     row.count += 2;
     if (row.count > kNeighbours)
-        throw RuntimeFailure(Subscript, "node " + std::to_string(r) + " joins more than " +
-                                            std::to_string(kNeighbours / 2) + " meshes: BantTable(" +
-                                            std::to_string(r) + ") holds " + std::to_string(kNeighbours) + " entries");
+        throw RuntimeFailure({.fault = Fault::JoinsTooMany,
+                              .where = {{Thing::Node, r}},
+                              .thing = Thing::BantTable,
+                              .number = r,
+                              .first = kNeighbours / 2,
+                              .bound = kNeighbours});
     KomsuOf(row, row.count - 1) = first;
     KomsuOf(row, row.count) = second;
 }
@@ -64,7 +67,7 @@ void MakeAdjacency(Skyline &s) {
         const auto [a, b, c, d] = MastersOf(MeshTable[i]);
         for (const int master : {a, b, c, d}) {
             if (master < 0 || master > kNoktaCapacity)
-                FailSubscript("NoktaTable", master, kNoktaCapacity);
+                FailSubscript(Thing::NoktaTable, master, kNoktaCapacity);
             s.isUsed[static_cast<std::size_t>(master)] = true;
             s.rows = std::max(s.rows, master);
         }
@@ -185,7 +188,7 @@ void MergeNodes(const Skyline &s) {
     std::vector<NoktaRecord> staging(static_cast<std::size_t>(kNoktaCapacity) + 1);
     for (int p = 1; p <= HamNoktaCount; ++p) {
         const int master = NoktaTable[p].AnaNo;
-        if (!s.isUsed.at(static_cast<std::size_t>(master)))
+        if (!CheckedElement(s.isUsed, Thing::NoktaTable, master))
             continue;
         NoktaRecord &slot = staging[static_cast<std::size_t>(int(NoktaTable[master].YeniNo))];
         NoktaTable[p].Mesnet = NoktaTable[p].Mesnet | slot.Mesnet;

@@ -41,14 +41,14 @@ void AppendEdge(StripList &strips, int plak, int edge, int nodesBefore) {
     for (int node = nodesBefore + 1; node <= NoktaCount; ++node)
         if (NodeOnEdge(NoktaTable[node], edge, plate.NoktaSayisi))
             nodes.push_back(node);
-    const std::string where = PlakInWords(plak) + ", edge " + std::to_string(edge);
+    const Spots where = {{Thing::Plate, plak}, {Thing::Edge, edge}};
     if (nodes.size() > kEdgeNodes)
-        FailSubscript(where + ": node", static_cast<int>(nodes.size()), kEdgeNodes);
+        FailSubscript(where, Thing::Node, static_cast<int>(nodes.size()), kEdgeNodes);
     SortByDistance(nodes, {plate.X[edge], plate.Y[edge]});
     const int wall = LinkPanel(plate.KenarKodu[edge]);
     for (const int node : nodes) {
         if (strips.size() > kStripCapacity)
-            FailSubscript(where + ": node under a wall", static_cast<int>(strips.size()), kStripCapacity);
+            FailSubscript(where, Thing::NodeUnderWall, static_cast<int>(strips.size()), kStripCapacity);
         strips.push_back({node, wall, 0, plak});
     }
 }
@@ -85,7 +85,7 @@ void CountRows() {
     for (int w = 1; w <= PanelCount; ++w) {
         PanelRecord &wall = PanelTable[w];
         const double a = wall.Z[1] - wall.Z[4], c = wall.Z[2] - wall.Z[3];
-        wall.Ny = FloorToWhole(Divide(std::min(a, c), MeshGenisligi, "MeshGenisligi"));
+        wall.Ny = FloorToWhole(Divide(std::min(a, c), MeshGenisligi, Thing::MeshGenisligi));
     }
 }
 

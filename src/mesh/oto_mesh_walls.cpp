@@ -15,21 +15,21 @@ enum MergePriority { InnerNode = 0, SideOrTopNode = 1, TopCorner = 2, FootNode =
 
 // Nodes of one wall by column and row, row 1 at the foot.
 struct WallGrid {
-    std::string where; // for a failure
+    Spots where; // for a failure
     int node[kWallGrid + 1][kWallGrid + 1] = {};
 
     int &at(int col, int row) {
         if (col > kWallGrid)
-            FailSubscript(where + ": column", col, kWallGrid);
+            FailSubscript(where, Thing::WallColumn, col, kWallGrid);
         if (row > kWallGrid)
-            FailSubscript(where + ": node row", row, kWallGrid);
+            FailSubscript(where, Thing::NodeRow, row, kWallGrid);
         return node[col][row];
     }
 };
 
 int AppendNode(const WallGrid &grid, SpacePoint at, MergePriority priority) {
     if (NoktaCount + 1 > kNoktaCapacity)
-        FailSubscript(grid.where + ": NoktaTable", NoktaCount + 1, kNoktaCapacity);
+        FailSubscript(grid.where, Thing::NoktaTable, NoktaCount + 1, kNoktaCapacity);
     NoktaRecord &node = NoktaTable[++NoktaCount];
     node.X = at.x;
     node.Y = at.y;
@@ -44,7 +44,7 @@ void RaiseColumn(WallGrid &grid, int col, const PanelRecord &wall, int foot, boo
                      C3 = PanelCorner(wall, 3), C4 = PanelCorner(wall, 4);
     const double B = SpaceDistance(C4, C3);
     if (B == 0.0)
-        throw RuntimeFailure(DivisionByZero, grid.where + ": its foot has no length");
+        throw RuntimeFailure({.fault = Fault::NoLengthOfFoot, .where = grid.where});
     const double t = SpaceDistance(C4, P) / B;
     const SpacePoint T = Along(C1, C2, t);
     NoktaTable[foot].Tur = FootNode;
@@ -62,7 +62,7 @@ void MakeWallMeshes(WallGrid &grid, int w, int columns, int rows) {
     for (int col = 1; col <= columns - 1; ++col) {
         for (int r = 1; r <= rows - 1; ++r) {
             if (MeshCount + 1 > kMeshCapacity)
-                FailSubscript(grid.where + ": MeshTable", MeshCount + 1, kMeshCapacity);
+                FailSubscript(grid.where, Thing::MeshTable, MeshCount + 1, kMeshCapacity);
             MeshRecord &mesh = MeshTable[++MeshCount];
             mesh.N1 = grid.at(col, r + 1);
             mesh.N2 = grid.at(col + 1, r + 1);
@@ -79,7 +79,7 @@ void RaiseWall(int w, const StripList &strips) {
     for (std::size_t a = 1; a + 1 < strips.size(); ++a) {
         if (strips[a].panel != w)
             continue;
-        grid.where = PlakInWords(strips[a].plak) + ", wall " + std::to_string(w);
+        grid.where = {{Thing::Plate, strips[a].plak}, {Thing::Wall, w}};
         const bool side = strips[a - 1].panel != w || strips[a + 1].panel != w;
         RaiseColumn(grid, ++col, PanelTable[w], strips[a].node, side);
     }

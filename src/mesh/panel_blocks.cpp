@@ -42,8 +42,9 @@ public:
         nx_ = panel_.Nx;
         ny_ = panel_.Ny;
         if (nx_ == 0 || ny_ == 0) // though no loop would divide by it
-            throw RuntimeFailure(DivisionByZero, "PanelTable(" + std::to_string(no) + ") " + (nx_ == 0 ? "Nx" : "Ny") +
-                                                     ": division by zero");
+            throw RuntimeFailure({.fault = Fault::DividedBy,
+                                  .where = {{Thing::PanelTable, no}},
+                                  .thing = nx_ == 0 ? Thing::PanelNx : Thing::PanelNy});
         for (int e = 1; e <= 4; ++e)
             held_[static_cast<std::size_t>(e)] = panel_.KenarMesnet[e] != 0 ? kTranslationHeld : 0;
     }

@@ -18,12 +18,12 @@ void NoktaSikistir() {
     for (int i = 1; i <= MeshCount; ++i)
         if (const MeshRecord &mesh = MeshTable[i]; mesh.Sil == 0)
             for (const int n : {int(mesh.N1), int(mesh.N2), int(mesh.N3), int(mesh.N4)})
-                newNo.at(static_cast<std::size_t>(n)) = 1;
+                CheckedElement(newNo, Thing::NoktaTable, n) = 1;
     int count = 0;
     for (int p = 1; p <= HamNoktaCount; ++p)
         if (int &no = newNo[static_cast<std::size_t>(p)]; no != 0)
             no = ++count;
-    const auto renumber = [&newNo](Int16 &n) { n = newNo.at(static_cast<std::size_t>(int(n))); };
+    const auto renumber = [&newNo](Int16 &n) { n = CheckedElement(newNo, Thing::NoktaTable, n); };
     for (int i = 1; i <= MeshCount; ++i) {
         MeshRecord &mesh = MeshTable[i];
         if (mesh.Sil == 0)
@@ -47,7 +47,7 @@ static void MarkPartners() {
     std::vector<std::vector<int>> nodesOf(kNoktaCapacity + 1);
     for (int p = 1; p <= HamNoktaCount; ++p)
         if (NoktaTable[p].Tur != 0)
-            nodesOf.at(static_cast<std::size_t>(int(NoktaTable[p].AnaNo))).push_back(p);
+            CheckedElement(nodesOf, Thing::NoktaTable, NoktaTable[p].AnaNo).push_back(p);
     for (const std::vector<int> &nodes : nodesOf)
         for (std::size_t i = 0; i < nodes.size(); ++i)
             for (std::size_t k = i + 1; k < nodes.size(); ++k) {

@@ -69,7 +69,7 @@ void InsertPoint(Cut &cut, const Crossing &crossing) {
     PlakRecord &plate = cut.plate;
     const int e = crossing.edge, n = plate.NoktaSayisi;
     if (n + 1 > kPlakPoints)
-        FailSubscript(PlakInWords(cut.plak) + ": outline point", n + 1, kPlakPoints);
+        FailSubscript({{Thing::Plate, cut.plak}}, Thing::OutlinePoint, n + 1, kPlakPoints);
     const double z = HeightOnEdge(plate, e, crossing.at);
     for (int t = n; t > e; --t) {
         plate.X[t + 1] = plate.X[t];

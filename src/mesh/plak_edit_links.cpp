@@ -32,7 +32,7 @@ void LinkWallsOnEdge(int plak, int edge) {
             continue;
         plate.KenarKodu[edge] = PanelLink(w, 3);
         wall.KenarKomsu[3] = PlateLink(plak, edge);
-        wall.Nx = Divide(PlanDistance(a, b), MeshGenisligi, "MeshGenisligi");
+        wall.Nx = Divide(PlanDistance(a, b), MeshGenisligi, Thing::MeshGenisligi);
         if (wall.Nx < 1)
             wall.Nx = 1;
     }

@@ -4,15 +4,13 @@
 
 namespace havuz {
 
-Table<DortluRecord, kDortluCapacity> DortluTable("DortluTable");
+Table<DortluRecord, kDortluCapacity> DortluTable(Thing::DortluTable);
 std::array<PlanPoint, 5> StoredHits;
 
 void ResetPlakMesh() {
     DortluTable.reset();
     StoredHits = {};
 }
-
-std::string PlakInWords(int plak) { return "plate " + std::to_string(plak); }
 
 void PlakMeshWork::put(int p, PlanPoint at, int code) {
     gx(p) = at.x;
@@ -23,7 +21,7 @@ void PlakMeshWork::put(int p, PlanPoint at, int code) {
 int PlakMeshWork::newPoint() {
     const int p = points() + 1;
     if (p > kPlakMeshPoints)
-        FailSubscript(PlakInWords(plak) + ": point", p, kPlakMeshPoints);
+        FailSubscript({{Thing::Plate, plak}}, Thing::MeshPoint, p, kPlakMeshPoints);
     GX.push_back(0.0);
     GY.push_back(0.0);
     GK.push_back(0);
@@ -38,7 +36,7 @@ int PlakMeshWork::newPointAt(int i, int j) {
 
 int PlakMeshWork::newQuad(const int (&kose)[4], int ci, int cj) {
     if (++quads > kDortluCapacity)
-        FailSubscript(PlakInWords(plak) + ": DortluTable", quads, kDortluCapacity);
+        FailSubscript({{Thing::Plate, plak}}, Thing::DortluTable, quads, kDortluCapacity);
     DortluRecord &quad = DortluTable[quads];
     for (int k = 1; k <= 4; ++k)
         quad.Kose[k] = kose[k - 1];

@@ -31,8 +31,6 @@ extern std::array<PlanPoint, 5> StoredHits;
 
 void ResetPlakMesh();
 
-std::string PlakInWords(int plak); // "plate 3", for failures
-
 // Meshes plate plak: appends to NoktaTable (X, Y, Z, PlakKodu) and MeshTable (N1..N4, PanelNo) and raises NoktaCount
 // and MeshCount. Closes the plate's outline in slot n + 1 and leaves a copy of it in record PlakCount + 10. A plate
 // without an inside point gives nothing. Subscript, with plate and limit in words: more than 199 outline points, 500

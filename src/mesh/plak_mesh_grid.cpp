@@ -13,7 +13,7 @@ constexpr double kInsideSlack = 0.1; // m: how far two opposite hits may miss th
 // The closed working copy of the plate. The last point's Sonraki is that point itself: wanted.
 static void FillScratchPlak(const PlakMeshWork &w) {
     if (PlakCount + kScratchPlak > kPlakCapacity)
-        FailSubscript(PlakInWords(w.plak) + ": working copy, PlakTable", PlakCount + kScratchPlak, kPlakCapacity);
+        FailSubscript({{Thing::Plate, w.plak}}, Thing::WorkingCopy, PlakCount + kScratchPlak, kPlakCapacity);
     PlakRecord &plate = PlakTable[w.plak];
     PlakRecord &copy = PlakTable[PlakCount + kScratchPlak];
     copy = plate;
@@ -58,7 +58,7 @@ void CopyOutline(PlakMeshWork &w) {
     const PlakRecord &plate = PlakTable[w.plak];
     w.n = plate.NoktaSayisi;
     if (w.n < 0 || w.n > kMeshedPlakPoints)
-        FailSubscript(PlakInWords(w.plak) + ": outline point", w.n, kMeshedPlakPoints);
+        FailSubscript({{Thing::Plate, w.plak}}, Thing::OutlinePoint, w.n, kMeshedPlakPoints);
     FillScratchPlak(w);
     w.OX.assign(static_cast<std::size_t>(w.n + 2), 0.0);
     w.OY = w.OX;
@@ -86,25 +86,25 @@ static int LongestEdge(const PlakMeshWork &w) {
 
 // Whole steps in a length. Two more of them, the spare rows, still lie on the grid.
 static int WholeSteps(const PlakMeshWork &w, double length) {
-    const double steps = Divide(length, w.h, "MeshGenisligi");
+    const double steps = Divide(length, w.h, Thing::MeshGenisligi);
     if (steps >= kPlakGrid - 1)
-        FailSubscript(PlakInWords(w.plak) + ": grid step", static_cast<long long>(std::min(steps, 1e15)) + 2,
+        FailSubscript({{Thing::Plate, w.plak}}, Thing::GridStep, static_cast<long long>(std::min(steps, 1e15)) + 2,
                       kPlakGrid);
     return FloorToWhole(steps);
 }
 
 void LayGrid(PlakMeshWork &w) {
     if (w.xmax - w.xmin == 0.0 || w.ymax - w.ymin == 0.0)
-        throw RuntimeFailure(DivisionByZero, PlakInWords(w.plak) + ": its outline has no width or no height in plan");
+        throw RuntimeFailure({.fault = Fault::NoPlanExtent, .where = {{Thing::Plate, w.plak}}});
     const PlanPoint start = w.outline(LongestEdge(w));
     w.h = 2 * (MeshGenisligi / 2);
     w.imax = WholeSteps(w, w.xmax - w.xmin) + 2;
     w.jmax = WholeSteps(w, w.ymax - w.ymin) + 2;
     w.x0 = start.x + (-WholeSteps(w, start.x - w.xmin) - 1) * w.h;
     w.y0 = start.y + (-WholeSteps(w, start.y - w.ymin) - 1) * w.h;
-    w.Durum.size(w.plak, "Durum", w.imax, w.jmax);
-    w.GridNo.size(w.plak, "GridNo", w.imax, w.jmax);
-    w.Hucre.size(w.plak, "Hucre", w.imax, w.jmax);
+    w.Durum.size(w.plak, Thing::GridDurum, w.imax, w.jmax);
+    w.GridNo.size(w.plak, Thing::GridGridNo, w.imax, w.jmax);
+    w.Hucre.size(w.plak, Thing::GridHucre, w.imax, w.jmax);
 }
 
 // What the four probes from one grid point met: 1 left, 2 right, 3 below, 4 above.

@@ -66,17 +66,20 @@ static double Height(const PlakMeshWork &w, const EgikDuzlem &plane, PlanPoint a
     if (w.ZminNo == w.ZmaxNo)
         return PlakTable[w.plak].Z[w.ZminNo];
     if (PlanDistance(plane.a, plane.b) == 0.0)
-        throw RuntimeFailure(DivisionByZero, PlakInWords(w.plak) + ": its line of steepest slope has no length");
+        throw RuntimeFailure({.fault = Fault::NoLengthOfSlope, .where = {{Thing::Plate, w.plak}}});
     return EgikKot(plane, at.x, at.y);
 }
 
 static void AppendNode(const PlakMeshWork &w, PlanPoint at, double z, int code) {
     if (NoktaCount + 1 > kNoktaCapacity)
-        FailSubscript(PlakInWords(w.plak) + ": NoktaTable", NoktaCount + 1, kNoktaCapacity);
+        FailSubscript({{Thing::Plate, w.plak}}, Thing::NoktaTable, NoktaCount + 1, kNoktaCapacity);
     const int plakKodu = NodePlakKodu(w.plak, code);
     if (plakKodu < -32768 || plakKodu > 32767)
-        FailOverflow(PlakInWords(w.plak) + ": PlakKodu " + std::to_string(plakKodu) +
-                     " leaves the 16-bit range, plates are meshed up to number 32");
+        throw RuntimeFailure({.fault = Fault::CodePast16Bits,
+                              .where = {{Thing::Plate, w.plak}},
+                              .thing = Thing::PlakKodu,
+                              .number = plakKodu,
+                              .bound = 32});
     NoktaRecord &node = NoktaTable[++NoktaCount];
     node.X = at.x;
     node.Y = at.y;
@@ -86,7 +89,7 @@ static void AppendNode(const PlakMeshWork &w, PlanPoint at, double z, int code) 
 
 static void AppendMesh(const PlakMeshWork &w, const DortluRecord &quad, int nodesBefore) {
     if (MeshCount + 1 > kMeshCapacity)
-        FailSubscript(PlakInWords(w.plak) + ": MeshTable", MeshCount + 1, kMeshCapacity);
+        FailSubscript({{Thing::Plate, w.plak}}, Thing::MeshTable, MeshCount + 1, kMeshCapacity);
     const auto node = [&](int k) { return w.Kullanim[static_cast<std::size_t>(quad.Kose[k])] + nodesBefore; };
     MeshRecord &mesh = MeshTable[++MeshCount];
     mesh.N1 = node(1);

@@ -17,7 +17,7 @@ namespace havuz {
 template <class Cell>
 class GridTable {
 public:
-    void size(int plak, const char *name, int imax, int jmax) {
+    void size(int plak, Thing name, int imax, int jmax) {
         plak_ = plak;
         name_ = name;
         rows_ = jmax + 3;
@@ -31,9 +31,9 @@ public:
     }
 
 private:
-    [[noreturn]] void fail(int no) const { FailSubscript(PlakInWords(plak_) + ": grid " + name_, no, kPlakGrid); }
+    [[noreturn]] void fail(int no) const { FailSubscript({{Thing::Plate, plak_}}, name_, no, kPlakGrid); }
     int plak_ = 0, rows_ = 0;
-    const char *name_ = "";
+    Thing name_ = Thing::Nothing;
     std::vector<Cell> cell_;
 };
 

@@ -94,7 +94,7 @@ void DikIzdusum(PlanPoint p, PlanPoint a, PlanPoint b, Izdusum &i) {
 void NoktaDogruUzaklik(PlanPoint p, PlanPoint a, PlanPoint b, double &d) { d = PlanDistance(p, Foot(p, a, b)); }
 
 EgikDuzlem EgikDuzlemKur(EgikDuzlem line, PlanPoint c, double zc) {
-    const double r = Divide(zc - line.za, line.zb - line.za, "slope of a plate");
+    const double r = Divide(zc - line.za, line.zb - line.za, Thing::PlateSlope);
     const PlanPoint d{line.a.x + r * (line.b.x - line.a.x), line.a.y + r * (line.b.y - line.a.y)}; // as high as c
     const PlanPoint e = Foot(line.b, c, d);
     line.a = Foot(line.a, line.b, e);
@@ -104,7 +104,7 @@ EgikDuzlem EgikDuzlemKur(EgikDuzlem line, PlanPoint c, double zc) {
 double EgikKot(const EgikDuzlem &plane, double x, double y) {
     const PlanPoint f = Foot({x, y}, plane.a, plane.b);
     return plane.za +
-           Divide((plane.zb - plane.za) * PlanDistance(plane.a, f), PlanDistance(plane.a, plane.b), "slope of a plate");
+           Divide((plane.zb - plane.za) * PlanDistance(plane.a, f), PlanDistance(plane.a, plane.b), Thing::PlateSlope);
 }
 
 } // namespace havuz

@@ -48,7 +48,7 @@ static void AppendWall(const PolygonPool &pool, int k) {
 
 void BuildPolygonPool(const PolygonPool &pool) {
     if (pool.points.size() > kPlakPoints)
-        FailSubscript("outline point", static_cast<int>(pool.points.size()), kPlakPoints);
+        FailSubscript(Thing::OutlinePoint, static_cast<int>(pool.points.size()), kPlakPoints);
     UstKot = pool.UstKot;
     AltKot = pool.AltKot;
     AppendPlate(pool);

@@ -27,9 +27,9 @@ void SwapValues(Number &a, Number &b) {
 }
 
 // a / b where a zero divisor ends the job: DivisionByZero, naming what was divided.
-inline double Divide(double a, double b, const char *what) {
+inline double Divide(double a, double b, Thing what) {
     if (b == 0.0)
-        throw RuntimeFailure(DivisionByZero, std::string(what) + ": division by zero");
+        throw RuntimeFailure({.fault = Fault::Divided, .thing = what});
     return a / b;
 }
 
@@ -38,7 +38,7 @@ inline double Divide(double a, double b, const char *what) {
 inline int RoundToWhole(double v) {
     const double r = std::nearbyint(v);
     if (!(r >= -32768.0 && r <= 32767.0))
-        FailOverflow("the count " + std::to_string(v) + " leaves the 16-bit range");
+        FailOverflow(Fault::CountPast16Bits, v);
     return static_cast<int>(r);
 }
 
@@ -47,7 +47,7 @@ inline int RoundToWhole(double v) {
 inline std::int32_t RoundToWhole32(double v) {
     const double r = std::nearbyint(v);
     if (!(r >= -2147483648.0 && r <= 2147483647.0))
-        FailOverflow("the whole number " + std::to_string(v) + " leaves the 32-bit range");
+        FailOverflow(Fault::WholePast32Bits, v);
     return static_cast<std::int32_t>(r);
 }
 
@@ -55,7 +55,7 @@ inline std::int32_t RoundToWhole32(double v) {
 inline int FloorToWhole(double v) {
     const double r = std::floor(v);
     if (!(r >= -2147483648.0 && r <= 2147483647.0))
-        FailOverflow("the whole number " + std::to_string(v) + " leaves the 32-bit range");
+        FailOverflow(Fault::WholePast32Bits, v);
     return static_cast<int>(r);
 }
 

@@ -8,16 +8,7 @@
 
 namespace havuz {
 
-// "X.POL: line 3, field 2 (NoktaTable(7) Z)"
-std::string FieldReader::place() const {
-    std::string words = record_;
-    if (recordNo_ != 0)
-        words.append("(").append(std::to_string(recordNo_)).append(")");
-    if (!words.empty())
-        words += " ";
-    return path_ + ": line " + std::to_string(line_) + ", field " + std::to_string(field_) + " (" + words + fieldName_ +
-           ")";
-}
+FileField FieldReader::place() const { return {path_, line_, field_, record_, recordNo_, fieldName_}; }
 
 // Behind a field: blanks after a closing quote, then one comma or one line end.
 void FieldReader::passDelimiter() {
@@ -35,12 +26,12 @@ void FieldReader::passDelimiter() {
     }
 }
 
-std::string_view FieldReader::next(const char *field) {
+std::string_view FieldReader::next(Label field) {
     fieldName_ = field;
     line_ = nextLine_;
     field_ = nextField_;
     if (atEnd())
-        throw RuntimeFailure(File, "the file ends inside a line");
+        throw RuntimeFailure({.fault = Fault::EndsInLine});
     while (!atEnd() && bytes_[at_] == ' ')
         ++at_;
     const std::string_view all = bytes_;
@@ -61,15 +52,15 @@ std::string_view FieldReader::next(const char *field) {
     return found;
 }
 
-std::string FieldReader::text(const char *field) { return FromCodePage(next(field)); }
+std::string FieldReader::text(Label field) { return FromCodePage(next(field)); }
 
-double FieldReader::number(const char *field) {
+double FieldReader::number(Label field) {
     const std::string_view found = next(field);
     if (found.empty())
         return 0.0;
     if (const auto value = ReadNumberField(found))
         return *value;
-    throw RuntimeFailure(BadNumber, "\"" + FromCodePage(found.substr(0, 40)) + "\" is not a number");
+    throw RuntimeFailure({.fault = Fault::NotANumber, .text = FromCodePage(found.substr(0, 40))});
 }
 
 } // namespace havuz

@@ -18,14 +18,14 @@ public:
     bool atEnd() const { return at_ >= bytes_.size(); }
 
     // The record that the next fields belong to, for the words of a failure; no 0 for one that has no number.
-    void enterRecord(const char *record, int no = 0) {
+    void enterRecord(Label record, int no = 0) {
         record_ = record;
         recordNo_ = no;
     }
     // The next field as UTF-8 text. Past the end of the file it is File.
-    std::string text(const char *field);
+    std::string text(Label field);
     // The next field as a number; an empty one is 0, anything else that is no number is BadNumber.
-    double number(const char *field);
+    double number(Label field);
 
     // Runs the job that reads; a failure inside it comes out with path, line, field and record in front of its words.
     template <class Job>
@@ -33,21 +33,21 @@ public:
         try {
             job();
         } catch (const RuntimeFailure &failure) {
-            throw RuntimeFailure(failure.kind(), place() + ": " + failure.what());
+            throw failure.in(place());
         }
     }
 
 private:
-    std::string_view next(const char *field);
+    std::string_view next(Label field);
     void passDelimiter();
-    std::string place() const;
+    FileField place() const;
 
     std::string path_;
     std::string bytes_;
     std::size_t at_ = 0;
-    const char *record_ = "";
+    Label record_ = Thing::Nothing;
     int recordNo_ = 0;
-    const char *fieldName_ = "";
+    Label fieldName_ = Thing::Nothing;
     int line_ = 1, field_ = 1;         // of the field read last
     int nextLine_ = 1, nextField_ = 1; // of the field to come
 };

@@ -31,13 +31,13 @@ public:
 private:
     static std::int16_t cut(int v) {
         if (v < -32768 || v > 32767)
-            FailOverflow("a 16-bit field cannot hold " + std::to_string(v));
+            FailOverflow(Fault::Past16Bits, v);
         return static_cast<std::int16_t>(v);
     }
     static std::int16_t cut(double v) {
         const double r = std::nearbyint(v); // the default mode is to nearest, ties to even
         if (!(r >= -32768.0 && r <= 32767.0))
-            FailOverflow("a 16-bit field cannot hold " + std::to_string(v));
+            FailOverflow(Fault::Past16Bits, v);
         return static_cast<std::int16_t>(r);
     }
     std::int16_t v_ = 0;
@@ -63,7 +63,7 @@ private:
     static float cut(double v) {
         const float f = static_cast<float>(v);
         if (!(std::fabs(f) <= std::numeric_limits<float>::max()))
-            FailOverflow("a 32-bit field cannot hold " + std::to_string(v));
+            FailOverflow(Fault::Past32Bits, v);
         return f;
     }
     float v_ = 0.0F;
@@ -83,7 +83,7 @@ public:
 private:
     static std::size_t place(int k) {
         if (k < 0 || k > Last)
-            FailSubscript("element ", k, Last);
+            FailSubscript(Thing::RowElement, k, Last);
         return static_cast<std::size_t>(k);
     }
     std::array<Element, Last + 1> element_{};

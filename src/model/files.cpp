@@ -3,14 +3,12 @@
 #include "model/failure.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -66,21 +64,37 @@ bool DirectoryExists(const std::string &path) {
 
 std::string UpToFirstDot(const std::string &path) { return path.substr(0, path.find('.')); }
 
+// Everything up to the end; the errno of a read that failed, else 0.
+static int ReadAll(int channel, std::string &bytes) {
+    std::array<char, 65536> part{};
+    for (;;) {
+        const ssize_t n = read(channel, part.data(), part.size());
+        if (n > 0)
+            bytes.append(part.data(), static_cast<std::size_t>(n));
+        else if (n == 0)
+            return 0;
+        else if (errno != EINTR)
+            return errno;
+    }
+}
+
 std::string ReadWholeFile(const std::string &path) {
-    std::error_code error;
-    if (fs::is_directory(path, error))
-        throw RuntimeFailure(File, path + ": is a directory");
-    std::ifstream in(path, std::ios::binary);
-    if (!in)
-        throw RuntimeFailure(File, path + ": cannot be opened");
-    const std::uintmax_t size = fs::file_size(path, error);
-    if (error || size > kLargestFile)
-        throw RuntimeFailure(File, path + ": is no file of this program");
-    std::ostringstream bytes;
-    bytes << in.rdbuf();
-    if (in.bad())
-        throw RuntimeFailure(File, path + ": cannot be read");
-    return std::move(bytes).str();
+    struct stat state = {};
+    if (stat(path.c_str(), &state) != 0)
+        FailFile(Fault::CannotOpen, path, errno);
+    if (S_ISDIR(state.st_mode))
+        FailFile(Fault::IsDirectory, path, 0);
+    if (!S_ISREG(state.st_mode) || static_cast<std::uintmax_t>(state.st_size) > kLargestFile)
+        FailFile(Fault::NotOurs, path, 0);
+    const int channel = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (channel < 0)
+        FailFile(Fault::CannotOpen, path, errno);
+    std::string bytes;
+    const int reason = ReadAll(channel, bytes);
+    close(channel);
+    if (reason != 0)
+        FailFile(Fault::CannotRead, path, reason);
+    return bytes;
 }
 
 namespace {
@@ -91,14 +105,14 @@ public:
     explicit BesideFile(const std::string &path) : target_(path) {
         std::error_code error;
         if (fs::is_directory(path, error))
-            throw RuntimeFailure(File, path + ": is a directory");
+            FailFile(Fault::IsDirectory, path, 0);
         if (fs::is_symlink(path, error)) // the file that a link names is replaced, not the link
             target_ = fs::weakly_canonical(path, error).string();
         name_ = target_ + ".tmpXXXXXX";
         channel_ = mkstemp(name_.data());
         if (channel_ < 0) {
             name_.clear();
-            fail("cannot be created");
+            fail(Fault::CannotCreate);
         }
     }
     ~BesideFile() {
@@ -116,7 +130,7 @@ public:
             if (n < 0 && errno == EINTR)
                 continue;
             if (n < 0)
-                fail("cannot be written");
+                fail(Fault::CannotWrite);
             bytes.remove_prefix(static_cast<std::size_t>(n));
         }
     }
@@ -126,18 +140,16 @@ public:
         umask(mask);
         fchmod(channel_, stat(target_.c_str(), &old) == 0 ? old.st_mode & 07777 : 0666 & ~mask);
         if (fsync(channel_) != 0)
-            fail("cannot be written");
+            fail(Fault::CannotWrite);
         const int closed = close(channel_);
         channel_ = -1;
         if (closed != 0 || rename(name_.c_str(), target_.c_str()) != 0)
-            fail("cannot be written");
+            fail(Fault::CannotWrite);
         name_.clear();
     }
 
 private:
-    [[noreturn]] void fail(const char *what) const {
-        throw RuntimeFailure(File, target_ + ": " + what + " (" + std::strerror(errno) + ")");
-    }
+    [[noreturn]] void fail(Fault fault) const { FailFile(fault, target_, errno); }
     std::string target_;
     std::string name_;
     int channel_ = -1;

@@ -52,7 +52,7 @@ static double ConvertPrefix(std::string_view s) {
         const std::size_t e = plain.find_first_of("eE");
         if (e != std::string::npos && e + 1 < plain.size() && plain[e + 1] == '-')
             return 0.0;
-        FailOverflow("the number " + plain.substr(0, 40) + " is too large");
+        throw RuntimeFailure({.fault = Fault::NumberTooLarge, .text = plain.substr(0, 40)});
     }
     return value;
 }

@@ -57,7 +57,7 @@ std::string WorkingDirectoryField(const std::string &programDirectory) {
         return field;
     FieldReader reader = OpenOption(programDirectory, "WORKING.DIR");
     if (!reader.atEnd())
-        reader.read([&] { field = reader.text("directory"); });
+        reader.read([&] { field = reader.text(Thing::Directory); });
     return field;
 }
 
@@ -92,13 +92,13 @@ void ReadCard() {
         for (const CardRecord &record : records) {
             if (reader.atEnd())
                 return;
-            reader.enterRecord("record", ++no);
+            reader.enterRecord(Thing::CardRecord, ++no);
             for (int k = 1; k <= record.fields; ++k) {
                 if (record.isText) {
-                    reader.text("text");
+                    reader.text(Thing::Text);
                     continue;
                 }
-                const double value = reader.number("value");
+                const double value = reader.number(Thing::Value);
                 if (record.kept != nullptr)
                     (*record.kept)[k] = value;
             }
@@ -109,7 +109,7 @@ void ReadCard() {
 void ReadWorkingFile() {
     FieldReader reader = OpenOption(CalismaDizini, "WORKING");
     if (!reader.atEnd())
-        reader.read([&reader] { reader.text("text"); });
+        reader.read([&reader] { reader.text(Thing::Text); });
 }
 
 void ReadDimensions() {
@@ -117,7 +117,7 @@ void ReadDimensions() {
     if (!reader.atEnd())
         reader.read([&reader] {
             for (int k = 1; k <= 9; ++k)
-                reader.number("value");
+                reader.number(Thing::Value);
         });
 }
 
@@ -133,13 +133,13 @@ void ReadLoadFactors() {
     reader.read([&reader] {
         if (reader.atEnd())
             return;
-        reader.text("text");
+        reader.text(Thing::Text);
         if (reader.atEnd())
             return;
         YukFaktorG = reader.number("YukFaktorG");
         YukFaktorP = reader.number("YukFaktorP");
         for (int k = 3; k <= 5; ++k)
-            reader.number("value");
+            reader.number(Thing::Value);
     });
 }
 

@@ -14,11 +14,11 @@ namespace {
 // Puts fields into lines. The counterpart of Loader: both are walked through the same records below.
 class Saver {
 public:
-    bool record(const char * /*record*/, int /*no*/ = 0) { return true; }
-    void number(const char * /*field*/, const double &v) { put(NumberText(v)); }
-    void number(const char * /*field*/, const Float32 &v) { put(NumberText(v)); }
-    void number(const char * /*field*/, const Int16 &v) { put(std::to_string(int(v))); }
-    void count(const char * /*table*/, const int &v, int /*capacity*/) { put(std::to_string(v)); }
+    bool record(Label /*record*/, int /*no*/ = 0) { return true; }
+    void number(Label /*field*/, const double &v) { put(NumberText(v)); }
+    void number(Label /*field*/, const Float32 &v) { put(NumberText(v)); }
+    void number(Label /*field*/, const Int16 &v) { put(std::to_string(int(v))); }
+    void count(Thing /*table*/, const int &v, int /*capacity*/) { put(std::to_string(v)); }
     void line(const std::string &text) { text_ += text + "\r\n"; }
     void endLine() {
         line(fields_);
@@ -36,17 +36,17 @@ private:
 class Loader {
 public:
     explicit Loader(FieldReader &reader) : reader_(reader) {}
-    bool record(const char *record, int no = 0) {
+    bool record(Label record, int no = 0) {
         if (reader_.atEnd())
             return false;
         reader_.enterRecord(record, no);
         return true;
     }
     template <class Field>
-    void number(const char *field, Field &v) {
+    void number(Label field, Field &v) {
         v = reader_.number(field);
     }
-    void count(const char *table, int &v, int capacity) {
+    void count(Thing table, int &v, int capacity) {
         Int16 read;
         read = reader_.number(table);
         if (read < 0 || read > capacity)
@@ -64,12 +64,12 @@ private:
 
 template <class Channel>
 bool WalkCounts(Channel &c) {
-    if (!c.record("counts"))
+    if (!c.record(Thing::CountRecord))
         return false;
-    c.count("PanelTable", PanelCount, kPanelCapacity);
-    c.count("PlakTable", PlakCount, kPlakCapacity);
-    c.count("NoktaTable", NoktaCount, kNoktaCapacity);
-    c.count("MeshTable", MeshCount, kMeshCapacity);
+    c.count(Thing::PanelTable, PanelCount, kPanelCapacity);
+    c.count(Thing::PlakTable, PlakCount, kPlakCapacity);
+    c.count(Thing::NoktaTable, NoktaCount, kNoktaCapacity);
+    c.count(Thing::MeshTable, MeshCount, kMeshCapacity);
     c.number("HavuzTip", HavuzTip);
     c.endLine();
     return true;
@@ -77,7 +77,7 @@ bool WalkCounts(Channel &c) {
 
 template <class Channel>
 bool WalkSoil(Channel &c) {
-    if (!c.record("soil"))
+    if (!c.record(Thing::SoilRecord))
         return false;
     c.number("HucreTip", HucreTip);
     c.number("ZeminKo", ZeminKo);
@@ -92,7 +92,7 @@ bool WalkSoil(Channel &c) {
 
 template <class Channel>
 bool WalkPool(Channel &c) {
-    if (!c.record("pool"))
+    if (!c.record(Thing::PoolRecord))
         return false;
     c.number("BolumX", BolumX);
     c.number("BolumY", BolumY);
@@ -111,12 +111,12 @@ bool WalkPool(Channel &c) {
 
 template <class Channel>
 bool WalkLoadSituations(Channel &c) {
-    if (!c.record("load situations"))
+    if (!c.record(Thing::LoadRecord))
         return false;
     for (int i = 0; i <= kYukDurumLast; ++i)
         c.number("YukDurum", YukDurum[i]);
     c.endLine();
-    if (!c.record("cell combinations"))
+    if (!c.record(Thing::CombinationRecord))
         return false;
     for (int i = 0; i <= kYukKombinasyonLast; ++i)
         c.number("YukKombinasyon", YukKombinasyon[i]);
@@ -126,7 +126,7 @@ bool WalkLoadSituations(Channel &c) {
 
 template <class Channel>
 bool WalkMaterials(Channel &c) {
-    if (!c.record("materials"))
+    if (!c.record(Thing::MaterialRecord))
         return false;
     c.number("Fck", Fck);
     c.number("Fyk", Fyk);
@@ -137,7 +137,7 @@ bool WalkMaterials(Channel &c) {
 
 template <class Channel>
 bool WalkPanel(Channel &c, int no) {
-    if (!c.record("PanelTable", no))
+    if (!c.record(Thing::PanelTable, no))
         return false;
     PanelRecord &panel = PanelTable[no];
     c.number("No", panel.No);
@@ -149,7 +149,7 @@ bool WalkPanel(Channel &c, int no) {
     c.number("P", panel.P);
     c.endLine();
     for (int k = 1; k <= 4; ++k) {
-        if (!c.record("PanelTable", no))
+        if (!c.record(Thing::PanelTable, no))
             return false;
         c.number("X", panel.X[k]);
         c.number("Y", panel.Y[k]);
@@ -163,14 +163,14 @@ bool WalkPanel(Channel &c, int no) {
 
 template <class Channel>
 bool WalkPlak(Channel &c, int no) {
-    if (!c.record("PlakTable", no))
+    if (!c.record(Thing::PlakTable, no))
         return false;
     PlakRecord &plak = PlakTable[no];
     c.number("NoktaSayisi", plak.NoktaSayisi);
     c.number("Kalinlik", plak.Kalinlik);
     c.endLine();
     for (int k = 1; k <= plak.NoktaSayisi; ++k) {
-        if (!c.record("PlakTable", no))
+        if (!c.record(Thing::PlakTable, no))
             return false;
         c.number("X", plak.X[k]);
         c.number("Y", plak.Y[k]);
@@ -183,7 +183,7 @@ bool WalkPlak(Channel &c, int no) {
 
 template <class Channel>
 bool WalkMesh(Channel &c, int no) {
-    if (!c.record("MeshTable", no))
+    if (!c.record(Thing::MeshTable, no))
         return false;
     MeshRecord &mesh = MeshTable[no];
     c.number("PanelNo", mesh.PanelNo);
@@ -198,7 +198,7 @@ bool WalkMesh(Channel &c, int no) {
 
 template <class Channel>
 bool WalkNokta(Channel &c, int no, NoktaRecord &node) {
-    if (!c.record("NoktaTable", no))
+    if (!c.record(Thing::NoktaTable, no))
         return false;
     c.number("PanelNo", node.PanelNo);
     c.number("X", node.X);
@@ -214,7 +214,7 @@ bool WalkNokta(Channel &c, int no, NoktaRecord &node) {
 
 template <class Channel>
 bool WalkDiameters(Channel &c) {
-    if (!c.record("diameters"))
+    if (!c.record(Thing::DiameterRecord))
         return false;
     for (int i = 1; i <= 13; ++i)
         c.number("DonatiCaplari", DonatiCaplari[i]);
@@ -253,7 +253,7 @@ void WriteLoads(Saver &c) {
 
 // One load line. stop tells the end line, a first field of 0.
 bool ReadLoadLine(Loader &c, bool &stop) {
-    if (!c.record("NokYukTable"))
+    if (!c.record(Thing::NokYukTable))
         return false;
     NokYukRecord line;
     c.number("Nokta", line.Nokta);
@@ -276,12 +276,12 @@ bool ReadLoads(Loader &c) {
             return true;
     }
     NokYukRecord end;
-    if (!c.record("NokYukTable"))
+    if (!c.record(Thing::NokYukTable))
         return false;
-    c.number("end line", end.Nokta);
-    c.number("end line", end.FX);
-    c.number("end line", end.FY);
-    c.number("end line", end.FZ);
+    c.number(Thing::EndLine, end.Nokta);
+    c.number(Thing::EndLine, end.FX);
+    c.number(Thing::EndLine, end.FY);
+    c.number(Thing::EndLine, end.FZ);
     return true;
 }
 
@@ -298,7 +298,7 @@ bool ReadNodes(Loader &c) {
 
 void ReadRecords(FieldReader &reader) {
     Loader c(reader);
-    if (!c.record("title"))
+    if (!c.record(Thing::TitleRecord))
         return;
     ProjeIsmi = reader.text("ProjeIsmi");
     // The first record that meets the end of the file ends the reading.

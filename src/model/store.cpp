@@ -2,11 +2,11 @@
 
 namespace havuz {
 
-Table<PlakRecord, kPlakCapacity> PlakTable("PlakTable");
-Table<PanelRecord, kPanelCapacity> PanelTable("PanelTable");
-Table<MeshRecord, kMeshCapacity> MeshTable("MeshTable");
-Table<NoktaRecord, kNoktaCapacity> NoktaTable("NoktaTable");
-Table<NokYukRecord, kNoktaCapacity> NokYukTable("NokYukTable");
+Table<PlakRecord, kPlakCapacity> PlakTable(Thing::PlakTable);
+Table<PanelRecord, kPanelCapacity> PanelTable(Thing::PanelTable);
+Table<MeshRecord, kMeshCapacity> MeshTable(Thing::MeshTable);
+Table<NoktaRecord, kNoktaCapacity> NoktaTable(Thing::NoktaTable);
+Table<NokYukRecord, kNoktaCapacity> NokYukTable(Thing::NokYukTable);
 int PlakCount, PanelCount, MeshCount, NoktaCount;
 int HamNoktaCount;
 

@@ -6,7 +6,6 @@
 #include "model/failure.h"
 
 #include <cstddef>
-#include <string>
 #include <vector>
 
 namespace havuz {
@@ -14,7 +13,7 @@ namespace havuz {
 template <class Record, int Capacity>
 class Table {
 public:
-    explicit Table(const char *name) : name_(name), row_(Capacity + 1) {}
+    explicit Table(Thing name) : name_(name), row_(Capacity + 1) {}
     Record &operator[](int no) { return row_[place(no)]; }
     const Record &operator[](int no) const { return row_[place(no)]; }
     static constexpr int capacity() { return Capacity; }
@@ -26,7 +25,7 @@ private:
             FailSubscript(name_, no, Capacity);
         return static_cast<std::size_t>(no);
     }
-    const char *name_;
+    Thing name_;
     std::vector<Record> row_;
 };
 

@@ -22,7 +22,7 @@ void PrepareWorkingDirectory(const std::string &executable) {
     std::error_code error;
     std::filesystem::create_directories(directory, error);
     if (error)
-        throw RuntimeFailure(File, directory + ": " + error.message());
+        FailFile(Fault::CannotCreate, directory, error.value());
     if (!FileExists(directory + "/WORKING"))
         WriteWholeFile(directory + "/WORKING", WorkingFileText(programDirectory));
 }

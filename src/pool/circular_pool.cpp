@@ -106,7 +106,7 @@ void GenerateCircularPool() {
     const double w = MeshGenisligi;
     const double r = Lx / 2.0;
     const double h = UstKot - AltKot;
-    const int n = 2 * (RoundToWhole(Divide(kPi * Lx, w, "MeshGenisligi")) / 2); // even, rounded down
+    const int n = 2 * (RoundToWhole(Divide(kPi * Lx, w, Thing::MeshGenisligi)) / 2); // even, rounded down
     const int m = RoundToWhole((Lx / w) / 2.0);
     const int mw = RoundToWhole(h / w);
     PanelCount = 0;

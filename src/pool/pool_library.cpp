@@ -7,7 +7,7 @@
 namespace havuz {
 
 double StripDivisions() {
-    const double c = Divide(Bk, MeshGenisligi, "MeshGenisligi");
+    const double c = Divide(Bk, MeshGenisligi, Thing::MeshGenisligi);
     return c < 1.0 ? 1.0 : c;
 }
 

@@ -46,7 +46,7 @@ void PutPanel(const PanelRow &row) {
 // codes in the places shown): wanted, the panel table shows them.
 void GenerateRectangularPool() {
     const double w = MeshGenisligi;
-    const double sx = Divide(Lx, w, "MeshGenisligi");
+    const double sx = Divide(Lx, w, Thing::MeshGenisligi);
     const double sy = Ly / w;
     const double sz = (UstKot - AltKot) / w;
     const double sc = StripDivisions();

@@ -37,7 +37,7 @@ static Displacement ReadRecord(std::ifstream &file, int node, int column) {
 
 static void CheckColumn(int column) {
     if (column < 1 || column > kDisplacementColumns)
-        FailSubscript("displacement column ", column, kDisplacementColumns);
+        FailSubscript(Thing::DisplacementColumn, column, kDisplacementColumns);
 }
 
 Displacement ReadDisplacement(int node, int column) {

@@ -86,10 +86,10 @@ void FitMeshView() {
 }
 
 void ZoomMeshView(double left, double top, double width, double height, double scale, double offsetX, double offsetY) {
-    const double a = Divide(left - offsetX, scale, "zoom");
-    const double b = Divide(top - offsetY, scale, "zoom");
-    const double across = Divide(RoomX() * scale, width, "zoom");
-    const double down = Divide(RoomY() * scale, height, "zoom");
+    const double a = Divide(left - offsetX, scale, Thing::Zoom);
+    const double b = Divide(top - offsetY, scale, Thing::Zoom);
+    const double across = Divide(RoomX() * scale, width, Thing::Zoom);
+    const double down = Divide(RoomY() * scale, height, Thing::Zoom);
     PlaceAt(a, b, std::min(across, down), MeshScale, MeshOffsetX, MeshOffsetY);
 }
 

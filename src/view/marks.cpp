@@ -81,7 +81,7 @@ void DrawPointLoadArrow(Surface &scr, int node) {
         return;
     const NoktaRecord &n = NoktaTable[node];
     const ScreenPoint head = NodePixels(node);
-    const ScreenPoint tail = MeshScreen(n.X, n.Y, n.Z + Divide(30.0, MeshScale, "point load arrow"));
+    const ScreenPoint tail = MeshScreen(n.X, n.Y, n.Z + Divide(30.0, MeshScale, Thing::PointLoadArrow));
     // the arrow keeps away from a fill of its own colour
     const bool onLightBlue = scr.ReadPoint(ToPixel(head.x), ToPixel(head.y - 3.0)) == QbColour(kQbLightBlue);
     DrawArrow(scr, head, tail, onLightBlue ? kQbBlue : kQbLightBlue);

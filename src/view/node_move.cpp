@@ -72,8 +72,8 @@ static double PanelHeight(const PanelRecord &panel, double x, double y) {
 }
 
 static void MoveInPlan(NoktaRecord &node, double x, double y) {
-    node.X = Divide(x - MeshOffsetX, MeshScale, "mesh view");
-    node.Y = Divide(y - MeshOffsetY, MeshScale, "mesh view");
+    node.X = Divide(x - MeshOffsetX, MeshScale, Thing::MeshView);
+    node.Y = Divide(y - MeshOffsetY, MeshScale, Thing::MeshView);
 }
 
 // In the rotated view the pointer says only how far along the diagonal from corner 1 to corner 3 the node lies.
@@ -82,8 +82,8 @@ static void MoveAlongDiagonal(NoktaRecord &node, const PanelRecord &panel, doubl
     const ScreenPoint third = MeshScreen(panel.X[3], panel.Y[3], panel.Z[3]);
     const double u = Distance2(x - first.x, y - first.y);
     const double v = Distance2(x - third.x, y - third.y);
-    node.X = panel.X[1] + Divide((panel.X[3] - panel.X[1]) * u, u + v, "node move");
-    node.Y = panel.Y[1] + Divide((panel.Y[3] - panel.Y[1]) * u, u + v, "node move");
+    node.X = panel.X[1] + Divide((panel.X[3] - panel.X[1]) * u, u + v, Thing::NodeMove);
+    node.Y = panel.Y[1] + Divide((panel.Y[3] - panel.Y[1]) * u, u + v, Thing::NodeMove);
 }
 
 // A node that names no panel (PanelNo 0, on plates) is moved on the blank record 0, to height 0: wanted.

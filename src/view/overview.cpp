@@ -67,8 +67,8 @@ static void SizeRectangle(ViewWindow &window) {
         SwapValues(DynRectLeft, DynRectRight);
     if (DynRectTop > DynRectBottom)
         SwapValues(DynRectTop, DynRectBottom);
-    DynWidthRatio = Divide(DynRectRight - DynRectLeft, window.OverviewWidth(), "overview");
-    DynHeightRatio = Divide(DynRectBottom - DynRectTop, window.OverviewHeight(), "overview");
+    DynWidthRatio = Divide(DynRectRight - DynRectLeft, window.OverviewWidth(), Thing::Overview);
+    DynHeightRatio = Divide(DynRectBottom - DynRectTop, window.OverviewHeight(), Thing::Overview);
     DynStage = 1;
 }
 
@@ -76,8 +76,8 @@ static void SizeRectangle(ViewWindow &window) {
 static void ZoomToRectangle(Surface &scr, ViewWindow &window) {
     const double overviewWidth = window.OverviewWidth();
     const double overviewHeight = window.OverviewHeight();
-    const double r =
-        std::min(Divide(scr.width(), overviewWidth, "overview"), Divide(scr.height(), overviewHeight, "overview"));
+    const double r = std::min(Divide(scr.width(), overviewWidth, Thing::Overview),
+                              Divide(scr.height(), overviewHeight, Thing::Overview));
     const double left = DynRectLeft * r;
     const double top = DynRectTop * r;
     double w = DynRectRight * r - left;

@@ -19,8 +19,8 @@ void ProjectToView(double x, double y, double z, double &sx, double &sy, double 
     const double x3 = x2 * std::cos(ViewAngleC) - y1 * std::sin(ViewAngleC);
     const double y3 = x2 * std::sin(ViewAngleC) + y1 * std::cos(ViewAngleC);
     depth = z2 + ViewDistance;
-    sx = Divide(x3 * ViewDistance, depth, "projection");
-    sy = Divide(-y3 * ViewDistance, depth, "projection");
+    sx = Divide(x3 * ViewDistance, depth, Thing::Projection);
+    sy = Divide(-y3 * ViewDistance, depth, Thing::Projection);
 }
 
 void ProjectToView(double x, double y, double z, double &sx, double &sy) {

@@ -29,8 +29,8 @@ struct Step {
 
 Step StepTo(double x, double y) {
     const double dx = x - EdgeMarkerX, dy = y - EdgeMarkerY;
-    return {x, y, Divide(Distance2(dx, dy), PlateScale, "plate view"), ScreenDirection(dx, dy),
-            Divide(-dy, PlateScale, "plate view")};
+    return {x, y, Divide(Distance2(dx, dy), PlateScale, Thing::PlateView), ScreenDirection(dx, dy),
+            Divide(-dy, PlateScale, Thing::PlateView)};
 }
 
 std::size_t ItemCount() { return std::min<std::size_t>(EdgeItems.size(), kDraggedItems); }
@@ -136,8 +136,8 @@ double MoveDirection(double edge, double pointer) {
 }
 
 PlanPoint PointerInPlan(const Step &step) {
-    return {Divide(step.x - PlateOffsetX, PlateScale, "plate view"),
-            Divide(step.y - PlateOffsetY, PlateScale, "plate view")};
+    return {Divide(step.x - PlateOffsetX, PlateScale, Thing::PlateView),
+            Divide(step.y - PlateOffsetY, PlateScale, Thing::PlateView)};
 }
 
 // Record: a plate or a panel. The end at slot saved of the record that kept it goes to slot k.

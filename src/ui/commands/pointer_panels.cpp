@@ -17,7 +17,8 @@ static constexpr double kSnap = 0.1;     // m
 static constexpr double kAtMarker = 5.0; // pixels
 
 ModelPoint ToModel(ScreenPoint p) {
-    return {Divide(p.x - PlateOffsetX, PlateScale, "plate view"), Divide(p.y - PlateOffsetY, PlateScale, "plate view")};
+    return {Divide(p.x - PlateOffsetX, PlateScale, Thing::PlateView),
+            Divide(p.y - PlateOffsetY, PlateScale, Thing::PlateView)};
 }
 
 ScreenPoint ToScreen(ModelPoint m) { return {PlateOffsetX + PlateScale * m.x, PlateOffsetY + PlateScale * m.y}; }

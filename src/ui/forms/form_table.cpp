@@ -35,7 +35,7 @@ const FormRow &RowOfForm(std::string_view name) {
     for (const FormRow &row : kForms)
         if (row.name == name)
             return row;
-    throw RuntimeFailure(Subscript, "no form " + std::string(name));
+    throw RuntimeFailure({.fault = Fault::Unknown, .thing = Thing::Form, .text = std::string(name)});
 }
 
 } // namespace havuz

@@ -22,7 +22,7 @@ constexpr int Diameter(int button) { return 2 * button + 4; }
 int DiameterButton(double diameter) {
     const double button = std::nearbyint((diameter - 4.0) / 2.0);
     if (!(button >= 1.0 && button <= kDiameters))
-        throw RuntimeFailure(Subscript, "no button for the bar diameter " + NumberText(diameter));
+        throw RuntimeFailure({.fault = Fault::Unknown, .thing = Thing::DiameterButton, .text = NumberText(diameter)});
     return static_cast<int>(button);
 }
 

@@ -167,7 +167,7 @@ private:
         std::error_code error;
         fs::remove(scratch, error); // none is no error
         if (error)
-            throw RuntimeFailure(File, scratch + ": " + error.message());
+            FailFile(Fault::CannotRemove, scratch, error.value());
         window.EndProgram(0);
     }
 };

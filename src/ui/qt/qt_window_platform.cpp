@@ -23,7 +23,13 @@ static constexpr int kOverviewPart = 5; // the overview's picture is one fifth o
 
 // Surfaces
 
-Surface &QtWindow::Canvas(Element picture) { return views_.at(own(picture))->surface(); }
+Surface &QtWindow::Canvas(Element picture) {
+    const auto view = views_.find(own(picture));
+    if (view == views_.end())
+        throw RuntimeFailure(
+            {.fault = Fault::Unknown, .thing = Thing::WindowElement, .text = std::string(picture.name)});
+    return view->second->surface();
+}
 
 void QtWindow::ResizeSurface(int width, int height) { views_[kScr]->takeSize(width, height); }
 

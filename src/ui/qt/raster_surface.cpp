@@ -29,7 +29,7 @@ struct RasterSurface::Painting {
     Painting(int w, int h, double s)
         : width(w), height(h), scale(s), image(toPicture(w), toPicture(h), QImage::Format_RGB32) {
         if (image.isNull())
-            FailOverflow("a picture of " + std::to_string(w) + "x" + std::to_string(h) + " pixels");
+            throw RuntimeFailure({.fault = Fault::PictureTooLarge, .number = w, .bound = h});
         painter.begin(&image);
         painter.scale(scale, scale);
     }
@@ -160,7 +160,7 @@ std::string RasterSurface::png() const {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     if (!buffer.open(QIODevice::WriteOnly) || !painting_->image.save(&buffer, "PNG"))
-        throw RuntimeFailure(File, "the picture cannot be made a PNG");
+        throw RuntimeFailure({.fault = Fault::NoPicture});
     return bytes.toStdString();
 }
 

@@ -69,8 +69,11 @@ void MainWindow::EndProgram(int status) {
 void MainWindow::EnableAnalysis() {
     window.Enable(kAnalysisTool, true);
     const std::string file = FindFile(ProjeYolu + ".POL");
-    if (!ProjeYolu.empty() && FileExists(file))
-        window.RememberProject(std::filesystem::absolute(file).string());
+    if (ProjeYolu.empty() || !FileExists(file))
+        return;
+    std::error_code error; // a working directory that is gone
+    const std::filesystem::path whole = std::filesystem::absolute(file, error);
+    window.RememberProject(error ? file : whole.string());
 }
 
 // Results of an older model can still be looked at, and it is said.

@@ -1,8 +1,5 @@
-// What stays of the work when the program ends by a failure: KURTARMA.POL in the working directory, and the words of a
-// failure for the prompt line.
+// What stays of the work when the program ends by a failure: KURTARMA.POL in the working directory.
 #pragma once
-
-#include "model/failure.h"
 
 #include <string>
 
@@ -15,8 +12,5 @@ std::string WriteRecoveryFile();
 // The prompt that tells of a recovery file in the working directory, "" when there is none. It tells until the file is
 // moved or deleted.
 std::string RecoveryPrompt();
-
-// What failed and where, in Turkish.
-std::string FailureInTurkish(const RuntimeFailure &failure);
 
 } // namespace havuz

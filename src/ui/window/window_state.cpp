@@ -8,7 +8,9 @@ namespace havuz {
 
 namespace {
 
-[[noreturn]] void FailUnknown(const std::string &name) { throw RuntimeFailure(Subscript, "no element " + name); }
+[[noreturn]] void FailUnknown(const std::string &name) {
+    throw RuntimeFailure({.fault = Fault::Unknown, .thing = Thing::WindowElement, .text = name});
+}
 
 // What the keyboard can go to.
 bool TakesFocus(FieldKind kind) {

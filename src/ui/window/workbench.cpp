@@ -22,7 +22,7 @@ Form &Workbench::form(std::string_view name) {
     for (const auto &form : forms_)
         if (form->name() == name)
             return *form;
-    throw RuntimeFailure(Subscript, "no form " + std::string(name));
+    throw RuntimeFailure({.fault = Fault::Unknown, .thing = Thing::Form, .text = std::string(name)});
 }
 
 // Shared operations
