@@ -10,7 +10,8 @@ std::array<bool, 6> HeldSlots(int bits) {
     const bool rx = (bits & 1) != 0;
     const bool ry = (bits & 2) != 0;
     const bool moves = (bits & 4) != 0;
-    return {moves, moves, moves, rx, ry, rx || ry};
+    return {moves || (bits & 8) != 0,    moves || (bits & 16) != 0, moves || (bits & 32) != 0, rx, ry,
+            rx || ry || (bits & 64) != 0};
 }
 
 namespace {

@@ -69,7 +69,7 @@ void RequireFooting(const Tank &tank, const Freedoms &freedoms, const std::vecto
         return static_cast<std::size_t>(piece[static_cast<std::size_t>(place)]);
     };
     for (std::size_t n = 1; n < tank.nodes.size(); ++n)
-        if (tank.nodes[n].used && (bed[n] > 0.0 || (tank.nodes[n].held & 4) != 0))
+        if (tank.nodes[n].used && (bed[n] > 0.0 || (tank.nodes[n].held & (4 | 8 | 16 | 32)) != 0))
             stands[pieceOf(static_cast<int>(n))] = true;
     std::vector<int> meshes(piece.size(), 0);
     for (const TankMesh &mesh : tank.meshes)

@@ -67,7 +67,7 @@ void TakeNodes(Tank &tank) {
         const NoktaRecord &n = NoktaTable[i];
         TankNode &node = tank.nodes[static_cast<std::size_t>(i)];
         node.at = {n.X, n.Y, n.Z};
-        node.held = n.Mesnet;
+        node.held = n.Mesnet & 7;
         node.load = {-NokYukTable[i].FX, -NokYukTable[i].FY, -NokYukTable[i].FZ};
     }
 }

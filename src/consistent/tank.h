@@ -12,8 +12,10 @@
 namespace havuz::consistent {
 
 struct TankNode {
-    Vector3 at;   // m
-    int held = 0; // bits: 1 rotation about X, 2 rotation about Y, 4 all three translations
+    Vector3 at; // m
+    // Bits: 1 rotation about X, 2 rotation about Y, 4 all three translations; in models made by hand also 8, 16, 32 the
+    // translation along X, Y, Z alone, 64 the rotation about Z.
+    int held = 0;
     Vector3 load; // point load as a force along the axes, t: the run takes FX, FY, FZ against them (FZ presses down)
     bool used = false; // a corner of an active mesh
 };
