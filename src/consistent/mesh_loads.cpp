@@ -55,7 +55,7 @@ Shares SoilPressure(const Tank &tank, const Corners &p, const Vector3 &normal, c
 CornerForces AreaLoad(const Corners &p, double load) {
     if (load == 0.0)
         return {};
-    const Vector3 normal = Normalised(AreaVector(p), "a mesh without area");
+    const Vector3 normal = UnitOf(AreaVector(p));
     return Along(kUp, Times(-load, AreaShares(p, normal)));
 }
 
@@ -68,7 +68,7 @@ CornerForces FloorLoad(const Tank &tank, const TankPanel &panel, const Corners &
 } // namespace
 
 Shares WallPressure(const Tank &tank, const Corners &p, Case c, const LoadOptions &options) {
-    const Vector3 normal = Normalised(AreaVector(p), "a wall mesh without area");
+    const Vector3 normal = UnitOf(AreaVector(p));
     switch (c) {
     case kLiquid:
         return WallRamp(p, normal, tank.liquidLevel, tank.liquidDensity);

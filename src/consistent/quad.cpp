@@ -1,13 +1,21 @@
 #include "consistent/quad.h"
 
+#include "consistent/failure.h"
+
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <vector>
 
 namespace havuz::consistent {
 
 double Length(const Vector3 &v) { return std::sqrt(Dot(v, v)); }
+
+Vector3 UnitOf(const Vector3 &v) {
+    const double length = Length(v);
+    if (length == 0.0)
+        throw AnalysisFailure("a mesh has no area", "alansız bir mesh var");
+    return (1.0 / length) * v;
+}
 
 Vector3 AreaVector(const Corners &p) { return 0.5 * Cross(p[2] - p[0], p[3] - p[1]); }
 
@@ -52,9 +60,9 @@ class FlatQuad {
 public:
     explicit FlatQuad(const Corners &p) {
         const Vector3 area = AreaVector(p);
-        const Vector3 normal = Normalised(area, "a mesh without area");
+        const Vector3 normal = UnitOf(area);
         const Vector3 diagonal = p[2] - p[0];
-        const Vector3 x = Normalised(diagonal - Dot(diagonal, normal) * normal, "a mesh without area");
+        const Vector3 x = UnitOf(diagonal - Dot(diagonal, normal) * normal);
         const Vector3 y = Cross(normal, x);
         for (std::size_t k = 0; k < 4; ++k)
             corner[k] = {Dot(p[k] - p[0], x), Dot(p[k] - p[0], y)};

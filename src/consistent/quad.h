@@ -16,6 +16,9 @@ Vector3 AreaVector(const Corners &p);
 
 double Length(const Vector3 &v);
 
+// v divided by its length. No length is the AnalysisFailure of a mesh without area.
+Vector3 UnitOf(const Vector3 &v);
+
 // The bilinear functions at (xi, eta) in -1..1; corners 1..4 at (-1,-1), (1,-1), (1,1), (-1,1).
 Shares Bilinear(double xi, double eta);
 

@@ -173,7 +173,7 @@ Vector3 FloorCentre(const Tank &tank, const std::vector<Floor> &floors) {
 }
 
 Vector3 Outward(const Corners &p, const Vector3 &inward) {
-    const Vector3 normal = Normalised(AreaVector(p), "a wall mesh without area");
+    const Vector3 normal = UnitOf(AreaVector(p));
     const double side = Dot(normal, inward);
     if (side != 0.0)
         return side > 0.0 ? -1.0 * normal : normal;
