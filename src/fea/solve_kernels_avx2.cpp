@@ -1,0 +1,33 @@
+// The kernels in registers of four doubles.
+#if defined(__x86_64__)
+
+#define HAVUZ_TARGET __attribute__((target("avx2")))
+
+#include <immintrin.h>
+
+namespace havuz {
+
+namespace {
+
+struct Set {
+    using Wide = __m256d;
+    static constexpr int kWidth = 4, kRows = 4, kStrips = 1;
+    HAVUZ_TARGET static inline Wide widen(const float *from) { return _mm256_cvtps_pd(_mm_loadu_ps(from)); }
+    HAVUZ_TARGET static inline void narrow(float *to, Wide wide) { _mm_storeu_ps(to, _mm256_cvtpd_ps(wide)); }
+    HAVUZ_TARGET static inline Wide round(Wide wide) { return _mm256_cvtps_pd(_mm256_cvtpd_ps(wide)); }
+};
+
+} // namespace
+
+} // namespace havuz
+
+#include "fea/solve_kernels_body.h"
+
+namespace havuz {
+
+extern const SolveKernels kAvx2Kernels;
+const SolveKernels kAvx2Kernels = KernelsNamed("AVX2");
+
+} // namespace havuz
+
+#endif
