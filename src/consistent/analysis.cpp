@@ -2,9 +2,6 @@
 
 #include "consistent/system.h"
 
-#include <cstdlib>
-#include <thread>
-
 namespace havuz::consistent {
 
 Analysis::Analysis(const Tank &tank, const Options &options) : system_(std::make_shared<const System>(tank, options)) {}
@@ -33,16 +30,6 @@ CaseResult Analysis::solve(const Combination &combination, bool tension) const {
     CaseResult result = ResultsOf(*system_, combination.key, SolveWithoutTension(*system_, combination.factor));
     result.tensionFree = true;
     return result;
-}
-
-int AllowedThreads() {
-    const char *text = std::getenv("HAVUZ_THREADS");
-    char *end = nullptr;
-    const long asked = text == nullptr ? 0 : std::strtol(text, &end, 10);
-    if (asked >= 1 && asked <= 1024 && *end == '\0')
-        return static_cast<int>(asked);
-    const unsigned cores = std::thread::hardware_concurrency();
-    return cores == 0 ? 1 : static_cast<int>(cores);
 }
 
 } // namespace havuz::consistent

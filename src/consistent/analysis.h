@@ -4,6 +4,7 @@
 
 #include "consistent/failure.h"
 #include "consistent/results.h"
+#include "model/workers.h"
 
 #include <memory>
 
@@ -16,8 +17,7 @@ struct Options {
     int threads = 1;
 };
 
-// Threads that HAVUZ_THREADS allows: a whole number from 1; unset or anything else: all cores.
-int AllowedThreads();
+using havuz::AllowedThreads;
 
 struct SystemFacts {
     int equations = 0;

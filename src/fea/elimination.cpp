@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
-#include <string>
 
 namespace havuz {
 
@@ -39,6 +38,10 @@ struct Borrowed {
 
 } // namespace
 
+void FailOutOfRange(int equation) {
+    throw RuntimeFailure({.fault = Fault::SolutionTooLarge, .where = {{Thing::Equation, equation}}});
+}
+
 Elimination::Elimination(const SolveKernels &kernels, int threads)
     : kernels_(kernels), team_(threads), panel_(kernels) {}
 
@@ -50,8 +53,7 @@ void Elimination::run(const std::function<void(int)> &beforePivot) {
         for (int i = first; i <= std::min(panel_.lastRow(), EquationCount - 1); ++i) {
             beforePivot(i);
             if (i == wrong)
-                throw RuntimeFailure(Overflow,
-                                     "equation " + std::to_string(i) + ": the solution leaves the 32-bit range");
+                FailOutOfRange(i);
         }
         if (!panel_.keepsZerosPositive())
             skipZeros_ = true;

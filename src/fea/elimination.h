@@ -14,6 +14,9 @@
 
 namespace havuz {
 
+// Overflow: a value of this equation leaves the 32-bit range.
+[[noreturn]] void FailOutOfRange(int equation);
+
 class Elimination {
 public:
     Elimination(const SolveKernels &kernels, int threads);

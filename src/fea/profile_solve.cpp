@@ -16,13 +16,9 @@ namespace havuz {
 
 namespace {
 
-[[noreturn]] void FailRange(int equation) {
-    throw RuntimeFailure({.fault = Fault::SolutionTooLarge, .where = {{Thing::Equation, equation}}});
-}
-
 void StoreSolution(int i, int c, double x) {
     if (!(std::fabs(x) <= FLT_MAX))
-        FailRange(i);
+        FailOutOfRange(i);
     Rhs[RhsIndex(i, c)] = static_cast<float>(x);
 }
 
