@@ -156,6 +156,15 @@ std::optional<Slot> PlakSlot(const Assignment &a) {
     return SlotOf(PlakTable[PlaceOf(a, 0, 1, 1, PlakCount, Thing::PlakTable)].Kalinlik);
 }
 
+// True when the name is one of that table, also when its place is outside.
+bool Takes(std::optional<Slot> (*slotOf)(const Assignment &), const Assignment &a) {
+    try {
+        return slotOf(a).has_value();
+    } catch (const RuntimeFailure &) {
+        return true;
+    }
+}
+
 Slot SlotCalled(const Assignment &a) {
     for (const auto slotOf : {ParameterSlot, NodeSlot, LoadSlot, MeshSlot, PanelSlot, PlakSlot})
         if (std::optional<Slot> slot = slotOf(a))
@@ -225,8 +234,20 @@ void SetModelValue(const Assignment &a) {
         SlotCalled(a).write(NumberOf(a));
 }
 
+ModelPart PartOfModel(const Assignment &a) {
+    if (a.name == "ProjeIsmi" || Takes(ParameterSlot, a))
+        return ModelPart::Parameter;
+    if (Takes(PanelSlot, a) || Takes(PlakSlot, a))
+        return ModelPart::ShapePart;
+    if (Takes(NodeSlot, a) || Takes(LoadSlot, a) || Takes(MeshSlot, a))
+        return ModelPart::MeshPart;
+    throw UsageError("\"" + a.name + "\" is no parameter or field of the model");
+}
+
+Assignment ParseModelName(const std::string &text) { return ParseName(text, "\"" + text + "\" is no name of a value"); }
+
 std::string ModelValueText(const std::string &name) {
-    const Assignment a = ParseName(name, "\"" + name + "\" is no name of a value");
+    const Assignment a = ParseModelName(name);
     return a.name == "ProjeIsmi" ? ProjeIsmi : SlotCalled(a).text();
 }
 

@@ -24,6 +24,14 @@ bool SetParameter(const Assignment &a);
 // count is Subscript; a name that is nothing of the model is UsageError.
 void SetModelValue(const Assignment &a);
 
+// What a name stands for. MeshPart: a value of a node, a point load or a mesh, which the next meshing replaces;
+// ShapePart: of a panel or plate. Text that is no name of the model is UsageError; places are not looked up.
+enum class ModelPart { Parameter, ShapePart, MeshPart };
+ModelPart PartOfModel(const Assignment &a);
+
+// NAME or NAME(places) without a value. Text that is neither is UsageError.
+Assignment ParseModelName(const std::string &text);
+
 // The value of such a name, NAME or NAME(places), as text. Failures as above.
 std::string ModelValueText(const std::string &name);
 
