@@ -31,5 +31,8 @@ void AddExportCommand(CLI::App &parser, Job &job);
 void AddRenderCommand(CLI::App &parser, Job &job);
 void AddInfoCommand(CLI::App &parser, Job &job);
 void AddScriptCommand(CLI::App &parser, Job &job);
+void AddVariantsCommand(CLI::App &parser, Job &job);
+void AddMergeCommand(CLI::App &parser, Job &job);
+void AddPlotCommand(CLI::App &parser, Job &job);
 
 } // namespace havuz

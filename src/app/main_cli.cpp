@@ -12,8 +12,9 @@ namespace havuz {
 using AddCommand = void (*)(CLI::App &parser, Job &job);
 
 static constexpr std::array kCommands = {
-    AddPoolCommand, AddPolygonCommand, AddMeshCommand,   AddCutCommand,  AddSetCommand,
-    AddRunCommand,  AddExportCommand,  AddRenderCommand, AddInfoCommand, AddScriptCommand,
+    AddPoolCommand,     AddPolygonCommand, AddMeshCommand,   AddCutCommand,  AddSetCommand,
+    AddRunCommand,      AddExportCommand,  AddRenderCommand, AddInfoCommand, AddScriptCommand,
+    AddVariantsCommand, AddMergeCommand,   AddPlotCommand,
 };
 
 static int Fail(const std::string &words, int status) {
