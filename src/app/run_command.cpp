@@ -1,6 +1,7 @@
 // havuz-cli run: the analysis of a meshed project, its result files and a summary of them.
 #include "app/cli.h"
 #include "app/project.h"
+#include "app/scratch_folder.h"
 #include "fea/analysis.h"
 #include "fea/result_summary.h"
 #include "fea/run_residual.h"
@@ -21,28 +22,6 @@
 namespace havuz {
 
 namespace {
-
-// The private folder of a run for its scratch file.
-class ScratchFolder {
-public:
-    ScratchFolder() {
-        const char *wanted = std::getenv("TMPDIR");
-        const std::string folder = wanted != nullptr && *wanted != '\0' ? wanted : "/tmp";
-        path_ = folder + "/havuz-XXXXXX";
-        if (mkdtemp(path_.data()) == nullptr)
-            FailFile(Fault::CannotCreateScratch, folder, errno);
-    }
-    ~ScratchFolder() {
-        std::error_code error;
-        std::filesystem::remove_all(path_, error);
-    }
-    ScratchFolder(const ScratchFolder &) = delete;
-    ScratchFolder &operator=(const ScratchFolder &) = delete;
-    const std::string &path() const { return path_; }
-
-private:
-    std::string path_;
-};
 
 // The three sizes on standard output, as the window shows them; the progress as a bar on a terminal.
 class ShellAnalysisWindow : public AnalysisWindow {

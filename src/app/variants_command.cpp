@@ -3,6 +3,8 @@
 #include "app/cli.h"
 #include "app/finished_rows.h"
 #include "app/project.h"
+#include "app/scratch_folder.h"
+#include "app/variants_literal.h"
 #include "app/variants_progress.h"
 #include "app/variants_results.h"
 #include "app/variants_tank.h"
@@ -207,6 +209,8 @@ private:
         };
         pool.tick = [&] { progress.show(); };
         setenv("HAVUZ_THREADS", "1", 1); // for the processes: they fill the machine by their number
+        const ScratchFolder scratch;     // of the processes: it goes also when they are killed
+        setenv("TMPDIR", scratch.path().c_str(), 1);
         const int signal = RunWorkers(pool, missing);
         finished.sync();
         progress.finish(signal == 0 ? failedRows() : 0);

@@ -1,5 +1,6 @@
 #include "app/variants_results.h"
 
+#include "app/variants_literal.h"
 #include "consistent/loads.h"
 #include "consistent/tank.h"
 #include "model/store.h"
@@ -63,11 +64,6 @@ const std::vector<std::string> &VariantResultNames() {
     return names;
 }
 
-const std::vector<std::string> &LiteralResultNames() {
-    static const std::vector<std::string> names = {"literal_settlement_mm", "literal_Mx", "literal_My"};
-    return names;
-}
-
 bool IsVariantResult(const std::string &name, const std::set<std::string> &keys) {
     const std::vector<std::string> &fixed = VariantResultNames();
     if (std::find(fixed.begin(), fixed.end(), name) != fixed.end())
@@ -83,7 +79,7 @@ std::set<std::string> VariantKeys(const std::string & /*project*/) {
     return keys;
 }
 
-std::map<std::string, std::string> VariantResults(const VariantQuestion & /*question*/) {
+std::map<std::string, std::string> VariantResults(const VariantQuestion &question) {
     const Tank tank = ReadTank();
     const Amounts amounts = AmountsOf(tank);
     std::map<std::string, std::string> results;
@@ -93,6 +89,9 @@ std::map<std::string, std::string> VariantResults(const VariantQuestion & /*ques
     results["meshes"] = std::to_string(tank.meshes.size());
     results["weight_t"] = CsvNumber(amounts.weight).text;
     results["concrete_m3"] = CsvNumber(amounts.concrete).text;
+    if (question.literal)
+        for (const auto &[name, value] : LiteralResults())
+            results[name] = value;
     return results;
 }
 

@@ -11,9 +11,6 @@ namespace havuz {
 // The names without moments, in the order in which --list prints them.
 const std::vector<std::string> &VariantResultNames();
 
-// The columns that --literal adds.
-const std::vector<std::string> &LiteralResultNames();
-
 // How moments are named: the greatest |M11| or |M22| of a panel (a plate is 1000 and its number) in a load case or
 // combination.
 constexpr const char *kMomentPattern = "M_PANEL_11|22_KEY";
