@@ -83,6 +83,11 @@ Forces Between(const Forces &a, const Forces &b, double t) {
     return {a.Q + t * (b.Q - a.Q), a.M + t * (b.M - a.M), a.N + t * (b.N - a.N)};
 }
 
+// The loads of the elastic method have no factors: the strength is divided by one.
+double AllowedShear(const Basis &basis, const ShearStrength &strength) {
+    return strength.vrd / (basis.materials.method == DesignMethod::Elastic ? basis.settings.shearSafety : 1.0);
+}
+
 // The shear of one zone and direction, kept for the face that the moment beside it pulls.
 class ShearSearch {
 public:
@@ -125,8 +130,7 @@ private:
         place.M = at.M;
         place.N = at.N;
         place.strength = ShearWithoutLinks(w_.basis.materials, bars_[face].section, bars_[face].bars.area(), at.N);
-        const bool elastic = w_.basis.materials.method == DesignMethod::Elastic;
-        place.allowed = place.strength.vrd / (elastic ? w_.basis.settings.shearSafety : 1.0);
+        place.allowed = AllowedShear(w_.basis, place.strength);
         place.mesh = w_.tank.meshes[i].mesh;
         place.combination = combination;
         ShearPlace &kept = found_[face];
@@ -175,6 +179,10 @@ SteelRow MakeRow(const Work &w, const GroupKey &key, std::size_t face, const Lay
     row.cover = demand.cover;
     row.crackLimit = demand.crackLimit;
     row.shear = shear;
+    if (shear.mesh == 0) { // nothing to carry here: what the section could
+        row.shear.strength = ShearWithoutLinks(w.basis.materials, layer.section, layer.bars.area(), 0.0);
+        row.shear.allowed = AllowedShear(w.basis, row.shear.strength);
+    }
     if (!row.strengthMet())
         row.thickerForBending = ThickerForBending(w.basis, row);
     if (!row.shearMet())

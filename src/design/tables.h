@@ -1,0 +1,46 @@
+// The tables that scripts read, as text: analysis and design in exact columns. International style: comma between,
+// point as decimal mark; Turkish: semicolon and comma. Numbers of up to 12 digits.
+#pragma once
+
+#include "consistent/analysis.h"
+#include "design/checks.h"
+
+#include <string>
+#include <vector>
+
+namespace havuz::design {
+
+enum class TableStyle { International, Turkish };
+
+// A table row by row; the head names its columns with commas between.
+class CsvText {
+public:
+    CsvText(const std::string &head, TableStyle style);
+    CsvText &put(const std::string &word);
+    CsvText &put(const char *word) { return put(std::string(word)); }
+    CsvText &put(double value);
+    CsvText &put(int value) { return put(static_cast<double>(value)); }
+    void endRow();
+    const std::string &text() const { return text_; }
+
+private:
+    TableStyle style_;
+    bool rowBegun_ = false;
+    std::string text_;
+};
+
+struct NamedTable {
+    const char *file; // "nodes.csv"
+    std::string text;
+};
+
+// nodes.csv, corners.csv, walls.csv, proof.csv, combinations.csv, steel.csv, checks.csv. Nodes and corners hold the
+// load cases, Q only where there is surcharge, and the combination of that key when one is given ("" none). An unknown
+// key is BadNumber.
+std::vector<NamedTable> ResultTables(const consistent::Analysis &analysis, const Design &design, TableStyle style,
+                                     const std::string &combination);
+
+// The three of the design alone.
+std::vector<NamedTable> DesignTables(const Design &design, TableStyle style);
+
+} // namespace havuz::design
