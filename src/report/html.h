@@ -1,0 +1,33 @@
+// The report's text as HTML: headings, paragraphs, tables and pictures in the part of HTML that a browser and the
+// printed page draw alike. All words are escaped here; pictures are data, nothing is fetched.
+#pragma once
+
+#include "report/svg.h"
+
+#include <string>
+#include <vector>
+
+namespace havuz::report {
+
+class Html {
+public:
+    Html(const std::string &title);
+
+    void heading(int level, const std::string &words);                      // 1 to 3
+    void paragraph(const std::string &words, const std::string &kind = ""); // kind: a class of the style sheet
+    // Lines one under the other in one block; the first is bold.
+    void block(const std::vector<std::string> &lines, bool good);
+    void picture(const Svg &svg, const std::string &caption);
+    // Cells of a row in the order of the head; a cell that begins with "!" is marked as not met. A table without rows
+    // is left out.
+    void table(const std::vector<std::string> &head, const std::vector<std::vector<std::string>> &rows);
+    void pageBreak() { breakBefore_ = true; } // before the next heading
+
+    std::string file() const; // the whole file
+
+private:
+    std::string title_, body_;
+    bool breakBefore_ = false;
+};
+
+} // namespace havuz::report

@@ -1,0 +1,204 @@
+#include "ui/qt/report_paper.h"
+
+#include "model/failure.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QBuffer>
+#include <QByteArray>
+#include <QGuiApplication>
+#include <QHashSeed>
+#include <QImage>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSvgRenderer>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextObjectInterface>
+#include <cstdlib>
+#include <memory>
+
+namespace havuz {
+
+namespace {
+
+constexpr int kDotsPerInch = 600;
+constexpr int kSvgObject = QTextFormat::UserObject + 1;
+constexpr int kSvgBytes = QTextFormat::UserProperty + 1;
+
+// Text needs the font database of a graphical program; one without a display serves when none runs yet.
+void NeedFonts() {
+    if (QCoreApplication::instance() != nullptr)
+        return;
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    QHashSeed::setDeterministicGlobalSeed(); // the order of fonts in a file follows it
+    static int count = 1;
+    static char name[] = "havuz";
+    static char *names[] = {name, nullptr};
+    static QGuiApplication *const program = new QGuiApplication(count, names); // lives as long as the process
+    (void)program;
+}
+
+// Paints a SVG picture where it stands in the text, at its size in points.
+class SvgObject : public QObject, public QTextObjectInterface {
+    Q_OBJECT
+    Q_INTERFACES(QTextObjectInterface)
+public:
+    QSizeF intrinsicSize(QTextDocument * /*document*/, int /*place*/, const QTextFormat &format) override {
+        QSvgRenderer picture(format.property(kSvgBytes).toByteArray());
+        return QSizeF(picture.defaultSize()) * kDotsPerInch / 72.0;
+    }
+    void drawObject(QPainter *painter, const QRectF &rect, QTextDocument * /*document*/, int /*place*/,
+                    const QTextFormat &format) override {
+        QSvgRenderer picture(format.property(kSvgBytes).toByteArray());
+        picture.render(painter, rect);
+    }
+};
+
+constexpr auto kSvgUri = "data:image/svg+xml;base64,";
+
+// The pictures of the document become objects that are painted as vectors.
+void TakePictures(QTextDocument &document) {
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
+        for (auto at = block.begin(); !at.atEnd(); ++at) {
+            const QTextFragment fragment = at.fragment();
+            const QString name = fragment.charFormat().toImageFormat().name();
+            if (!fragment.charFormat().isImageFormat() || !name.startsWith(QLatin1String(kSvgUri)))
+                continue;
+            QTextCharFormat object;
+            object.setObjectType(kSvgObject);
+            object.setProperty(
+                kSvgBytes,
+                QByteArray::fromBase64(name.mid(static_cast<qsizetype>(std::string(kSvgUri).size())).toLatin1()));
+            QTextCursor cursor(&document);
+            cursor.setPosition(fragment.position());
+            cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
+            cursor.setCharFormat(object);
+            break; // a picture stands in a paragraph of its own
+        }
+}
+
+bool HoldsPicture(const QTextBlock &block) {
+    return !block.begin().atEnd() && block.begin().fragment().charFormat().objectType() == kSvgObject;
+}
+
+int PageOf(const QTextDocument &document, const QTextBlock &block, bool end) {
+    const QRectF box = document.documentLayout()->blockBoundingRect(block);
+    return static_cast<int>((end ? box.bottom() - 1.0 : box.top() + 1.0) / document.pageSize().height());
+}
+
+// A heading stays with what follows it, a picture with its caption: the first that does not moves to the next page.
+bool MoveOneToNextPage(QTextDocument &document, int &from) {
+    for (QTextBlock block = document.findBlockByNumber(from); block.isValid(); block = block.next()) {
+        const QTextBlock next = block.next();
+        const bool holds = block.blockFormat().headingLevel() > 0 || HoldsPicture(block);
+        const bool free = (block.blockFormat().pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore) == 0;
+        if (!holds || !free || !next.isValid())
+            continue;
+        const bool picture = HoldsPicture(next);
+        if (PageOf(document, next, picture) <= PageOf(document, block, false))
+            continue;
+        QTextCursor cursor(block);
+        QTextBlockFormat format = block.blockFormat();
+        format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+        cursor.setBlockFormat(format);
+        from = block.blockNumber();
+        return true;
+    }
+    return false;
+}
+
+struct Paper {
+    QRectF text;      // of a page, dots
+    double footY = 0; // base line of the foot
+};
+
+void DrawPage(QPainter &painter, QTextDocument &document, const Paper &paper, int page, int pages,
+              const QString &title) {
+    const double height = document.pageSize().height();
+    painter.save();
+    painter.translate(0.0, -page * height);
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.clip = QRectF(0.0, page * height, document.pageSize().width(), height);
+    context.palette.setColor(QPalette::Text, Qt::black);
+    painter.setClipRect(context.clip);
+    document.documentLayout()->draw(&painter, context);
+    painter.restore();
+    painter.setFont(QFont(QStringLiteral("DejaVu Sans"), 7));
+    const QRectF foot(0.0, paper.footY, paper.text.width(), 200.0);
+    painter.drawText(foot, Qt::AlignLeft, title);
+    painter.drawText(foot, Qt::AlignRight, QStringLiteral("Sayfa %1 / %2").arg(page + 1).arg(pages));
+}
+
+// The file's date as PDF writes it, in place of the clock's: D:YYYYMMDDHHmmSS+ZZ'ZZ'.
+void PutDate(QByteArray &pdf, const std::string &date) {
+    const QByteArray head = "/CreationDate (D:";
+    const qsizetype at = pdf.indexOf(head);
+    if (at < 0)
+        return;
+    const qsizetype from = at + head.size(), end = pdf.indexOf(')', from);
+    QByteArray put = QByteArray::fromStdString(date).replace("-", "") + "000000Z";
+    put = put.leftJustified(end - from, ' ', true); // places of objects stay
+    pdf.replace(from, end - from, put);
+}
+
+} // namespace
+
+std::string PdfOfHtml(const std::string &html, const std::string &title, const std::string &date) {
+    NeedFonts();
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setResolution(kDotsPerInch);
+    writer.setPageSize(QPageSize(QPageSize::A4));
+    writer.setPageMargins(QMarginsF(20.0, 15.0, 18.0, 12.0), QPageLayout::Millimeter);
+    writer.setTitle(QString::fromStdString(title));
+    writer.setCreator(QStringLiteral("Havuz"));
+
+    QTextDocument document;
+    SvgObject pictures;
+    document.documentLayout()->registerHandler(kSvgObject, &pictures);
+    document.documentLayout()->setPaintDevice(&writer);
+    document.setDocumentMargin(0.0);
+    document.setDefaultFont(QFont(QStringLiteral("DejaVu Sans"), 9));
+    document.setHtml(QString::fromStdString(html));
+    TakePictures(document);
+    const Paper paper{QRectF(0.0, 0.0, writer.width(), writer.height() - 250.0), writer.height() - 130.0};
+    document.setPageSize(paper.text.size());
+    for (int from = 0; MoveOneToNextPage(document, from);) {}
+
+    QPainter painter(&writer);
+    for (int page = 0; page < document.pageCount(); ++page) {
+        if (page > 0)
+            writer.newPage();
+        DrawPage(painter, document, paper, page, document.pageCount(), QString::fromStdString(title));
+    }
+    painter.end();
+    PutDate(bytes, date);
+    return bytes.toStdString();
+}
+
+std::string PngOfSvg(const std::string &svg, double pixelsPerPoint) {
+    NeedFonts();
+    QSvgRenderer picture(QByteArray::fromStdString(svg));
+    const QSize size = (QSizeF(picture.defaultSize()) * pixelsPerPoint).toSize();
+    QImage image(size, QImage::Format_RGB32);
+    if (image.isNull())
+        FailOverflow("a picture of " + std::to_string(size.width()) + "x" + std::to_string(size.height()) + " pixels");
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    picture.render(&painter);
+    painter.end();
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes.toStdString();
+}
+
+} // namespace havuz
+
+#include "report_paper.moc"

@@ -1,0 +1,15 @@
+// Documents and drawings on paper: a HTML report as a PDF of A4 pages, its SVG pictures painted as vectors, its text as
+// text with fonts embedded; a SVG drawing as a PNG picture. Needs no display. The same input gives the same bytes.
+#pragma once
+
+#include <string>
+
+namespace havuz {
+
+// date, "2026-01-31", is the date of the file; title stands at the foot of each page beside the page's number.
+std::string PdfOfHtml(const std::string &html, const std::string &title, const std::string &date);
+
+// A picture of that many pixels to a point of the drawing, on white. A picture that memory cannot hold is Overflow.
+std::string PngOfSvg(const std::string &svg, double pixelsPerPoint);
+
+} // namespace havuz
