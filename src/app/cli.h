@@ -34,5 +34,7 @@ void AddScriptCommand(CLI::App &parser, Job &job);
 void AddVariantsCommand(CLI::App &parser, Job &job);
 void AddMergeCommand(CLI::App &parser, Job &job);
 void AddPlotCommand(CLI::App &parser, Job &job);
+void AddResultsCommand(CLI::App &parser, Job &job);
+void AddReportCommand(CLI::App &parser, Job &job);
 
 } // namespace havuz

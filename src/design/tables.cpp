@@ -14,22 +14,6 @@ namespace {
 
 const char *Verdict(bool met) { return met ? "ok" : "not met"; }
 
-// The results that nodes.csv and corners.csv hold.
-std::vector<const CaseResult *> Shown(const Design &design, const std::string &combination) {
-    std::vector<const CaseResult *> shown;
-    for (const consistent::Case c : consistent::kAllCases)
-        if (c != consistent::kSurcharge || design.basis.settings.surcharge > 0.0)
-            shown.push_back(&design.cases[c]);
-    if (combination.empty())
-        return shown;
-    const auto found = std::find_if(design.combinations.begin(), design.combinations.end(),
-                                    [&](const CaseResult &r) { return r.key == combination; });
-    if (found == design.combinations.end())
-        throw RuntimeFailure(BadNumber, "combination " + combination + ": there is none of that name");
-    shown.push_back(&*found);
-    return shown;
-}
-
 std::string NodesTable(const consistent::Tank &tank, const std::vector<const CaseResult *> &shown, TableStyle style) {
     CsvText csv("node,x,y,z,case,ux,uy,uz,rx,ry,rz,soil,reaction", style);
     for (const CaseResult *r : shown)
@@ -83,7 +67,7 @@ void PutProof(CsvText &csv, const CaseResult &r) {
 
 std::string ProofTable(const Design &design, TableStyle style) {
     CsvText csv("case,component,load,spring,reaction,sum,residual", style);
-    for (const CaseResult *r : Shown(design, ""))
+    for (const CaseResult *r : ShownResults(design, ""))
         PutProof(csv, *r);
     for (const CaseResult &r : design.combinations)
         PutProof(csv, r);
@@ -136,6 +120,21 @@ std::string ChecksTable(const Design &design, TableStyle style) {
 
 } // namespace
 
+std::vector<const CaseResult *> ShownResults(const Design &design, const std::string &combination) {
+    std::vector<const CaseResult *> shown;
+    for (const consistent::Case c : consistent::kAllCases)
+        if (c != consistent::kSurcharge || design.basis.settings.surcharge > 0.0)
+            shown.push_back(&design.cases[c]);
+    if (combination.empty())
+        return shown;
+    const auto found = std::find_if(design.combinations.begin(), design.combinations.end(),
+                                    [&](const CaseResult &r) { return r.key == combination; });
+    if (found == design.combinations.end())
+        throw RuntimeFailure(BadNumber, "combination " + combination + ": there is none of that name");
+    shown.push_back(&*found);
+    return shown;
+}
+
 CsvText::CsvText(const std::string &head, TableStyle style) : style_(style), text_(head) {
     if (style == TableStyle::Turkish)
         std::replace(text_.begin(), text_.end(), ',', ';');
@@ -164,7 +163,7 @@ void CsvText::endRow() {
 
 std::vector<NamedTable> ResultTables(const Analysis &analysis, const Design &design, TableStyle style,
                                      const std::string &combination) {
-    const std::vector<const CaseResult *> shown = Shown(design, combination);
+    const std::vector<const CaseResult *> shown = ShownResults(design, combination);
     std::vector<NamedTable> tables = {
         {"nodes.csv", NodesTable(analysis.tank(), shown, style)},
         {"corners.csv", CornersTable(analysis.tank(), shown, style)},

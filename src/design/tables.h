@@ -34,6 +34,10 @@ struct NamedTable {
     std::string text;
 };
 
+// The results that nodes.csv and corners.csv hold: the load cases, Q only where there is surcharge, and the combination
+// of that key when one is given ("" none). An unknown key is BadNumber.
+std::vector<const consistent::CaseResult *> ShownResults(const Design &design, const std::string &combination);
+
 // nodes.csv, corners.csv, walls.csv, proof.csv, combinations.csv, steel.csv, checks.csv. Nodes and corners hold the
 // load cases, Q only where there is surcharge, and the combination of that key when one is given ("" none). An unknown
 // key is BadNumber.

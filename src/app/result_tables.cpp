@@ -1,0 +1,19 @@
+#include "app/result_tables.h"
+
+#include "model/failure.h"
+#include "model/files.h"
+
+#include <filesystem>
+
+namespace havuz {
+
+void WriteTables(const std::string &directory, const std::vector<design::NamedTable> &tables) {
+    std::error_code error;
+    std::filesystem::create_directories(directory, error);
+    if (!DirectoryExists(directory))
+        throw RuntimeFailure(File, directory + ": cannot be made");
+    for (const design::NamedTable &table : tables)
+        WriteWholeFile(directory + "/" + table.file, table.text);
+}
+
+} // namespace havuz
