@@ -1,11 +1,16 @@
-// havuz-cli render: the plate or mesh view of a project as a PNG picture.
+// havuz-cli render: the plate or mesh view of a project as a PNG picture, or the contours of a result on one panel as
+// PNG or SVG.
 #include "app/cli.h"
+#include "app/designed_project.h"
 #include "app/project.h"
 #include "model/files.h"
 #include "model/number_text.h"
 #include "model/options.h"
 #include "model/store.h"
+#include "report/chapters.h"
+#include "report/pictures.h"
 #include "ui/qt/raster_surface.h"
+#include "ui/qt/report_paper.h"
 #include "view/mesh_drawing.h"
 #include "view/plate_drawing.h"
 #include "view/view_state.h"
@@ -20,6 +25,8 @@ namespace {
 struct RenderOptions {
     std::string file, out, view, angles = "-140,20", size = "1024x768";
     bool plan = false;
+    std::string result, kase; // contours: name of the result, key of the case or combination
+    int panel = 0;
 };
 
 // The picture must leave the drawing some room beside its margins; 16-bit numbers measure it.
@@ -70,6 +77,33 @@ void Draw(Surface &scr, const RenderOptions &o) {
     DrawMeshView(scr, none);
 }
 
+// A load case or a combination by its key.
+const consistent::CaseResult &ResultOf(const design::Design &design, const std::string &key) {
+    for (const auto *list : {&design.cases, &design.combinations})
+        for (const consistent::CaseResult &result : *list)
+            if (result.key == key)
+                return result;
+    throw UsageError("--case: there is no load case or combination \"" + key + "\"");
+}
+
+void RenderResult(const RenderOptions &o) {
+    const report::ShellField *field = report::FindShellField(o.result);
+    if (field == nullptr)
+        throw UsageError("--result: \"" + o.result + "\" is none of N11 N22 N12 M11 M22 M12 Q1 Q2");
+    OpenProject(o.file);
+    const DesignedProject project = DesignModel(ProjectStem(o.file));
+    const consistent::Tank &tank = project.analysis->tank();
+    if (tank.panels.find(o.panel) == tank.panels.end())
+        throw UsageError("--panel: there are no meshes of panel " + std::to_string(o.panel));
+    const consistent::CaseResult &result = ResultOf(project.design, o.kase);
+    const report::FlatPanel flat = report::Unfold(tank, o.panel);
+    const report::Svg svg =
+        report::ContourPicture(flat, report::ValuesOf(flat, result, *field),
+                               report::PanelName(tank, o.panel) + ", " + o.result + ", " + o.kase, field->unit);
+    const bool vector = o.out.size() > 4 && o.out.compare(o.out.size() - 4, 4, ".svg") == 0;
+    WriteWholeFile(o.out, vector ? svg.file() : PngOfSvg(svg.file(), PictureSize(o.size).x / svg.width()));
+}
+
 void Render(const RenderOptions &o) {
     OpenProject(o.file);
     ResetView();
@@ -96,7 +130,14 @@ void AddRenderCommand(CLI::App &parser, Job &job) {
         ->capture_default_str()
         ->excludes(plan);
     command->add_option("--size", o->size, "size of the picture, pixels")->type_name("WxH")->capture_default_str();
-    command->callback([o, &job] { job = {o->file, [o] { Render(*o); }}; });
+    CLI::Option *result =
+        command->add_option("--result", o->result, "contours of this result: N11 N22 N12 M11 M22 M12 Q1 Q2");
+    CLI::Option *kase = command->add_option("--case", o->kase, "of this load case or combination")->type_name("KEY");
+    CLI::Option *panel = command->add_option("--panel", o->panel, "on this panel; plates are 1001 and up");
+    result->needs(kase)->needs(panel);
+    kase->needs(result);
+    panel->needs(result);
+    command->callback([o, &job] { job = {o->file, [o] { o->result.empty() ? Render(*o) : RenderResult(*o); }}; });
 }
 
 } // namespace havuz
