@@ -1,6 +1,7 @@
 #include "ui/qt/report_paper.h"
 
 #include "model/failure.h"
+#include "ui/qt/svg_object.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
@@ -15,7 +16,6 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
-#include <QTextObjectInterface>
 #include <cstdlib>
 #include <memory>
 
@@ -24,8 +24,6 @@ namespace havuz {
 namespace {
 
 constexpr int kDotsPerInch = 600;
-constexpr int kSvgObject = QTextFormat::UserObject + 1;
-constexpr int kSvgBytes = QTextFormat::UserProperty + 1;
 
 // Text needs the font database of a graphical program; one without a display serves when none runs yet.
 void NeedFonts() {
@@ -40,26 +38,12 @@ void NeedFonts() {
     (void)program;
 }
 
-// Paints a SVG picture where it stands in the text, at its size in points.
-class SvgObject : public QObject, public QTextObjectInterface {
-    Q_OBJECT
-    Q_INTERFACES(QTextObjectInterface)
-public:
-    QSizeF intrinsicSize(QTextDocument * /*document*/, int /*place*/, const QTextFormat &format) override {
-        QSvgRenderer picture(format.property(kSvgBytes).toByteArray());
-        return QSizeF(picture.defaultSize()) * kDotsPerInch / 72.0;
-    }
-    void drawObject(QPainter *painter, const QRectF &rect, QTextDocument * /*document*/, int /*place*/,
-                    const QTextFormat &format) override {
-        QSvgRenderer picture(format.property(kSvgBytes).toByteArray());
-        picture.render(painter, rect);
-    }
-};
-
 constexpr auto kSvgUri = "data:image/svg+xml;base64,";
 
 // The pictures of the document become objects that are painted as vectors.
 void TakePictures(QTextDocument &document) {
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
         for (auto at = block.begin(); !at.atEnd(); ++at) {
             const QTextFragment fragment = at.fragment();
@@ -67,20 +51,20 @@ void TakePictures(QTextDocument &document) {
             if (!fragment.charFormat().isImageFormat() || !name.startsWith(QLatin1String(kSvgUri)))
                 continue;
             QTextCharFormat object;
-            object.setObjectType(kSvgObject);
+            object.setObjectType(SvgObject::kType);
             object.setProperty(
-                kSvgBytes,
+                SvgObject::kBytes,
                 QByteArray::fromBase64(name.mid(static_cast<qsizetype>(std::string(kSvgUri).size())).toLatin1()));
-            QTextCursor cursor(&document);
             cursor.setPosition(fragment.position());
             cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
             cursor.setCharFormat(object);
             break; // a picture stands in a paragraph of its own
         }
+    cursor.endEditBlock();
 }
 
 bool HoldsPicture(const QTextBlock &block) {
-    return !block.begin().atEnd() && block.begin().fragment().charFormat().objectType() == kSvgObject;
+    return !block.begin().atEnd() && block.begin().fragment().charFormat().objectType() == SvgObject::kType;
 }
 
 int PageOf(const QTextDocument &document, const QTextBlock &block, bool end) {
@@ -103,6 +87,7 @@ bool MoveOneToNextPage(QTextDocument &document, int &from) {
         QTextBlockFormat format = block.blockFormat();
         format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
         cursor.setBlockFormat(format);
+        document.markContentsDirty(0, document.characterCount()); // what follows is laid out anew, all of it
         from = block.blockNumber();
         return true;
     }
@@ -158,8 +143,8 @@ std::string PdfOfHtml(const std::string &html, const std::string &title, const s
     writer.setCreator(QStringLiteral("Havuz"));
 
     QTextDocument document;
-    SvgObject pictures;
-    document.documentLayout()->registerHandler(kSvgObject, &pictures);
+    SvgObject pictures(kDotsPerInch);
+    document.documentLayout()->registerHandler(SvgObject::kType, &pictures);
     document.documentLayout()->setPaintDevice(&writer);
     document.setDocumentMargin(0.0);
     document.setDefaultFont(QFont(QStringLiteral("DejaVu Sans"), 9));
@@ -200,5 +185,3 @@ std::string PngOfSvg(const std::string &svg, double pixelsPerPoint) {
 }
 
 } // namespace havuz
-
-#include "report_paper.moc"
