@@ -2,10 +2,10 @@
 // above it with fcd = fck/1.5, fyd = fyk/1.15 and 1 N/mm2 = 10 kg/cm2.
 #include "design/bar_choice.h"
 #include "design/crack.h"
+#include "design/failure.h"
 #include "design/section.h"
 #include "design/shear.h"
 #include "design/wood.h"
-#include "model/failure.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -89,8 +89,8 @@ TEST(DesignSection, MaterialsFollowTheirStrengths) {
     EXPECT_NEAR(Strength(300, 2200).k1(), .82, 1e-12);
     EXPECT_DOUBLE_EQ(Strength(600, 2200).k1(), .70);
     EXPECT_NEAR(Strength(200, 2200).fctm(), 22.104, 1e-3);
-    EXPECT_THROW(Strength(0, 2200), RuntimeFailure);
-    EXPECT_THROW(Strength(200, std::nan("")), RuntimeFailure);
+    EXPECT_THROW(Strength(0, 2200), DesignFailure);
+    EXPECT_THROW(Strength(200, std::nan("")), DesignFailure);
 }
 
 // .26 * 22.104/2200 = .0026123, times 100 * 25.4 = 6.6352; fyk 5000: .0011494 < .0013: 3.302.

@@ -1,4 +1,5 @@
 // Combinations, zones, the choice of bars and the checks made of them, on tanks and results made by hand.
+#include "design/failure.h"
 #include "design/settings.h"
 #include "design/steel.h"
 #include "support.h"
@@ -329,10 +330,10 @@ TEST(DesignSettings, ADamagedOrNewerFileIsSaidAndLeftAlone) {
         EXPECT_EQ(file.state, SettingsFile::Damaged);
         EXPECT_EQ(file.settings.coverInner, 4.0);
         EXPECT_FALSE(file.turkish.empty());
-        EXPECT_TRUE(FailureOf([&] { WriteSettings(path, Settings{}); }).failed);
+        EXPECT_THROW(WriteSettings(path, Settings{}), DesignFailure);
         EXPECT_EQ(ReadBytes(path), damage);
     }
     WriteBytes(path, "{\"version\": 2, \"coverInner\": 6}");
     EXPECT_EQ(ReadSettings(path).state, SettingsFile::Newer);
-    EXPECT_TRUE(FailureOf([&] { WriteSettings(path, Settings{}); }).failed);
+    EXPECT_THROW(WriteSettings(path, Settings{}), DesignFailure);
 }

@@ -65,7 +65,7 @@ void TakeLiteral(const std::string &file, report::ReportInput &input) {
                                      c.verticalLoad, c.springForce});
     } catch (const RuntimeFailure &failure) {
         input.literal.clear();
-        Notice(input, file, std::string(".SON okunamadı: ") + failure.what());
+        Notice(input, file, ".SON okunamadı: " + FailureInTurkish(failure));
     }
 }
 

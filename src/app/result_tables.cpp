@@ -11,7 +11,7 @@ void WriteTables(const std::string &directory, const std::vector<design::NamedTa
     std::error_code error;
     std::filesystem::create_directories(directory, error);
     if (!DirectoryExists(directory))
-        throw RuntimeFailure(File, directory + ": cannot be made");
+        FailFile(Fault::CannotCreate, directory, error.value());
     for (const design::NamedTable &table : tables)
         WriteWholeFile(directory + "/" + table.file, table.text);
 }

@@ -1,6 +1,6 @@
 #include "design/checks.h"
 
-#include "model/failure.h"
+#include "design/failure.h"
 #include "model/options.h"
 #include "model/store.h"
 
@@ -115,15 +115,22 @@ Check SteelCheck(const Basis &basis, const SteelRow &row, const std::string &kin
             0};
 }
 
+// What a row is ranked by: of steel what strength asks, since least steel says nothing of the place.
+double Rank(const SteelRow &row, const Check &check) {
+    return check.kind == "steel" ? Use(row.layer.need.area, check.limit) : Use(check.value, check.limit);
+}
+
 // For each panel the row that uses most of what is allowed; one that is not met stands before those that are.
 void CheckSteel(Design &design, const std::string &kind) {
+    const auto rank = [&design](const Check &c) {
+        return std::pair(!c.met, Rank(design.steel[static_cast<std::size_t>(c.place)], c));
+    };
     std::map<int, Check> worst;
     for (std::size_t i = 0; i < design.steel.size(); ++i) {
         Check check = SteelCheck(design.basis, design.steel[i], kind);
         check.place = static_cast<int>(i);
         const auto found = worst.find(check.panel);
-        if (found == worst.end() || std::pair(!check.met, Use(check.value, check.limit)) >
-                                        std::pair(!found->second.met, Use(found->second.value, found->second.limit)))
+        if (found == worst.end() || rank(check) > rank(found->second))
             worst[check.panel] = check;
     }
     for (const auto &[panel, check] : worst)
@@ -140,9 +147,10 @@ void RequireBothKinds(const Basis &basis) {
     const auto factored = std::count_if(basis.combinations.begin(), basis.combinations.end(),
                                         [](const DesignCombination &c) { return c.factored; });
     if (factored == static_cast<std::ptrdiff_t>(basis.combinations.size()))
-        throw RuntimeFailure(BadNumber, "combinations: none is in service");
+        throw DesignFailure("combinations: none is in service", "kombinasyonlar: katsayısız olanı yok");
     if (factored == 0 && basis.materials.method == DesignMethod::Strength)
-        throw RuntimeFailure(BadNumber, "combinations: none is factored, and the method is TASIMA GUCU");
+        throw DesignFailure("combinations: none is factored, and the method is TASIMA GUCU",
+                            "kombinasyonlar: yöntem TASIMA GUCU, katsayılı olanı yok");
 }
 
 } // namespace

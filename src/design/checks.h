@@ -55,7 +55,8 @@ struct Design {
 
 constexpr double kResidualLimit = 1e-8; // |f - K u| / |f|
 
-// The basis of the tank in the model store with these settings. A strength that is not positive is BadNumber.
+// The basis of the tank in the model store with these settings. A strength that is not positive, and
+// settings whose combinations leave the method without any, are a DesignFailure.
 Basis MakeBasis(const Settings &settings);
 
 Design DesignTank(const consistent::Analysis &analysis, const Basis &basis);

@@ -1,6 +1,6 @@
 #include "design/materials.h"
 
-#include "model/failure.h"
+#include "design/failure.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,7 +16,8 @@ double Materials::ecm() const { return kKgPerSquareCm * 22000.0 * std::pow((fck 
 
 static void RequirePositive(double value, const char *name) {
     if (!(value > 0.0) || !std::isfinite(value))
-        throw RuntimeFailure(BadNumber, std::string(name) + ": a strength must be above 0");
+        throw DesignFailure(std::string(name) + ": a strength must be above 0",
+                            std::string(name) + ": dayanım sıfırdan büyük olmalı");
 }
 
 Materials MakeMaterials(double fck, double fyk, DesignMethod method) {

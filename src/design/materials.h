@@ -28,7 +28,7 @@ struct Materials {
 };
 
 // The allowable stresses that stand when none are entered: fyk/1.75 and .40 fck. A strength that is not positive is
-// BadNumber, naming Fck or Fyk.
+// a DesignFailure, naming Fck or Fyk.
 Materials MakeMaterials(double fck, double fyk, DesignMethod method);
 
 } // namespace havuz::design

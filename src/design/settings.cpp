@@ -1,5 +1,6 @@
 #include "design/settings.h"
 
+#include "design/failure.h"
 #include "model/failure.h"
 #include "model/files.h"
 
@@ -169,7 +170,7 @@ SettingsFile ReadSettings(const std::string &path) {
 void WriteSettings(const std::string &path, const Settings &settings) {
     const SettingsFile old = ReadSettings(path);
     if (old.state == SettingsFile::Damaged || old.state == SettingsFile::Newer)
-        throw RuntimeFailure(File, old.english);
+        throw DesignFailure(old.english, old.turkish);
     json file = old.state == SettingsFile::Read ? json::parse(old.kept) : json::object();
     file["version"] = kSettingsVersion;
     for (const Number &n : kNumbers)

@@ -38,7 +38,7 @@ struct SettingsFile {
 // Never fails for what is in the file; a file that cannot be read at all is Damaged with the words of the failure.
 SettingsFile ReadSettings(const std::string &path);
 
-// Writes the file whole. A damaged or newer file is not replaced: File, in words.
+// Writes the file whole. A damaged or newer file is not replaced: DesignFailure, in words.
 void WriteSettings(const std::string &path, const Settings &settings);
 
 } // namespace havuz::design

@@ -1,7 +1,7 @@
 #include "design/tables.h"
 
+#include "design/failure.h"
 #include "design/number_words.h"
-#include "model/failure.h"
 
 #include <algorithm>
 
@@ -130,7 +130,8 @@ std::vector<const CaseResult *> ShownResults(const Design &design, const std::st
     const auto found = std::find_if(design.combinations.begin(), design.combinations.end(),
                                     [&](const CaseResult &r) { return r.key == combination; });
     if (found == design.combinations.end())
-        throw RuntimeFailure(BadNumber, "combination " + combination + ": there is none of that name");
+        throw DesignFailure("combination " + combination + ": there is none of that name",
+                            combination + ": bu adda kombinasyon yok");
     shown.push_back(&*found);
     return shown;
 }

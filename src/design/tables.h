@@ -35,12 +35,12 @@ struct NamedTable {
 };
 
 // The results that nodes.csv and corners.csv hold: the load cases, Q only where there is surcharge, and the combination
-// of that key when one is given ("" none). An unknown key is BadNumber.
+// of that key when one is given ("" none). An unknown key is a DesignFailure.
 std::vector<const consistent::CaseResult *> ShownResults(const Design &design, const std::string &combination);
 
 // nodes.csv, corners.csv, walls.csv, proof.csv, combinations.csv, steel.csv, checks.csv. Nodes and corners hold the
 // load cases, Q only where there is surcharge, and the combination of that key when one is given ("" none). An unknown
-// key is BadNumber.
+// key is a DesignFailure.
 std::vector<NamedTable> ResultTables(const consistent::Analysis &analysis, const Design &design, TableStyle style,
                                      const std::string &combination);
 

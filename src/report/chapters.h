@@ -13,6 +13,7 @@ struct Source {
 
     const consistent::Tank &tank() const { return analysis.tank(); }
     std::string combination(int place) const; // Turkish name; "-" below 0
+    std::string key(int place) const;         // for narrow columns: the list of combinations explains it
 };
 
 // "Duvar 3", "Taban 1", "Plak 2", "Üst şerit 6".

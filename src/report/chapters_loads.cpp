@@ -6,6 +6,7 @@
 #include "report/pictures.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 
@@ -27,9 +28,21 @@ std::string TurkishUnit(const std::string &unit) {
     return unit == "t/m2" ? "t/m²" : unit == "cm2/m" ? "cm²/m" : unit == "-" ? "" : unit;
 }
 
+// "1,5·10⁻¹²"; 0 and what is not small stay plain.
+std::string SmallNumber(double value) {
+    if (!(value > 0.0) || value >= .001)
+        return Turkish(value, value > 0.0 ? 3 : 0);
+    const int power = static_cast<int>(std::floor(std::log10(value) + 1e-9));
+    constexpr std::array digits = {"⁰", "¹", "²", "³", "⁴", "⁵", "⁶", "⁷", "⁸", "⁹"};
+    std::string raised = "⁻";
+    for (const char c : std::to_string(-power))
+        raised += digits.at(static_cast<std::size_t>(c - '0'));
+    return Turkish(value / std::pow(10.0, power), 1) + "·10" + raised;
+}
+
 std::string CheckNumber(const Check &c, double value) {
     if (c.kind == "residual")
-        return value == 0.0 ? "0" : Turkish(value * 1e12, 3) + "·10⁻¹²";
+        return SmallNumber(value);
     const std::string unit = TurkishUnit(c.unit);
     return Turkish(value, c.kind == "crack" || c.kind == "flotation" ? 3 : 2) + (unit.empty() ? "" : " " + unit);
 }
@@ -53,11 +66,18 @@ std::string AdviceFor(const Source &s, const Check &c) {
 
 Rows VerdictRows(const Source &s, bool met) {
     Rows rows;
-    for (const Check &c : s.design.checks)
-        if (c.met == met)
+    const Check *residual = nullptr; // of all combinations the greatest stands for them
+    for (const Check &c : s.design.checks) {
+        if (c.kind == "residual" && (residual == nullptr || c.value > residual->value))
+            residual = &c;
+        if (c.met == met && c.kind != "residual")
             rows.push_back({kCheckNames.at(c.kind), c.panel == 0 ? "tüm havuz" : PanelName(s.tank(), c.panel),
                             design::TurkishName(c.combination), CheckNumber(c, c.value), CheckNumber(c, c.limit),
                             Verdict(met), met ? "" : AdviceFor(s, c)});
+    }
+    if (residual != nullptr && residual->met == met)
+        rows.push_back({kCheckNames.at("residual"), "tüm havuz", design::TurkishName(residual->combination),
+                        SmallNumber(residual->value), SmallNumber(residual->limit), Verdict(met), ""});
     return rows;
 }
 
@@ -229,7 +249,7 @@ void ProofChapter(Html &html, const Source &s) {
     for (const consistent::CaseResult &r : s.design.combinations) {
         const consistent::Proof &p = r.proof;
         rows.push_back({design::TurkishName(r.key), Tons(p.load[2]), Tons(p.spring[2]), Tons(p.reaction[2]),
-                        Tons(p.sum[2]), Turkish(p.residual * 1e12, 3) + "·10⁻¹²"});
+                        Tons(p.sum[2]), SmallNumber(p.residual)});
     }
     html.table({"Kombinasyon", "Yük Z", "Yay Z", "Tepki Z", "Toplam Z", "Artık"}, rows);
 }
@@ -253,7 +273,7 @@ void SoilChapter(Html &html, const Source &s) {
     for (const design::SoilState &state : s.design.soil)
         if (!state.failure.empty())
             html.paragraph(design::TurkishName(state.combination) + ": " + state.failure, "notice");
-    if (!rows.empty())
+    if (std::any_of(s.design.soil.begin(), s.design.soil.end(), [](const auto &state) { return state.pulls; }))
         html.paragraph("Yayların çektiği kombinasyon, çekme almayan zeminle yeniden çözülmüştür.");
 }
 

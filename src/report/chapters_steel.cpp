@@ -44,7 +44,7 @@ Extreme FindExtreme(const Source &s, int panel, const ShellField &field, double 
 std::string ExtremeText(const Source &s, const Extreme &e, const char *unit) {
     if (e.combination < 0)
         return "-";
-    return WithUnit(e.value, 2, unit) + " " + s.combination(e.combination) + " " +
+    return WithUnit(e.value, 2, unit) + ", " + s.key(e.combination) + ", " +
            PlaceText(s.tank().corner(s.tank().meshes[e.mesh], e.corner - 1));
 }
 
@@ -128,7 +128,7 @@ std::string GoverningText(const Source &s, const SteelRow &row) {
 std::vector<std::string> SteelCells(const Source &s, const SteelRow &row) {
     const design::LayerChoice &l = row.layer;
     return {RowPlace(row),
-            s.combination(l.governs.combination),
+            s.key(l.governs.combination),
             WithUnit(l.governs.M, 2, "t·m/m"),
             WithUnit(l.governs.N, 2, "t/m"),
             WithUnit(l.need.area, 2, "cm²/m"),
@@ -191,7 +191,7 @@ void CrackChapter(Html &html, const Source &s) {
     Rows rows;
     for (const SteelRow &row : s.design.steel) {
         const design::CrackWidth &c = row.layer.crack;
-        rows.push_back({PanelName(s.tank(), row.panel), RowPlace(row), s.combination(row.layer.crackPlace.combination),
+        rows.push_back({PanelName(s.tank(), row.panel), RowPlace(row), s.key(row.layer.crackPlace.combination),
                         WithUnit(row.layer.crackPlace.M, 2, "t·m/m"), WithUnit(row.layer.crackPlace.N, 2, "t/m"),
                         WithUnit(c.steel, 0, "kg/cm²"), WithUnit(c.wk, 3, "mm"), WithUnit(row.crackLimit, 3, "mm"),
                         Verdict(row.crackMet())});
@@ -208,7 +208,7 @@ void ShearChapter(Html &html, const Source &s) {
     Rows rows;
     for (const SteelRow &row : s.design.steel)
         if (row.shear.mesh != 0)
-            rows.push_back({PanelName(s.tank(), row.panel), RowPlace(row), s.combination(row.shear.combination),
+            rows.push_back({PanelName(s.tank(), row.panel), RowPlace(row), s.key(row.shear.combination),
                             std::to_string(row.shear.mesh), WithUnit(row.shear.V, 2, "t/m"),
                             WithUnit(row.shear.allowed, 2, "t/m"), Verdict(row.shearMet())});
     html.table({"Panel", "Bölge, yüz, yön", "Kombinasyon", "Eleman", "V", "VRd", "Sonuç"}, rows);

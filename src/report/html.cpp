@@ -10,16 +10,16 @@ static constexpr const char *kStyle = R"(
 body { font-family: "DejaVu Sans", sans-serif; font-size: 9pt; color: #111111; max-width: 180mm; margin: auto; }
 h1 { font-size: 18pt; margin-bottom: 2pt; }
 h2 { font-size: 13pt; margin-top: 14pt; margin-bottom: 4pt; color: #1d3f66; page-break-after: avoid; }
-h3 { font-size: 10pt; margin-top: 8pt; margin-bottom: 3pt; page-break-after: avoid; }
+h3 { font-size: 10pt; margin-top: 10pt; margin-bottom: 3pt; page-break-after: avoid; }
 p { margin-top: 3pt; margin-bottom: 3pt; }
 p.notice { color: #8a1020; font-weight: bold; }
 p.good { color: #14602a; font-weight: bold; font-size: 11pt; }
 p.bad { color: #8a1020; font-weight: bold; font-size: 11pt; }
-p.caption { font-size: 8pt; color: #444444; }
+p.caption { font-size: 8pt; color: #444444; margin-bottom: 8pt; }
 p.picture { margin-top: 6pt; margin-bottom: 0pt; page-break-inside: avoid; }
-p.work { margin-left: 10pt; font-size: 8pt; }
-p.workbad { margin-left: 10pt; font-size: 8pt; color: #8a1020; }
-table { border-collapse: collapse; font-size: 7.5pt; margin-top: 3pt; margin-bottom: 6pt; }
+p.work { margin-left: 10pt; margin-top: 5pt; font-size: 8pt; }
+p.workbad { margin-left: 10pt; margin-top: 5pt; font-size: 8pt; color: #8a1020; }
+table { border-collapse: collapse; font-size: 7.5pt; margin-top: 4pt; margin-bottom: 8pt; margin-left: 0pt; }
 thead { display: table-header-group; }
 tr { page-break-inside: avoid; }
 th { background-color: #e3eaf2; text-align: left; border: 1px solid #9aa7b5; padding: 2pt; font-weight: bold; }
@@ -57,7 +57,7 @@ void Html::picture(const Svg &svg, const std::string &caption) {
 void Html::table(const std::vector<std::string> &head, const std::vector<std::vector<std::string>> &rows) {
     if (rows.empty())
         return;
-    body_ += "<table cellspacing=\"0\" cellpadding=\"2\" width=\"100%\"><thead><tr>";
+    body_ += "<table cellspacing=\"0\" cellpadding=\"3\" width=\"100%\"><thead><tr>";
     for (const std::string &cell : head)
         body_ += "<th>" + Escaped(cell) + "</th>";
     body_ += "</tr></thead><tbody>\n";

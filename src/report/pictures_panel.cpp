@@ -235,7 +235,7 @@ Svg ContourPicture(const FlatPanel &flat, const CornerValues &values, const std:
 Svg SteelPicture(const consistent::Tank &tank, const FlatPanel &flat, const std::vector<design::SteelRow> &rows) {
     const std::vector<design::MeshPlace> places = design::FindPlaces(tank);
     const double drawn = DrawnHeight(flat, 220.0, 200.0);
-    Svg svg(kPageWidth, drawn + 90.0);
+    Svg svg(kPageWidth, drawn + 72.0);
     DrawDirection(svg, flat, places, rows, 1, FitFrame(flat, 220.0, 200.0, 10.0, 8.0), 10.0, drawn + 26.0);
     DrawDirection(svg, flat, places, rows, 2, FitFrame(flat, 220.0, 200.0, 250.0, 8.0), 250.0, drawn + 26.0);
     return svg;

@@ -128,7 +128,9 @@ Svg PlanPicture(const Tank &tank) {
             low = std::min(low, tank.corner(m, k).z);
             high = std::max(high, tank.corner(m, k).z);
         }
-    Svg svg(kPageWidth, 300.0);
+    const double wide = box.high.x - box.low.x, deep = box.high.y - box.low.y;
+    const double drawn = std::min((kPageWidth - 130.0) / std::max(wide, 1e-6) * deep, 230.0);
+    Svg svg(kPageWidth, drawn + 66.0);
     const Frame frame = FitFrame(box.low.x, box.high.x, box.low.y, box.high.y, kPageWidth - 130.0, 230.0, 30.0, 20.0);
     for (const Segment &s : FloorOutline(tank))
         svg.line(frame.at(s.a0, s.b0), frame.at(s.a1, s.b1), "#777777", .6, "3,2");
@@ -141,7 +143,7 @@ Svg PlanPicture(const Tank &tank) {
     const SvgPoint corner = frame.at(box.low.x, box.low.y), far = frame.at(box.high.x, box.high.y);
     svg.dimension({corner.x, corner.y + 22.0}, {far.x, corner.y + 22.0}, Turkish(box.high.x - box.low.x, 2) + " m");
     svg.dimension({far.x + 22.0, corner.y}, {far.x + 22.0, far.y}, Turkish(box.high.y - box.low.y, 2) + " m");
-    svg.text({30.0, 292.0}, "X →, Y ↑; duvarlar kesik, taban kenarı kesikli çizgi", 7.5);
+    svg.text({30.0, drawn + 60.0}, "X →, Y ↑; duvarlar kesik, taban kenarı kesikli çizgi", 7.5);
     return svg;
 }
 
@@ -154,7 +156,9 @@ Svg SectionPicture(const Tank &tank) {
     double low = box.low.z, high = box.high.z;
     for (const Level &l : levels)
         low = std::min(low, l.at), high = std::max(high, l.at);
-    Svg svg(kPageWidth, 250.0);
+    const double wide = box.high.x - box.low.x + 2.0 * pad;
+    const double drawn = std::min((kPageWidth - 170.0) / std::max(wide, 1e-6) * (high - low), 180.0);
+    Svg svg(kPageWidth, drawn + 75.0);
     const Frame frame = FitFrame(box.low.x - pad, box.high.x + pad, low, high, kPageWidth - 170.0, 180.0, 30.0, 25.0);
     const double y = box.low.y + .5137 * (box.high.y - box.low.y);
     std::sort(levels.begin(), levels.end(), [](const Level &a, const Level &b) { return a.at > b.at; });
@@ -174,7 +178,7 @@ Svg SectionPicture(const Tank &tank) {
     svg.dimension({left.x, bottom + 22.0}, {right.x, bottom + 22.0}, Turkish(box.high.x - box.low.x, 2) + " m");
     const SvgPoint foot = frame.at(box.low.x - pad, box.low.z), top = frame.at(box.low.x - pad, box.high.z);
     svg.dimension(foot, top, Turkish(box.high.z - box.low.z, 2) + " m");
-    svg.text({30.0, 246.0}, "Y = " + Turkish(y, 2) + " m boyunca kesit; X →, Z ↑", 7.5);
+    svg.text({30.0, drawn + 69.0}, "Y = " + Turkish(y, 2) + " m boyunca kesit; X →, Z ↑", 7.5);
     return svg;
 }
 

@@ -21,6 +21,10 @@ std::string Source::combination(int place) const {
     return design::TurkishName(design.basis.combinations[static_cast<std::size_t>(place)].sum.key);
 }
 
+std::string Source::key(int place) const {
+    return place < 0 ? "-" : design.basis.combinations[static_cast<std::size_t>(place)].sum.key;
+}
+
 std::string PanelName(const consistent::Tank &tank, int panel) {
     if (panel > 1000)
         return "Plak " + std::to_string(panel - 1000);

@@ -80,7 +80,7 @@ void Svg::text(SvgPoint at, const std::string &words, double size, Anchor anchor
     const char *anchors[] = {"start", "middle", "end"};
     body_ += "<text" + Attribute("x", Two(at.x)) + Attribute("y", Two(at.y)) + Attribute("font-family", "DejaVu Sans") +
              Attribute("font-size", Two(size)) + Attribute("text-anchor", anchors[static_cast<int>(anchor)]) +
-             (bold ? Attribute("font-weight", "bold") : "") + Attribute("fill", colour) + ">" + Escaped(words) +
+             Attribute("font-weight", bold ? "bold" : "normal") + Attribute("fill", colour) + ">" + Escaped(words) +
              "</text>\n";
 }
 

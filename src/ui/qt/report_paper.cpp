@@ -171,7 +171,7 @@ std::string PngOfSvg(const std::string &svg, double pixelsPerPoint) {
     const QSize size = (QSizeF(picture.defaultSize()) * pixelsPerPoint).toSize();
     QImage image(size, QImage::Format_RGB32);
     if (image.isNull())
-        FailOverflow("a picture of " + std::to_string(size.width()) + "x" + std::to_string(size.height()) + " pixels");
+        throw RuntimeFailure({.fault = Fault::PictureTooLarge, .number = size.width(), .bound = size.height()});
     image.fill(Qt::white);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);

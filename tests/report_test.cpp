@@ -1,0 +1,194 @@
+// The calculation report: its text, its parts, and the way from a project to a file. Expected numbers are statics by
+// hand.
+#include "consistent_support.h"
+#include "design/checks.h"
+#include "model/options.h"
+#include "model/store.h"
+#include "report/colours.h"
+#include "report/report.h"
+#include "report/sha256.h"
+#include "report/svg.h"
+#include "support.h"
+
+#include <cmath>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+using namespace havuz;
+using namespace havuz::report;
+namespace cons = havuz::consistent;
+
+namespace {
+
+bool Contains(const std::string &text, const std::string &part) { return text.find(part) != std::string::npos; }
+
+struct Reported {
+    design::Design design;
+    std::string html;
+};
+
+// The report of a rectangular pool of the library.
+Reported ReportOf(const cons::Parameters &parameters, const design::Settings &settings = {}) {
+    const cons::Tank tank = cons::LibraryPool(1, parameters);
+    const design::Basis basis = design::MakeBasis(settings);
+    cons::Options options;
+    options.loads.surcharge = settings.surcharge;
+    const cons::Analysis analysis(tank, options);
+    Reported r;
+    r.design = design::DesignTank(analysis, basis);
+    ReportInput input;
+    input.title = "Depo <A> & B";
+    input.name = "DEPO";
+    input.version = "0.1.0";
+    input.date = "31.01.2026";
+    input.notices = {kNoStresses};
+    input.facts = ProjectFacts(basis);
+    r.html = ReportHtml(input, analysis, r.design);
+    return r;
+}
+
+int CliStatus(const TemporaryFolder &folder, const std::string &arguments) {
+    const std::string command = "cd " + folder.path() + " && " + HAVUZ_CLI + " " + arguments + " >out 2>error";
+    return WEXITSTATUS(std::system(command.c_str()));
+}
+
+// The text of a chapter, from its heading to the next.
+std::string Chapter(const std::string &html, const std::string &heading) {
+    const std::size_t from = html.find("<h2>" + heading);
+    if (from == std::string::npos)
+        return "";
+    return html.substr(from, html.find("<h2>", from + 4) - from);
+}
+
+} // namespace
+
+// Known answers: FIPS 180-4 ("abc"), RFC 4648.
+TEST(Report, HashAndBase64GiveThePublishedAnswers) {
+    EXPECT_EQ(Sha256("abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
+    EXPECT_EQ(Sha256(""), "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855");
+    EXPECT_EQ(Sha256("abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq"),
+              "248d6a61d20638b8e5c026930c3e6039a33ce45964ff2167f6ecedd419db06c1");
+    EXPECT_EQ(Base64("foobar"), "Zm9vYmFy");
+    EXPECT_EQ(Base64("fooba"), "Zm9vYmE=");
+    EXPECT_EQ(Base64("foob"), "Zm9vYg==");
+    EXPECT_EQ(Base64(""), "");
+}
+
+TEST(Report, ADateIsADay) {
+    EXPECT_EQ(TurkishDate("2026-01-31"), "31.01.2026");
+    EXPECT_EQ(TurkishDate("2024-02-29"), "29.02.2024");
+    for (const char *wrong :
+         {"2026-02-29", "2026-13-01", "2026-00-10", "2026-04-31", "2026-1-31", "31.01.2026", "", "2026-01-3x"})
+        EXPECT_EQ(TurkishDate(wrong), "") << wrong;
+}
+
+TEST(Report, BandsHaveRoundLimitsAndSplitAtZero) {
+    const Bands bands = MakeBands(-1.3, 4.7, 10);
+    EXPECT_DOUBLE_EQ(bands.limits.front(), -2.0);
+    EXPECT_DOUBLE_EQ(bands.limits.back(), 5.0);
+    EXPECT_EQ(bands.limits.size(), bands.colours.size() + 1);
+    EXPECT_NE(std::find(bands.limits.begin(), bands.limits.end(), 0.0), bands.limits.end());
+    EXPECT_EQ(bands.bandOf(-1.5), 0U);
+    EXPECT_EQ(bands.bandOf(0.5), 2U);
+    EXPECT_EQ(bands.bandOf(99.0), bands.colours.size() - 1);
+    EXPECT_EQ(MakeBands(3.0, 3.0, 10).colours.size(), 1U);
+    EXPECT_EQ(MakeBands(0.0, 0.0, 10).colours.size(), 1U);
+}
+
+// 10 x 5 x 3 m, liquid 3 m: 3^2/2 = 4.50 t/m and 3^3/6 = 4.50 t.m/m on each wall; soil .4 * 1.8 times that: 3.24; the
+// liquid on the floor 50 * (3 - .3) = 135 t. Chapters in their order, numbers with comma and unit, nothing from
+// outside.
+TEST(Report, SaysLoadsByHandAndEveryChapter) {
+    const Reported r = ReportOf({{&SiviKotu, 3.0}, {&ToprakKotu, 3.0}, {&MeshGenisligi, 1.0}});
+    std::size_t at = 0;
+    for (const char *heading : {"Sonuç", "Girdiler", "Yükler", "Denge", "Zemin gerilmesi", "Yüzme", "Momentler",
+                                "Donatı", "Çatlak", "Kesme", "Uyarılar"}) {
+        const std::size_t found = r.html.find("<h2>" + std::string(heading));
+        ASSERT_NE(found, std::string::npos) << heading;
+        EXPECT_GT(found, at) << heading;
+        at = found;
+    }
+    const std::string loads = Chapter(r.html, "Yükler");
+    for (const char *part : {"<td>4,50 t/m</td>", "<td>4,50 t·m/m</td>", "<td>-3,24 t/m</td>", "<td>135,00 t</td>",
+                             "γ h²/2 = 4,50 t/m", "·A = 135,00 t"})
+        EXPECT_TRUE(Contains(loads, part)) << part;
+    EXPECT_TRUE(Contains(r.html, "Depo &lt;A&gt; &amp; B"));
+    EXPECT_TRUE(Contains(r.html, ".SON yok"));
+    EXPECT_TRUE(Contains(r.html, "<html lang=\"tr\">"));
+    for (const char *attribute : {"src=\"", "href=\""})
+        for (std::size_t place = r.html.find(attribute); place != std::string::npos;
+             place = r.html.find(attribute, place + 1))
+            EXPECT_EQ(r.html.compare(place + std::string(attribute).size(), 5, "data:"), 0);
+    EXPECT_EQ(ReportOf({{&SiviKotu, 3.0}, {&ToprakKotu, 3.0}, {&MeshGenisligi, 1.0}}).html, r.html);
+}
+
+// 8 x 8 x 6 m, base 60, walls 40 cm, no strip: G = 64 * 1.5 + 4 * 48 * 1 = 288 t. Water 4 m over the underside: U = 64
+// * 4 = 256 t, 1.125. Water 5 m: 320 t, .9, missing 1.1 * 320 - 288 = 64 t, said before what is met.
+TEST(Report, FlotationByHandAndWhatIsNotMetFirst) {
+    const auto pool = [](double water) {
+        return ReportOf({{&Lx, 8.0},
+                         {&Ly, 8.0},
+                         {&UstKot, 6.0},
+                         {&Bk, 0.0},
+                         {&AltKalinlik, 60.0},
+                         {&KenarKalinlik, 40.0},
+                         {&SiviKotu, 5.5},
+                         {&ToprakKotu, 0.0},
+                         {&YeraltiSuKotu, water},
+                         {&MeshGenisligi, 1.0}});
+    };
+    const Reported stands = pool(4.0), floats = pool(5.0);
+    EXPECT_NEAR(stands.design.flotation.dead, 288.0, 1e-9);
+    EXPECT_NEAR(stands.design.flotation.uplift, 256.0, 1e-9);
+    EXPECT_TRUE(stands.design.flotation.met());
+    EXPECT_NEAR(floats.design.flotation.missing(), 64.0, 1e-9);
+    EXPECT_FALSE(floats.design.met());
+    EXPECT_TRUE(Contains(Chapter(stands.html, "Yüzme"), "288,00 t / 256,00 t"));
+    const std::string verdict = Chapter(floats.html, "Sonuç");
+    EXPECT_TRUE(Contains(verdict, "eksik ağırlık 64,00 t"));
+    EXPECT_LT(verdict.find("sağlanmıyor</td>"), verdict.find("sağlanıyor</td>"));
+}
+
+// The whole way by the shell: tables, a viewer's file, a report that is the same twice, a changed project, wrong words.
+TEST(Report, FromAProjectToFiles) {
+    const TemporaryFolder folder;
+    const auto bytes = [&folder](const char *name) { return ReadBytes(folder.file(name)); };
+    ASSERT_EQ(CliStatus(folder, "pool rectangular -o P.POL --set Lx=4 --set Ly=3 --set UstKot=2 --set SiviKotu=2"), 0);
+    EXPECT_EQ(CliStatus(folder, "report P.POL -o R.html"), 1); // not meshed: words, no file
+    EXPECT_FALSE(bytes("error").empty());
+    EXPECT_TRUE(bytes("R.html").empty());
+    ASSERT_EQ(CliStatus(folder, "mesh P.POL"), 0);
+    ASSERT_EQ(CliStatus(folder, "results P.POL --csv T --style tr --combination full-u"), 0) << bytes("error");
+    EXPECT_EQ(bytes("T/combinations.csv").rfind("combination;case;factor\ntest;G;1\n", 0), 0U);
+    EXPECT_TRUE(Contains(bytes("T/nodes.csv"), ";full-u;"));
+    EXPECT_FALSE(Contains(bytes("T/steel.csv"), "."));
+    ASSERT_EQ(CliStatus(folder, "results P.POL -o P.vtu"), 0);
+    EXPECT_TRUE(Contains(bytes("P.vtu"), "Name=\"U_L\" NumberOfComponents=\"3\""));
+    EXPECT_EQ(CliStatus(folder, "results P.POL --csv T --combination none"), 1);
+    ASSERT_EQ(CliStatus(folder, "run P.POL --quiet"), 0);
+    ASSERT_EQ(CliStatus(folder, "report P.POL -o R.pdf --date 2026-01-31"), 0) << bytes("error");
+    const std::string pdf = bytes("R.pdf");
+    EXPECT_EQ(pdf.rfind("%PDF-", 0), 0U);
+    EXPECT_TRUE(Contains(pdf, "/CreationDate (D:20260131000000Z"));
+    ASSERT_EQ(CliStatus(folder, "report P.POL -o R.pdf --date 2026-01-31"), 0);
+    EXPECT_EQ(bytes("R.pdf"), pdf);
+    ASSERT_EQ(CliStatus(folder, "report P.POL -o R.html --date 2026-01-31"), 0);
+    const std::string html = bytes("R.html");
+    EXPECT_FALSE(Contains(html, kModelChanged));
+    EXPECT_FALSE(Contains(html, kNoStresses));
+    ASSERT_EQ(CliStatus(folder, "set P.POL SiviKotu=1"), 0);
+    ASSERT_EQ(CliStatus(folder, "report P.POL -o R.html --date 2026-01-31"), 0);
+    EXPECT_TRUE(Contains(bytes("error"), kModelChanged));
+    EXPECT_TRUE(Contains(bytes("R.html"), kModelChanged));
+    EXPECT_TRUE(Contains(bytes("R.html"), "<td>2,00 m</td>")); // the level as it was analysed
+    EXPECT_EQ(CliStatus(folder, "report P.POL -o R.txt"), 2);
+    EXPECT_EQ(CliStatus(folder, "report P.POL -o R.html --date 31.01.2026"), 2);
+    EXPECT_EQ(CliStatus(folder, "render P.POL -o C.svg --result M22 --case L --panel 2"), 0) << bytes("error");
+    EXPECT_TRUE(Contains(bytes("C.svg"), "t·m/m"));
+    EXPECT_EQ(CliStatus(folder, "render P.POL -o C.png --result M33 --case L --panel 2"), 2);
+    WriteBytes(folder.file("P.RAP"), "{");
+    ASSERT_EQ(CliStatus(folder, "results P.POL --csv T"), 0);
+    EXPECT_TRUE(Contains(bytes("error"), "P.RAP"));
+    EXPECT_EQ(bytes("P.RAP"), "{");
+}
