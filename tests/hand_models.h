@@ -1,7 +1,7 @@
 // Small models made by hand: nodes, meshes and panels put into the tables one by one.
 #pragma once
 
-#include "model/store.h"
+#include "model/mesh_facts.h"
 
 #include <array>
 
@@ -21,10 +21,7 @@ inline int AddNode(double x, double y, double z, int support = 0) {
 inline int AddMesh(int n1, int n2, int n3, int n4, int owner = 1, int off = 0) {
     MeshRecord &m = MeshTable[++MeshCount];
     m = MeshRecord{};
-    m.N1 = n1;
-    m.N2 = n2;
-    m.N3 = n3;
-    m.N4 = n4;
+    PutCorners(m, n1, n2, n3, n4);
     m.PanelNo = owner;
     m.Sil = off;
     return MeshCount;

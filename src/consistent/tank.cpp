@@ -3,6 +3,7 @@
 #include "consistent/failure.h"
 #include "fea/analysis.h"
 #include "model/link_code.h"
+#include "model/mesh_facts.h"
 #include "model/store.h"
 
 #include <algorithm>
@@ -74,13 +75,13 @@ void TakeNodes(Tank &tank) {
 
 void TakeMesh(Tank &tank, int number) {
     const MeshRecord &m = MeshTable[number];
-    if (m.Sil == 1)
+    if (IsSwitchedOff(m))
         return;
     TankMesh mesh;
     mesh.mesh = number;
-    mesh.node = {m.N1, m.N2, m.N3, m.N4};
+    mesh.node = MeshCorners(m);
     mesh.panel = m.PanelNo;
-    mesh.loaded = m.Sil <= 0;
+    mesh.loaded = TakesSprings(m);
     for (const int n : mesh.node) {
         if (n < 1 || n > NoktaCount)
             throw AnalysisFailure("mesh " + Number(number) + " has a corner at node " + Number(n) + ", outside 1.." +

@@ -2,7 +2,10 @@
 
 #include "export/export_file.h"
 #include "export/number_fields.h"
+#include "model/mesh_facts.h"
+#include "model/springs.h"
 #include "model/store.h"
+#include "model/supports.h"
 
 #include <cmath>
 #include <vector>
@@ -42,8 +45,8 @@ static SlopeFlags FindSlopes() {
     SlopeFlags flag(kNoktaCapacity + 1, 0);
     for (int i = 1; i <= MeshCount; ++i) {
         const MeshRecord &m = MeshTable[i];
-        const int ring[5] = {m.N1, m.N2, m.N3, m.N4, m.N1};
-        for (int k = 0; k < 4; ++k) {
+        const auto ring = MeshRing(m);
+        for (std::size_t k = 0; k < 4; ++k) {
             if (!(std::fabs(NoktaTable[ring[k]].Z - NoktaTable[ring[k + 1]].Z) > kLevel))
                 continue;
             flag[Slot(ring[k])] = 1;
@@ -58,8 +61,8 @@ static SlopeFlags FindSlopes() {
 static std::string RestraintText(int code, int slope) {
     if (code == 0)
         return slope == 0 ? "0,0,0,0,0,0" : "1,1,0,0,0,0";
-    std::string t = (code & 4) != 0 ? "1,1,1" : "0,0,0";
-    for (const int bits : {1, 2, 1 | 2})
+    std::string t = HoldsTranslation(code) ? "1,1,1" : "0,0,0";
+    for (const int bits : {kRotationXHeld, kRotationYHeld, kRotationXHeld | kRotationYHeld})
         t += (code & bits) != 0 ? ",1" : ",0";
     return t;
 }
@@ -70,17 +73,6 @@ static void AddRestraints(std::string &text) {
     for (int i = 1; i <= NoktaCount; ++i)
         AddLine(text, NodeField(i) + "                  R=" + RestraintText(NoktaTable[i].Mesnet, slope[Slot(i)]));
     AddLine(text, "");
-}
-
-static double Cross(const NoktaRecord &a, const NoktaRecord &b) { return (a.X * b.Y - b.X * a.Y) / 2.0; }
-
-// Plan area, m2: a wall has that of its plan projection, a vertical one none.
-static double PlanArea(const MeshRecord &m) {
-    const NoktaRecord &a = NoktaTable[m.N1];
-    const NoktaRecord &b = NoktaTable[m.N2];
-    const NoktaRecord &c = NoktaTable[m.N3];
-    const NoktaRecord &d = NoktaTable[m.N4];
-    return std::fabs(Cross(a, b) + Cross(b, c) + Cross(c, d) + Cross(d, a));
 }
 
 // The shell card names the corners across, n1 n2 n4 n3; the mesh record goes round.
@@ -99,10 +91,10 @@ static NodeForces AddShells(std::string &text, double pressure) {
     AddLine(text, "1       E=2.4E6   U=0.15  W=0");
     for (int i = 1; i <= MeshCount; ++i) {
         const MeshRecord &m = MeshTable[i];
-        if (m.Sil == 0)
+        if (IsFullyOn(m))
             AddLine(text, ShellLine(i));
-        const double share = pressure * PlanArea(m) / 4.0;
-        for (const int n : {m.N1, m.N2, m.N3, m.N4})
+        const double share = pressure * MeshPlanArea(i) / 4.0;
+        for (const int n : MeshCorners(m))
             force[Slot(n)] += share;
     }
     AddLine(text, "");
@@ -118,7 +110,7 @@ static std::string Thousandths(double scaled) {
 static void AddLoads(std::string &text, const NodeForces &force, double f1) {
     AddLine(text, "LOADS");
     for (int i = 1; i <= NoktaCount; ++i) {
-        if ((NoktaTable[i].Mesnet & 4) != 0)
+        if (HoldsTranslation(NoktaTable[i].Mesnet))
             continue;
         const NokYukRecord &load = NokYukTable[i];
         const std::string fx = Thousandths(1000.0 * f1 * load.FX);

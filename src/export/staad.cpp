@@ -2,7 +2,9 @@
 
 #include "export/export_file.h"
 #include "export/number_fields.h"
+#include "model/mesh_facts.h"
 #include "model/store.h"
+#include "model/supports.h"
 
 namespace havuz {
 
@@ -21,10 +23,10 @@ static void AddMeshes(std::string &text) {
     AddLine(text, "ELEMENT INCIDENCES");
     for (int i = 1; i <= MeshCount; ++i) {
         const MeshRecord &m = MeshTable[i];
-        if (m.Sil != 0)
+        if (!IsFullyOn(m))
             continue;
         std::string line = "  " + FixedField(i, 4, 0);
-        for (const int n : {m.N1, m.N2, m.N3, m.N4})
+        for (const int n : MeshCorners(m))
             line += "   " + FixedField(n, 4, 0);
         AddLine(text, line);
     }
@@ -43,9 +45,9 @@ static void AddProperties(std::string &text) {
 
 // What follows the node's number, or "". Both rotations held and nothing else writes nothing: wanted.
 static std::string SupportText(int code) {
-    const bool translation = (code & 4) != 0;
-    const bool x = (code & 1) != 0;
-    const bool y = (code & 2) != 0;
+    const bool translation = HoldsTranslation(code);
+    const bool x = HoldsRotationX(code);
+    const bool y = HoldsRotationY(code);
     const bool z = x && y;
     if (!translation && !x && !y)
         return "";

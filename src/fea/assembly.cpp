@@ -4,6 +4,7 @@
 #include "fea/equations.h"
 #include "fea/loads.h"
 #include "fea/system.h"
+#include "model/mesh_facts.h"
 #include "model/store.h"
 
 #include <algorithm>
@@ -32,7 +33,7 @@ void AssembleSystem(const RecordFile &stif, AnalysisWindow &window) {
     ElementRecord element{};
     for (int i = 1; i <= MeshCount; ++i) {
         window.SetProgLab("Mesh eleman no:" + std::to_string(i));
-        if (MeshTable[i].Sil == 1)
+        if (IsSwitchedOff(MeshTable[i]))
             continue;
         const std::array<int, 25> MeshEqs = MeshEquations(MeshNodeData(i));
         stif.GetRecord(element, i);

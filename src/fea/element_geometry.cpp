@@ -1,6 +1,7 @@
 #include "fea/element_geometry.h"
 
 #include "model/arithmetic.h"
+#include "model/mesh_facts.h"
 #include "model/store.h"
 
 namespace havuz {
@@ -9,8 +10,9 @@ MeshNodes MeshNodeData(int mesh) {
     const MeshRecord &record = MeshTable[mesh];
     MeshNodes m;
     m.mesh = mesh;
-    m.n = {0, record.N1, record.N2, record.N3, record.N4};
+    const std::array<int, 4> corners = MeshCorners(record);
     for (std::size_t k = 1; k <= 4; ++k) {
+        m.n[k] = corners[k - 1];
         if (m.n[k] < 1 || m.n[k] > NoktaCount)
             throw RuntimeFailure({.fault = Fault::NamesOutside,
                                   .where = {{Thing::MeshTable, mesh}},

@@ -1,7 +1,10 @@
 #include "fea/equations.h"
 
 #include "fea/system.h"
+#include "model/load_codes.h"
+#include "model/mesh_facts.h"
 #include "model/store.h"
+#include "model/supports.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -9,9 +12,9 @@
 namespace havuz {
 
 std::array<int, 7> FreeSlots(int mesnet) {
-    const int translation = (mesnet & 4) != 0 ? 0 : 1;
-    const int rx = (mesnet & 1) != 0 ? 0 : 1;
-    const int ry = (mesnet & 2) != 0 ? 0 : 1;
+    const int translation = HoldsTranslation(mesnet) ? 0 : 1;
+    const int rx = HoldsRotationX(mesnet) ? 0 : 1;
+    const int ry = HoldsRotationY(mesnet) ? 0 : 1;
     return {0, translation, translation, translation, rx, ry, rx == 1 && ry == 1 ? 1 : 0};
 }
 
@@ -81,7 +84,7 @@ void ProfileMark(int p, int q, ProfilePicture &picture) {
 void MarkRowLengths(ProfilePicture &picture) {
     std::fill_n(ProfileDiag + 1, EquationCount, 0);
     for (int i = 1; i <= MeshCount; ++i) {
-        if (MeshTable[i].Sil == 1)
+        if (IsSwitchedOff(MeshTable[i]))
             continue;
         const MeshNodes m = MeshNodeData(i);
         for (std::size_t p = 1; p <= 4; ++p)
@@ -121,10 +124,10 @@ std::vector<int> ColumnCodes() {
     std::vector<int> codes = {0}; // column 1: surface and point loads
     for (int i = 0; i <= kYukKombinasyonLast; ++i)
         if (YukKombinasyon[i] > 0)
-            codes.push_back(11 + i);
+            codes.push_back(FillingCode(i));
     for (int i = 0; i <= kYukDurumLast; ++i)
         if (YukDurum[i] > 0)
-            codes.push_back(i + 1);
+            codes.push_back(SituationCode(i));
     return codes;
 }
 

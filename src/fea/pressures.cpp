@@ -2,6 +2,8 @@
 
 #include "model/arithmetic.h"
 #include "model/link_code.h"
+#include "model/load_codes.h"
+#include "model/mesh_facts.h"
 #include "model/springs.h"
 #include "model/store.h"
 
@@ -12,13 +14,13 @@ namespace havuz {
 bool TakesPressure(int code, Pressure pressure) {
     switch (pressure) {
     case Pressure::Liquid:
-        return code > 10 || code == 1 || code == 2;
+        return IsFillingCode(code) || code == SituationCode(0) || code == SituationCode(1);
     case Pressure::Soil:
-        return code == 1 || code == 3;
+        return code == SituationCode(0) || code == SituationCode(2);
     case Pressure::Water:
         break;
     }
-    return code == 4;
+    return code == SituationCode(3);
 }
 
 namespace {
@@ -132,7 +134,7 @@ void ForEachPressure(const TakePressure &take) {
     const double outlineSign = OutlineSign();
     for (int i = 1; i <= MeshCount; ++i) {
         const MeshRecord &mesh = MeshTable[i];
-        if (mesh.Sil != 0)
+        if (!IsFullyOn(mesh))
             continue;
         const MeshNodes m = MeshNodeData(i);
         if (OwnerIsPlate(mesh.PanelNo)) {

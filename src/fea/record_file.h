@@ -2,7 +2,7 @@
 // Numbers in them are IEEE 754 32-bit floats, least significant byte first.
 #pragma once
 
-#include "model/fields.h"
+#include "model/result_records.h"
 
 #include <array>
 #include <bit>
@@ -41,15 +41,10 @@ private:
     int channel_;
 };
 
-constexpr int kResultColumns = 16; // column slots of a result record
 constexpr int kStiffnessTerms = 300;
 constexpr int kElementFreedoms = 24;
 // STIF001: upper triangle of a mesh's stiffness, then its load vector. 1296 bytes.
 using ElementRecord = std::array<Float32, kStiffnessTerms + kElementFreedoms>;
-// ".SON": 16 columns of 4 corners of 6 results. 1536 bytes.
-using SonRecord = std::array<Float32, kResultColumns * kElementFreedoms>;
-// ".DEP": 16 columns of 6 freedoms. 384 bytes.
-using DepRecord = std::array<Float32, kResultColumns * 6>;
-static_assert(sizeof(ElementRecord) == 1296 && sizeof(SonRecord) == 1536 && sizeof(DepRecord) == 384);
+static_assert(sizeof(ElementRecord) == 1296);
 
 } // namespace havuz

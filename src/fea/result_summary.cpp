@@ -4,6 +4,7 @@
 #include "fea/system.h"
 #include "model/arithmetic.h"
 #include "model/link_code.h"
+#include "model/mesh_facts.h"
 #include "model/store.h"
 
 #include <cmath>
@@ -60,9 +61,9 @@ static std::vector<bool> WallNodes() {
     std::vector<bool> isWall(kNoktaCapacity + 1, false);
     for (int i = 1; i <= MeshCount; ++i) {
         const MeshRecord &mesh = MeshTable[i];
-        if (mesh.Sil == 1 || OwnerIsPlate(mesh.PanelNo) || PanelTable[mesh.PanelNo].Tip != 1)
+        if (IsSwitchedOff(mesh) || OwnerIsPlate(mesh.PanelNo) || PanelTable[mesh.PanelNo].Tip != 1)
             continue;
-        for (const int n : {int(mesh.N1), int(mesh.N2), int(mesh.N3), int(mesh.N4)})
+        for (const int n : MeshCorners(mesh))
             isWall[static_cast<std::size_t>(n)] = true;
     }
     return isWall;
@@ -95,9 +96,9 @@ static void AddMoments(std::vector<ColumnSummary> &columns, const RecordFile &so
     SonRecord record{};
     for (int i = 1; i <= MeshCount; ++i) {
         const MeshRecord &mesh = MeshTable[i];
-        if (mesh.Sil == 1)
+        if (IsSwitchedOff(mesh))
             continue;
-        const int nodes[4] = {mesh.N1, mesh.N2, mesh.N3, mesh.N4};
+        const std::array<int, 4> nodes = MeshCorners(mesh);
         son.GetRecord(record, i);
         for (std::size_t c = 0; c < columns.size(); ++c)
             for (std::size_t k = 0; k < 4; ++k)

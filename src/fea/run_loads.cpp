@@ -3,6 +3,7 @@
 #include "fea/element_pass.h"
 #include "fea/equations.h"
 #include "fea/pressures.h"
+#include "model/mesh_facts.h"
 #include "model/store.h"
 
 namespace havuz {
@@ -10,7 +11,7 @@ namespace havuz {
 std::vector<char> FreeFreedoms() {
     std::vector<char> free(FreedomAt(NoktaCount + 1, 1), 0);
     for (int i = 1; i <= MeshCount; ++i) {
-        if (MeshTable[i].Sil == 1)
+        if (IsSwitchedOff(MeshTable[i]))
             continue;
         const MeshNodes m = MeshNodeData(i);
         for (std::size_t k = 1; k <= 4; ++k) {
@@ -27,7 +28,7 @@ namespace {
 void AddSurfaceLoads(std::vector<double> &load) {
     Matrix<24, 24> ElementT;
     for (int i = 1; i <= MeshCount; ++i) {
-        if (MeshTable[i].Sil == 1)
+        if (IsSwitchedOff(MeshTable[i]))
             continue;
         const MeshNodes m = MeshNodeData(i);
         ElementAxes(ElementT, m);

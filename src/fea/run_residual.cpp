@@ -3,6 +3,7 @@
 #include "fea/analysis.h"
 #include "fea/element_pass.h"
 #include "fea/rect_shell.h"
+#include "model/mesh_facts.h"
 #include "model/springs.h"
 #include "model/store.h"
 
@@ -79,7 +80,7 @@ std::vector<double> RunResiduals(const std::string &project, const std::vector<R
     const std::vector<std::vector<double>> u = ReadSolution(project, columns.size());
     std::vector<std::vector<double>> force(columns.size(), std::vector<double>(u.front().size(), 0.0));
     for (int i = 1; i <= MeshCount; ++i)
-        if (MeshTable[i].Sil != 1)
+        if (!IsSwitchedOff(MeshTable[i]))
             AddElement(MeshNodeData(i), ConcreteE(Fck), u, force);
     AddSprings(u, force);
     const std::vector<char> free = FreeFreedoms();

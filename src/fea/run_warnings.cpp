@@ -5,6 +5,8 @@
 #include "fea/run_residual.h"
 #include "fea/run_warnings_work.h"
 #include "model/link_code.h"
+#include "model/load_codes.h"
+#include "model/mesh_facts.h"
 #include "model/springs.h"
 #include "model/store.h"
 
@@ -20,8 +22,8 @@ double DeadLoadOf(const PanelRecord &panel) { return 2.5 * panel.D / 100.0; } //
 
 // The load situation or cell filling that asks for a column.
 std::string SwitchOf(int code) {
-    return code > 10 ? "YukKombinasyon(" + std::to_string(code - 11) + ")"
-                     : "YukDurum(" + std::to_string(code - 1) + ")";
+    return IsFillingCode(code) ? "YukKombinasyon(" + std::to_string(FillingOf(code)) + ")"
+                               : "YukDurum(" + std::to_string(SituationOf(code)) + ")";
 }
 
 double SquareSum(const std::vector<double> &v) {
@@ -66,7 +68,7 @@ void WarnOfWeightlessWalls(std::vector<Warning> &warnings) {
     std::vector<int> panels;
     for (int i = 1; i <= MeshCount; ++i) {
         const int owner = MeshTable[i].PanelNo;
-        if (MeshTable[i].Sil == 1 || OwnerIsPlate(owner))
+        if (IsSwitchedOff(MeshTable[i]) || OwnerIsPlate(owner))
             continue;
         const PanelRecord &panel = PanelTable[owner];
         if (panel.Tip != 1 || panel.G != 0.0 || !(panel.D > 0.0))
@@ -95,9 +97,8 @@ void WarnOfNoFoundation(std::vector<Warning> &warnings) {
     int nodes = 0;
     const std::vector<char> free = FreeFreedoms();
     for (int i = 1; i <= MeshCount; ++i)
-        if (MeshTable[i].Sil != 1)
-            for (const int node :
-                 {int(MeshTable[i].N1), int(MeshTable[i].N2), int(MeshTable[i].N3), int(MeshTable[i].N4)})
+        if (!IsSwitchedOff(MeshTable[i]))
+            for (const int node : MeshCorners(MeshTable[i]))
                 if (NodeIsHeld(node))
                     return;
     for (const Float32 spring : FoundationSprings())

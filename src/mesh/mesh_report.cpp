@@ -2,6 +2,7 @@
 
 #include "mesh/mesh_report_work.h"
 #include "model/link_code.h"
+#include "model/mesh_facts.h"
 #include "model/number_text.h"
 #include "model/springs.h"
 
@@ -24,18 +25,13 @@ std::string MeshInWords(int mesh) {
 
 bool IsNode(int n) { return n >= 1 && n <= NoktaCount; }
 
-Ring NamedNodes(int mesh) {
-    const MeshRecord &m = MeshTable[mesh];
-    return {m.N1, m.N2, m.N3, m.N4};
-}
-
 Warnings WarnOfMissingNodes() {
     Warnings found;
     for (int i = 1; i <= MeshCount; ++i) {
         if (CornersOf(i))
             continue;
         found.add([i] {
-            const Ring named = NamedNodes(i);
+            const Ring named = MeshCorners(MeshTable[i]);
             const int missing = *std::find_if_not(named.begin(), named.end(), IsNode);
             const auto *const there = std::find_if(named.begin(), named.end(), IsNode);
             return MeshInWords(i) + " names node " + std::to_string(missing) +
@@ -159,7 +155,7 @@ std::string PlaceInWords(SpacePoint at) {
 }
 
 std::optional<Ring> CornersOf(int mesh) {
-    const Ring named = NamedNodes(mesh);
+    const Ring named = MeshCorners(MeshTable[mesh]);
     return std::all_of(named.begin(), named.end(), IsNode) ? std::optional(named) : std::nullopt;
 }
 
@@ -194,7 +190,7 @@ Warnings WarnOfPlateAreas() {
 
 bool EveryCornerIsANode() {
     for (int i = 1; i <= MeshCount; ++i)
-        if (MeshTable[i].Sil != 1 && !CornersOf(i))
+        if (!IsSwitchedOff(MeshTable[i]) && !CornersOf(i))
             return false;
     return true;
 }

@@ -1,5 +1,6 @@
 #include "mesh/numbering.h"
 
+#include "model/mesh_facts.h"
 #include "model/store.h"
 
 #include <algorithm>
@@ -36,7 +37,10 @@ struct Skyline {
 };
 
 std::array<int, 4> MastersOf(const MeshRecord &mesh) {
-    return {NoktaTable[mesh.N1].AnaNo, NoktaTable[mesh.N2].AnaNo, NoktaTable[mesh.N3].AnaNo, NoktaTable[mesh.N4].AnaNo};
+    std::array<int, 4> masters = MeshCorners(mesh);
+    for (int &n : masters)
+        n = NoktaTable[n].AnaNo;
+    return masters;
 }
 
 void AppendPair(Skyline &s, int r, int first, int second) {
@@ -62,7 +66,7 @@ void MakeAdjacency(Skyline &s) {
     s.Genislik.assign(rows, 0);
     s.isUsed.assign(rows, false);
     for (int i = 1; i <= MeshCount; ++i) {
-        if (MeshTable[i].Sil == 1)
+        if (IsSwitchedOff(MeshTable[i]))
             continue;
         const auto [a, b, c, d] = MastersOf(MeshTable[i]);
         for (const int master : {a, b, c, d}) {
@@ -171,13 +175,13 @@ void GiveNumbers(Skyline &s) {
     for (int r = 1; r <= s.rows; ++r)
         map[static_cast<std::size_t>(s.row(r).master)] = r;
     for (int i = 1; i <= MeshCount; ++i)
-        if (MeshTable[i].Sil != 1)
+        if (!IsSwitchedOff(MeshTable[i]))
             for (const int m : MastersOf(MeshTable[i]))
                 if (m > 0)
                     NoktaTable[m].YeniNo = map[static_cast<std::size_t>(m)];
     for (int i = 1; i <= MeshCount; ++i) {
         MeshRecord &mesh = MeshTable[i];
-        for (Int16 *n : {&mesh.N1, &mesh.N2, &mesh.N3, &mesh.N4})
+        for (Int16 *n : CornerFields(mesh))
             *n = NoktaTable[NoktaTable[*n].AnaNo].YeniNo;
     }
 }

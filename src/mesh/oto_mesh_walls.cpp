@@ -3,6 +3,7 @@
 #include "mesh/oto_mesh_work.h"
 #include "mesh/plak_mesh.h"
 #include "mesh/space_point.h"
+#include "model/mesh_facts.h"
 
 namespace havuz {
 
@@ -64,10 +65,7 @@ void MakeWallMeshes(WallGrid &grid, int w, int columns, int rows) {
             if (MeshCount + 1 > kMeshCapacity)
                 FailSubscript(grid.where, Thing::MeshTable, MeshCount + 1, kMeshCapacity);
             MeshRecord &mesh = MeshTable[++MeshCount];
-            mesh.N1 = grid.at(col, r + 1);
-            mesh.N2 = grid.at(col + 1, r + 1);
-            mesh.N3 = grid.at(col + 1, r);
-            mesh.N4 = grid.at(col, r);
+            PutCorners(mesh, grid.at(col, r + 1), grid.at(col + 1, r + 1), grid.at(col + 1, r), grid.at(col, r));
             mesh.PanelNo = w;
         }
     }
@@ -130,7 +128,7 @@ void CloseGaps(MergeTables &t, int c0) {
 void RenumberCorners(MergeTables &t, int m0) {
     for (int i = m0 + 1; i <= MeshCount; ++i) {
         MeshRecord &mesh = MeshTable[i];
-        for (Int16 *corner : {&mesh.N1, &mesh.N2, &mesh.N3, &mesh.N4}) {
+        for (Int16 *corner : CornerFields(mesh)) {
             const int n = *corner;
             *corner = t.sira(t.sira(n) == 0 ? t.hedef(n) : n);
         }

@@ -2,7 +2,9 @@
 #include "mesh/panel_blocks.h"
 
 #include "model/arithmetic.h"
+#include "model/points.h"
 #include "model/store.h"
+#include "model/supports.h"
 
 #include <array>
 
@@ -22,16 +24,9 @@ void ClearMeshTables() {
 namespace {
 
 enum NodeKind { kInterior = 0, kEdge = 1, kCorner1 = 3, kCorner2 = 4, kCorner4 = 5, kCorner3 = 6 };
-constexpr int kTranslationHeld = 4;
-
-struct Place {
-    double x, y, z;
-};
-
-Place CornerOf(const PanelRecord &panel, int k) { return {panel.X[k], panel.Y[k], panel.Z[k]}; }
 
 // a + step * (b - a) / count
-Place Between(const Place &a, const Place &b, int step, int count) {
+SpacePoint Between(const SpacePoint &a, const SpacePoint &b, int step, int count) {
     return {a.x + step * (b.x - a.x) / count, a.y + step * (b.y - a.y) / count, a.z + step * (b.z - a.z) / count};
 }
 
@@ -60,7 +55,7 @@ public:
 private:
     int held(int edge) const { return held_[static_cast<std::size_t>(edge)]; }
 
-    int put(const Place &at, NodeKind tur, int mesnet) {
+    int put(const SpacePoint &at, NodeKind tur, int mesnet) {
         const int no = ++HamNoktaCount;
         NoktaRecord &node = NoktaTable[no];
         node.X = at.x;
@@ -77,21 +72,21 @@ private:
         NoktaTable[no].UcB = b;
     }
     void putCorner(int k, NodeKind tur, int mesnet) {
-        const int no = put(CornerOf(panel_, k), tur, mesnet);
+        const int no = put(PanelCorner(panel_, k), tur, mesnet);
         putEnds(no, no, no);
     }
 
     void makeTopRow() {
         putCorner(1, kCorner1, held(1) | held(4));
         for (int c = 1; c <= nx_ - 1; ++c)
-            putEnds(put(Between(CornerOf(panel_, 1), CornerOf(panel_, 2), c, nx_), kEdge, held(1)), first_,
+            putEnds(put(Between(PanelCorner(panel_, 1), PanelCorner(panel_, 2), c, nx_), kEdge, held(1)), first_,
                     first_ + nx_);
         putCorner(2, kCorner2, held(1) | held(2));
     }
 
     void makeInnerRow(int r) {
-        const Place left = Between(CornerOf(panel_, 1), CornerOf(panel_, 4), r, ny_);
-        const Place right = Between(CornerOf(panel_, 2), CornerOf(panel_, 3), r, ny_);
+        const SpacePoint left = Between(PanelCorner(panel_, 1), PanelCorner(panel_, 4), r, ny_);
+        const SpacePoint right = Between(PanelCorner(panel_, 2), PanelCorner(panel_, 3), r, ny_);
         const int leftNo = put(left, kEdge, held(4));
         putEnds(leftNo, first_, first_ + (nx_ + 1) * ny_);
         for (int c = 1; c <= nx_ - 1; ++c) // the second end by ny: nothing reads these links
@@ -103,7 +98,7 @@ private:
         const int leftNo = HamNoktaCount + 1;
         putCorner(4, kCorner4, held(3) | held(4));
         for (int c = 1; c <= nx_ - 1; ++c)
-            putEnds(put(Between(CornerOf(panel_, 4), CornerOf(panel_, 3), c, nx_), kEdge, held(3)), leftNo,
+            putEnds(put(Between(PanelCorner(panel_, 4), PanelCorner(panel_, 3), c, nx_), kEdge, held(3)), leftNo,
                     leftNo + nx_);
         putCorner(3, kCorner3, held(3) | held(2));
     }

@@ -2,6 +2,7 @@
 
 #include "mesh/panel_blocks.h"
 #include "model/arithmetic.h"
+#include "model/mesh_facts.h"
 #include "model/store.h"
 
 #include <algorithm>
@@ -16,8 +17,8 @@ static constexpr int kUsedCapacity = 20000;
 void NoktaSikistir() {
     std::vector<int> newNo(kUsedCapacity + 1, 0);
     for (int i = 1; i <= MeshCount; ++i)
-        if (const MeshRecord &mesh = MeshTable[i]; mesh.Sil == 0)
-            for (const int n : {int(mesh.N1), int(mesh.N2), int(mesh.N3), int(mesh.N4)})
+        if (IsFullyOn(MeshTable[i]))
+            for (const int n : MeshCorners(MeshTable[i]))
                 CheckedElement(newNo, Thing::NoktaTable, n) = 1;
     int count = 0;
     for (int p = 1; p <= HamNoktaCount; ++p)
@@ -26,8 +27,8 @@ void NoktaSikistir() {
     const auto renumber = [&newNo](Int16 &n) { n = CheckedElement(newNo, Thing::NoktaTable, n); };
     for (int i = 1; i <= MeshCount; ++i) {
         MeshRecord &mesh = MeshTable[i];
-        if (mesh.Sil == 0)
-            for (Int16 *n : {&mesh.N1, &mesh.N2, &mesh.N3, &mesh.N4})
+        if (IsFullyOn(mesh))
+            for (Int16 *n : CornerFields(mesh))
                 renumber(*n);
     }
     for (int p = 1; p <= HamNoktaCount; ++p) {

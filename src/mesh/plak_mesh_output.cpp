@@ -2,6 +2,7 @@
 #include "mesh/plak_mesh_work.h"
 #include "model/arithmetic.h"
 #include "model/link_code.h"
+#include "model/mesh_facts.h"
 
 namespace havuz {
 
@@ -92,10 +93,7 @@ static void AppendMesh(const PlakMeshWork &w, const DortluRecord &quad, int node
         FailSubscript({{Thing::Plate, w.plak}}, Thing::MeshTable, MeshCount + 1, kMeshCapacity);
     const auto node = [&](int k) { return w.Kullanim[static_cast<std::size_t>(quad.Kose[k])] + nodesBefore; };
     MeshRecord &mesh = MeshTable[++MeshCount];
-    mesh.N1 = node(1);
-    mesh.N2 = node(2);
-    mesh.N3 = node(3);
-    mesh.N4 = node(4);
+    PutCorners(mesh, node(1), node(2), node(3), node(4));
     mesh.PanelNo = PlateOwner(w.plak);
 }
 

@@ -2,11 +2,9 @@
 // sloped plane. Plan coordinates and heights in metres, all double. The order of operations is part of the results.
 #pragma once
 
-namespace havuz {
+#include "model/points.h"
 
-struct PlanPoint {
-    double x = 0.0, y = 0.0;
-};
+namespace havuz {
 
 // Plan distance of two points.
 double PlanDistance(PlanPoint a, PlanPoint b);

@@ -1,6 +1,7 @@
 #include "model/springs.h"
 
 #include "model/link_code.h"
+#include "model/mesh_facts.h"
 #include "model/store.h"
 
 #include <cmath>
@@ -10,9 +11,9 @@ namespace havuz {
 
 double MeshPlanArea(int mesh) {
     const MeshRecord &m = MeshTable[mesh];
-    const int ring[5] = {m.N1, m.N2, m.N3, m.N4, m.N1};
+    const auto ring = MeshRing(m);
     double area = 0.0;
-    for (int i = 0; i < 4; ++i) {
+    for (std::size_t i = 0; i < 4; ++i) {
         const NoktaRecord &a = NoktaTable[ring[i]];
         const NoktaRecord &b = NoktaTable[ring[i + 1]];
         area = area + (b.Y * a.X - a.Y * b.X) / 2.0;
@@ -30,10 +31,10 @@ static std::vector<Float32> AllSprings() {
     std::vector<Float32> springs(kNoktaCapacity + 1);
     for (int i = 1; i <= MeshCount; ++i) {
         const MeshRecord &mesh = MeshTable[i];
-        if (mesh.Sil > 0 || !LiesOnFoundation(mesh))
+        if (!TakesSprings(mesh) || !LiesOnFoundation(mesh))
             continue;
         const double share = ZeminKo * MeshPlanArea(i) / 4.0;
-        for (const int node : {int(mesh.N1), int(mesh.N2), int(mesh.N3), int(mesh.N4)})
+        for (const int node : MeshCorners(mesh))
             springs[static_cast<std::size_t>(node)] += share;
     }
     return springs;

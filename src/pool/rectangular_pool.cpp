@@ -1,6 +1,7 @@
 // The rectangular pool: base, four walls and, with Bk not 0, four strips outside the top of the walls. Lengths in m,
 // thicknesses in cm.
 #include "model/arithmetic.h"
+#include "model/points.h"
 #include "pool/pool_panels.h"
 
 #include <array>
@@ -9,15 +10,11 @@ namespace havuz {
 
 namespace {
 
-struct Corner {
-    double x, y, z;
-};
-
 struct PanelRow {
     int tip;
     double thickness;
     double nx, ny;
-    std::array<Corner, 4> corners;
+    std::array<SpacePoint, 4> corners;
     std::array<int, 4> komsu;
 };
 
@@ -31,7 +28,7 @@ void PutPanel(const PanelRow &row) {
     panel.Nx = row.nx;
     panel.Ny = row.ny;
     for (int k = 1; k <= 4; ++k) {
-        const Corner &corner = row.corners[static_cast<std::size_t>(k - 1)];
+        const SpacePoint &corner = row.corners[static_cast<std::size_t>(k - 1)];
         panel.X[k] = corner.x;
         panel.Y[k] = corner.y;
         panel.Z[k] = corner.z;

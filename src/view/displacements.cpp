@@ -2,6 +2,7 @@
 
 #include "model/arithmetic.h"
 #include "model/failure.h"
+#include "model/result_records.h"
 #include "model/store.h"
 
 #include <algorithm>
@@ -13,8 +14,6 @@
 
 namespace havuz {
 
-static constexpr int kRecordLength = 384;
-static constexpr int kColumnLength = 24;
 static constexpr double kLongestMark = 30.0; // pixels
 
 static double Single(const unsigned char *bytes) {
@@ -28,7 +27,8 @@ static std::ifstream OpenDisplacements() { return std::ifstream(ProjeYolu + ".DE
 
 static Displacement ReadRecord(std::ifstream &file, int node, int column) {
     std::array<char, 12> bytes{};
-    file.seekg(static_cast<std::streamoff>(node - 1) * kRecordLength + (column - 1) * kColumnLength);
+    file.seekg(static_cast<std::streamoff>(node - 1) * static_cast<std::streamoff>(sizeof(DepRecord)) +
+               DepColumn(column) * static_cast<std::streamoff>(sizeof(Float32)));
     if (!file.read(bytes.data(), bytes.size()))
         return {};
     const auto *number = reinterpret_cast<const unsigned char *>(bytes.data());

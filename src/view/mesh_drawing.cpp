@@ -3,7 +3,9 @@
 #include "model/analysed_project.h"
 #include "model/arithmetic.h"
 #include "model/link_code.h"
+#include "model/mesh_facts.h"
 #include "model/store.h"
+#include "model/supports.h"
 #include "view/far_to_near.h"
 #include "view/fit.h"
 #include "view/marks.h"
@@ -19,10 +21,9 @@
 
 namespace havuz {
 
-static constexpr int kTranslationHeld = 4; // support bit
 static constexpr int kResults = 5;
 
-static bool Held(int node) { return (NoktaTable[node].Mesnet & kTranslationHeld) != 0; }
+static bool Held(int node) { return HoldsTranslation(NoktaTable[node].Mesnet); }
 
 static std::array<ScreenPoint, 5> MeshRing(int mesh) {
     const std::array<int, 4> n = MeshNodes(mesh);
@@ -76,7 +77,7 @@ static int MeshFill(int owner) { return !OwnerIsPlate(owner) && PanelTable[owner
 static void DrawMeshesRotated(Surface &scr) {
     for (int k = 1; k <= MeshCount; ++k) {
         const int mesh = MeshTable[k].Sira;
-        if (MeshTable[mesh].Sil == 1)
+        if (IsSwitchedOff(MeshTable[mesh]))
             continue;
         const std::array<ScreenPoint, 5> ring = MeshRing(mesh);
         DrawMesh(scr, mesh, ring, MeshFill(MeshTable[mesh].PanelNo));
@@ -113,7 +114,7 @@ static void DrawNodesRotated(Surface &scr, const std::optional<LoadCase> &result
 
 static void DrawMeshesPlan(Surface &scr) {
     for (int i = 1; i <= MeshCount; ++i)
-        if (MeshTable[i].Sil != 1)
+        if (!IsSwitchedOff(MeshTable[i]))
             DrawMesh(scr, i, MeshRing(i), kQbLightBlue);
 }
 

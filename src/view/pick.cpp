@@ -1,5 +1,6 @@
 #include "view/pick.h"
 
+#include "model/mesh_facts.h"
 #include "model/store.h"
 #include "view/view_state.h"
 
@@ -11,10 +12,7 @@ namespace havuz {
 
 static constexpr double kPickDistance = 7.0;
 
-std::array<int, 4> MeshNodes(int mesh) {
-    const MeshRecord &record = MeshTable[mesh];
-    return {record.N1, record.N2, record.N3, record.N4};
-}
+std::array<int, 4> MeshNodes(int mesh) { return MeshCorners(MeshTable[mesh]); }
 
 void PickNode(double x, double y) {
     SeciliNo = 0;

@@ -1,4 +1,5 @@
 // MESHBIL: the meshes. Node numbers are stored as they are typed.
+#include "model/mesh_facts.h"
 #include "model/store.h"
 #include "ui/forms/dialog_parts.h"
 #include "ui/forms/dialogs.h"
@@ -23,11 +24,11 @@ public:
 private:
     static Int16 &corner(int record, int column) {
         MeshRecord &mesh = MeshTable[record];
-        return column == 0 ? mesh.N1 : column == 1 ? mesh.N2 : column == 2 ? mesh.N3 : mesh.N4;
+        return *CornerFields(mesh)[static_cast<std::size_t>(column)];
     }
     double value(int record, int column) const override { return corner(record, column); }
     void store(int record, int column, double value) override { corner(record, column) = value; }
-    std::vector<bool> checks(int record) const override { return {MeshTable[record].Sil == 0}; }
+    std::vector<bool> checks(int record) const override { return {IsFullyOn(MeshTable[record])}; }
     void storeChecks(int record, const std::vector<bool> &on) override { MeshTable[record].Sil = on[0] ? 0 : 1; }
 };
 

@@ -1,6 +1,7 @@
 // MESTIP and NOKYUK: the support and the point load of node SeciliNo. t.
 #include "model/number_text.h"
 #include "model/store.h"
+#include "model/supports.h"
 #include "ui/forms/dialog_parts.h"
 #include "ui/forms/dialogs.h"
 #include "view/marks.h"
@@ -14,9 +15,9 @@ struct SupportButton {
     const char *label, *on, *off;
 };
 constexpr int kSupportButtons = 3;
-constexpr SupportButton kSupport[kSupportButtons] = {{4, "Z COKME", "Z COKME MESNET", "Z COKME SERBEST"},
-                                                     {1, "X DONME", "X DONME MESNET", "X DONME SERBEST"},
-                                                     {2, "Y DONME", "Y DONME MESNET", "Y DONME SERBEST"}};
+constexpr SupportButton kSupport[kSupportButtons] = {{kTranslationHeld, "Z COKME", "Z COKME MESNET", "Z COKME SERBEST"},
+                                                     {kRotationXHeld, "X DONME", "X DONME MESNET", "X DONME SERBEST"},
+                                                     {kRotationYHeld, "Y DONME", "Y DONME MESNET", "Y DONME SERBEST"}};
 
 class SupportDialog : public Form {
 public:

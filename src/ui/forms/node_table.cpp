@@ -1,5 +1,6 @@
 // KOORBIL: the nodes. m.
 #include "model/store.h"
+#include "model/supports.h"
 #include "ui/forms/dialog_parts.h"
 #include "ui/forms/dialogs.h"
 #include "ui/forms/paged_table.h"
@@ -41,10 +42,11 @@ private:
     }
     std::vector<bool> checks(int record) const override {
         const int held = NoktaTable[record].Mesnet;
-        return {(held & 1) != 0, (held & 2) != 0, (held & 4) != 0};
+        return {HoldsRotationX(held), HoldsRotationY(held), HoldsTranslation(held)};
     }
     void storeChecks(int record, const std::vector<bool> &on) override {
-        NoktaTable[record].Mesnet = (on[0] ? 1 : 0) + (on[1] ? 2 : 0) + (on[2] ? 4 : 0);
+        NoktaTable[record].Mesnet =
+            (on[0] ? kRotationXHeld : 0) + (on[1] ? kRotationYHeld : 0) + (on[2] ? kTranslationHeld : 0);
     }
     static void rebuildCount();
 };

@@ -1,5 +1,6 @@
 // TOOL: inserts, deletes and clears rows of the table that opened it. Every item first counts the records anew. Numbers
 // that other records hold are not rewritten.
+#include "model/mesh_facts.h"
 #include "model/store.h"
 #include "ui/forms/dialog_parts.h"
 #include "ui/forms/dialogs.h"
@@ -54,7 +55,10 @@ void EditPanels(Item item) {
         CloseRow(PanelTable, PanelCount, SeciliNo);
 }
 
-bool Kept(const MeshRecord &mesh) { return mesh.N1 > 0 && mesh.N2 > 0 && mesh.N3 > 0 && mesh.N4 > 0; }
+bool Kept(const MeshRecord &mesh) {
+    const auto corners = MeshCorners(mesh);
+    return std::all_of(corners.begin(), corners.end(), [](int n) { return n > 0; });
+}
 
 // Nodes on an axis or at a negative X or Y fall out, whatever their Z: wanted.
 bool Kept(const NoktaRecord &node) { return node.X > 0.0 && node.Y > 0.0; }
