@@ -32,7 +32,7 @@ void ExpectClosedUpTo(double rim) {
 
 void Mesh() {
     MeshWindow none;
-    OtoMesh(none);
+    OtoMesh(MeshGenisligi, none);
 }
 
 int MeshesOf(int owner) {

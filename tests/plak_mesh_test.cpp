@@ -107,7 +107,7 @@ TEST(PlakMesh, TheInsideTestStoresTheBitsOfTheLiteralOne) {
         ResetAll();
         PlakMeshWork w = BeginPlak(PutPlak(AnyOutline(random)));
         CopyOutline(w);
-        LayGrid(w);
+        LayGrid(w, MeshGenisligi);
         TestInside(w);
         std::array<PlanPoint, 5> stored;
         for (int a = 0; a <= w.imax; ++a)
@@ -127,7 +127,7 @@ TEST(PlakMesh, WholeStepsGiveTheRegularGrid) {
     for (const bool reversed : {false, true}) {
         ResetAll();
         const std::vector<PlanPoint> outline = Rectangle(2, -1, 4, 3);
-        PlakMeshle(PutPlak(reversed ? Reversed(outline) : outline, 1.5));
+        PlakMeshle(PutPlak(reversed ? Reversed(outline) : outline, 1.5), MeshGenisligi);
         EXPECT_EQ(NoktaCount, 5 * 4);
         EXPECT_EQ(MeshCount, 4 * 3);
         for (int i = 1; i <= MeshCount; ++i) {
@@ -147,7 +147,7 @@ TEST(PlakMesh, HalfStepsAreSharedOut) {
     ResetAll();
     // Along x the grid points at 4 move onto the edge at 4.25 and those at 3 are centred, but for points on an edge.
     // Along y the last row of the grid, at 4, comes in to the edge at 3.75; from the last row nothing is centred.
-    PlakMeshle(PutPlak(Rectangle(0, 0, 4.25, 3.75)));
+    PlakMeshle(PutPlak(Rectangle(0, 0, 4.25, 3.75)), MeshGenisligi);
     EXPECT_EQ(PlacesAlong(X), (std::set<double>{0, 1, 2, 3, 3.125, 4.25}));
     EXPECT_EQ(PlacesAlong(Y), (std::set<double>{0, 1, 2, 3, 3.75}));
     EXPECT_EQ(MeshCount, 4 * 4);
@@ -178,7 +178,7 @@ TEST(PlakMesh, ShapesMatchTheirGoldenMesh) {
     for (const auto &shape : shapes) {
         ResetAll();
         MeshGenisligi = shape.width;
-        PlakMeshle(PutPlak(shape.outline));
+        PlakMeshle(PutPlak(shape.outline), MeshGenisligi);
         text += shape.name + std::string("\n") + MeshAsText();
     }
     EXPECT_TRUE(MatchesGolden("plak_mesh_shapes.txt", text));
@@ -187,7 +187,7 @@ TEST(PlakMesh, ShapesMatchTheirGoldenMesh) {
 TEST(PlakMesh, TheDiamondHasQuadrilateralsOnlyAndEveryCorner) {
     ResetAll();
     const std::vector<PlanPoint> outline = {{0, -4}, {4, 0}, {0, 4}, {-4, 0}};
-    PlakMeshle(PutPlak(outline));
+    PlakMeshle(PutPlak(outline), MeshGenisligi);
     for (int corner = 1; corner <= 4; ++corner)
         EXPECT_EQ(NodesWithCode(-1000 - corner), 1) << corner;
     for (int i = 1; i <= MeshCount; ++i) {
@@ -202,14 +202,14 @@ TEST(PlakMesh, StoredHitsOutliveThePlate) {
     ResetAll();
     const std::vector<PlanPoint> comb = {{0, 0}, {9, 0}, {9, 6}, {7, 6}, {7, 2},
                                          {5, 2}, {5, 6}, {3, 6}, {3, 1}, {0, 1}};
-    PlakMeshle(PutPlak(comb));
+    PlakMeshle(PutPlak(comb), MeshGenisligi);
     const std::string text = MeshAsText();
     const PlanPoint left = StoredHits[1];
     EXPECT_NE(left.x, 0.0);
     ResetAll();
     EXPECT_EQ(StoredHits[1].x, 0.0);
     StoredHits.fill({-900, 40});
-    PlakMeshle(PutPlak(comb));
+    PlakMeshle(PutPlak(comb), MeshGenisligi);
     EXPECT_EQ(MeshAsText(), text);
     EXPECT_EQ(StoredHits[1].x, left.x);
 }
@@ -218,14 +218,14 @@ TEST(PlakMesh, SlopedPlatesTakeTheirHeightFromTheFallLine) {
     ResetAll();
     const int plak = PutPlak(Rectangle(0, 0, 4, 3));
     PlakTable[plak].Z[3] = PlakTable[plak].Z[4] = 1.5;
-    PlakMeshle(plak);
+    PlakMeshle(plak, MeshGenisligi);
     for (int n = 1; n <= NoktaCount; ++n)
         EXPECT_NEAR(NoktaTable[n].Z, NoktaTable[n].Y / 2, 1e-6) << n;
     // Lowest and highest point at the ends of one edge along the slope: the fall line shrinks to a point.
     ResetAll();
     const int other = PutPlak(Rectangle(0, 0, 4, 3));
     PlakTable[other].Z[2] = PlakTable[other].Z[3] = 1.5;
-    const Failed failed = FailureOf([other] { PlakMeshle(other); });
+    const Failed failed = FailureOf([other] { PlakMeshle(other, MeshGenisligi); });
     EXPECT_EQ(failed.kind, DivisionByZero);
     EXPECT_EQ(failed.words, "plate 1: its line of steepest slope has no length");
 }
@@ -233,7 +233,7 @@ TEST(PlakMesh, SlopedPlatesTakeTheirHeightFromTheFallLine) {
 TEST(PlakMesh, AWidthGreaterThanThePlateGivesNothing) {
     ResetAll();
     MeshGenisligi = 9.0;
-    PlakMeshle(PutPlak(Rectangle(0.5, 0.5, 4, 3)));
+    PlakMeshle(PutPlak(Rectangle(0.5, 0.5, 4, 3)), MeshGenisligi);
     EXPECT_EQ(NoktaCount, 0);
     EXPECT_EQ(MeshCount, 0);
 }
@@ -268,19 +268,20 @@ TEST(PlakMesh, LimitsAreFailuresThatNamePlateAndLimit) {
         MeshGenisligi = c.width;
         PlakCount = c.platesBefore;
         const int plak = PutPlak(c.outline);
-        const Failed failed = FailureOf([plak] { PlakMeshle(plak); });
+        const Failed failed = FailureOf([plak] { PlakMeshle(plak, MeshGenisligi); });
         EXPECT_EQ(failed.words, c.words);
         EXPECT_EQ(failed.kind, c.kind) << c.words;
     }
     ResetAll();
     const int plak = PutPlak(star(199)); // the last that fits
-    EXPECT_EQ(FailureOf([plak] { PlakMeshle(plak); }).words, "");
+    EXPECT_EQ(FailureOf([plak] { PlakMeshle(plak, MeshGenisligi); }).words, "");
     EXPECT_GT(MeshCount, 50);
     ResetAll();
     PlakCount = 31;
     const int last = PutPlak(Rectangle(0, 0, 4, 3));
     NoktaCount = kNoktaCapacity - 19;
-    EXPECT_EQ(FailureOf([last] { PlakMeshle(last); }).words, "plate 32: NoktaTable(5001) lies outside 0..5000");
+    EXPECT_EQ(FailureOf([last] { PlakMeshle(last, MeshGenisligi); }).words,
+              "plate 32: NoktaTable(5001) lies outside 0..5000");
 }
 
 } // namespace havuz

@@ -24,7 +24,7 @@ void MeshPool(const std::vector<PlanPoint> &outline, double width) {
     PutPool(outline);
     MeshGenisligi = width;
     MeshWindow none;
-    OtoMesh(none);
+    OtoMesh(MeshGenisligi, none);
 }
 
 std::vector<PlanPoint> Rectangle(double x, double y, double lx, double ly) {

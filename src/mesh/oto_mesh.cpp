@@ -54,11 +54,11 @@ void AppendEdge(StripList &strips, int plak, int edge, int nodesBefore) {
 }
 
 // Edges without a wall add nothing: plates that share an edge get no common nodes, wanted.
-StripList MeshPlates() {
+StripList MeshPlates(double width) {
     StripList strips(1);
     for (int plak = 1; plak <= PlakCount; ++plak) {
         const int nodesBefore = NoktaCount;
-        PlakMeshle(plak);
+        PlakMeshle(plak, width);
         for (int edge = 1; edge <= PlakTable[plak].NoktaSayisi; ++edge)
             if (PlakTable[plak].KenarKodu[edge] > 0)
                 AppendEdge(strips, plak, edge, nodesBefore);
@@ -81,11 +81,11 @@ void GroupByNode(StripList &strips, MeshWindow &window) {
     }
 }
 
-void CountRows() {
+void CountRows(double width) {
     for (int w = 1; w <= PanelCount; ++w) {
         PanelRecord &wall = PanelTable[w];
         const double a = wall.Z[1] - wall.Z[4], c = wall.Z[2] - wall.Z[3];
-        wall.Ny = FloorToWhole(Divide(std::min(a, c), MeshGenisligi, Thing::MeshGenisligi));
+        wall.Ny = FloorToWhole(Divide(std::min(a, c), width, Thing::MeshGenisligi));
     }
 }
 
@@ -128,12 +128,12 @@ void MakeOwnMasters() {
 
 } // namespace
 
-void OtoMesh(MeshWindow &window) {
+void OtoMesh(double width, MeshWindow &window) {
     ClearMeshTables();
     NoktaCount = 0;
-    StripList strips = MeshPlates();
+    StripList strips = MeshPlates(width);
     GroupByNode(strips, window);
-    CountRows();
+    CountRows(width);
     LevelRowsOfNeighbours();
     CountFootNodes(strips);
     const int c0 = NoktaCount, m0 = MeshCount;
@@ -151,7 +151,7 @@ void AutoMesh(MeshWindow &window) {
         NoktaNumarala();
         window.DrawMeshes();
     } else {
-        OtoMesh(window);
+        OtoMesh(MeshGenisligi, window);
     }
 }
 

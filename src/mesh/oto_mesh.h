@@ -13,11 +13,11 @@ constexpr int kWallGrid = 20;        // nodes along the foot of a wall; rows of 
 
 // Replaces NoktaTable, MeshTable and NokYukTable; sets Nx (foot nodes) and Ny (mesh rows) of every panel. Besides the
 // failures of PlakMeshle: Subscript, naming plate or wall, past one of the limits above; DivisionByZero for a wall with
-// a foot of no length and for MeshGenisligi 0.
-void OtoMesh(MeshWindow &window);
+// a foot of no length and for a mesh width of 0.
+void OtoMesh(double width, MeshWindow &window);
 
 // What "auto mesh" does: PanelMeshle, NoktaNumarala and the mesh view for a pool of the library (HavuzTip below 2)
-// without plates, OtoMesh for any other model.
+// without plates, OtoMesh at MeshGenisligi for any other model.
 void AutoMesh(MeshWindow &window);
 
 } // namespace havuz

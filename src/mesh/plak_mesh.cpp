@@ -55,10 +55,10 @@ PlakMeshWork BeginPlak(int plak) {
     return w;
 }
 
-void PlakMeshle(int plak) {
+void PlakMeshle(int plak, double width) {
     PlakMeshWork w = BeginPlak(plak);
     CopyOutline(w);
-    LayGrid(w);
+    LayGrid(w, width);
     TestInside(w);
     PullOntoEdges(w);
     PinCorners(w);

@@ -31,11 +31,11 @@ extern std::array<PlanPoint, 5> StoredHits;
 
 void ResetPlakMesh();
 
-// Meshes plate plak: appends to NoktaTable (X, Y, Z, PlakKodu) and MeshTable (N1..N4, PanelNo) and raises NoktaCount
-// and MeshCount. Closes the plate's outline in slot n + 1 and leaves a copy of it in record PlakCount + 10. A plate
-// without an inside point gives nothing. Subscript, with plate and limit in words: more than 199 outline points, 500
-// grid steps, 1000 points, 1000 quadrilaterals, the node or mesh table full. Overflow: a plate number above 32.
-// DivisionByZero: an outline of zero width or height in plan, a slope of zero length, MeshGenisligi 0.
-void PlakMeshle(int plak);
+// Meshes plate plak at a mesh width in m: appends to NoktaTable (X, Y, Z, PlakKodu) and MeshTable (N1..N4, PanelNo) and
+// raises NoktaCount and MeshCount. Closes the plate's outline in slot n + 1 and leaves a copy of it in record PlakCount
+// + 10. A plate without an inside point gives nothing. Subscript, with plate and limit in words: more than 199 outline
+// points, 500 grid steps, 1000 points, 1000 quadrilaterals, the node or mesh table full. Overflow: a plate number
+// above 32. DivisionByZero: an outline of zero width or height in plan, a slope of zero length, a width of 0.
+void PlakMeshle(int plak, double width);
 
 } // namespace havuz

@@ -93,11 +93,11 @@ static int WholeSteps(const PlakMeshWork &w, double length) {
     return FloorToWhole(steps);
 }
 
-void LayGrid(PlakMeshWork &w) {
+void LayGrid(PlakMeshWork &w, double width) {
     if (w.xmax - w.xmin == 0.0 || w.ymax - w.ymin == 0.0)
         throw RuntimeFailure({.fault = Fault::NoPlanExtent, .where = {{Thing::Plate, w.plak}}});
     const PlanPoint start = w.outline(LongestEdge(w));
-    w.h = 2 * (MeshGenisligi / 2);
+    w.h = 2 * (width / 2);
     w.imax = WholeSteps(w, w.xmax - w.xmin) + 2;
     w.jmax = WholeSteps(w, w.ymax - w.ymin) + 2;
     w.x0 = start.x + (-WholeSteps(w, start.x - w.xmin) - 1) * w.h;

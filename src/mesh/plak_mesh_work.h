@@ -79,7 +79,7 @@ struct PlakMeshWork {
 PlakMeshWork BeginPlak(int plak);
 // Outline, bounds, grid, inside test (plak_mesh_grid.cpp).
 void CopyOutline(PlakMeshWork &w);
-void LayGrid(PlakMeshWork &w);
+void LayGrid(PlakMeshWork &w, double width);
 void TestInside(PlakMeshWork &w);
 // Points onto edges and corners (plak_mesh_edges.cpp).
 void PullOntoEdges(PlakMeshWork &w);
