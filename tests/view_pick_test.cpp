@@ -1,5 +1,6 @@
 // Picking, node moves and the dynamic zoom of the mesh view.
 #include "hand_models.h"
+#include "mesh/node_move.h"
 #include "recording_surface.h"
 #include "support.h"
 #include "view/node_move.h"
@@ -118,11 +119,11 @@ TEST(NodeMove, ANodeUnderThePointerIsTakenByTheMeshes) {
     KeepZoom = 1; // holds the transform through the redraws
     SeciliNo = 5;
     BeginNodeMove(window);
-    FinishNodeMove(11, 9, scr, window); // on itself
+    FinishNodeMove(11, 9); // on itself
     EXPECT_EQ(SeciliNo, 5);
     EXPECT_EQ(MeshTable[1].N3, 5);
     EXPECT_EQ(NoktaTable[5].X, 1.0);
-    FinishNodeMove(20, 20, scr, window); // on node 9
+    FinishNodeMove(20, 20); // on node 9
     EXPECT_EQ(SeciliNo, 5);
     EXPECT_EQ(MeshTable[1].N3, 9);
     EXPECT_EQ(MeshTable[2].N4, 9);
@@ -139,20 +140,20 @@ TEST(NodeMove, InPlanTheHeightComesFromThePanel) {
     AddNode(5, 5, 3);
     NoktaTable[1].PanelNo = 1;
     SeciliNo = 1;
-    FinishNodeMove(80, 25, scr, window);
+    FinishNodeMove(80, 25);
     EXPECT_EQ(NoktaTable[1].X, 8.0);
     EXPECT_EQ(NoktaTable[1].Y, 2.5);
     EXPECT_FLOAT_EQ(NoktaTable[1].Z.raw(), 2.6F);              // a quarter of the way from 1.6 to 5.6
     AddPanel(1, {0, 0, 3}, {10, 0, 5}, {10, 0, 0}, {0, 0, 0}); // upright: equal Y on both, the top stands
     NoktaTable[1].PanelNo = 2;
-    FinishNodeMove(50, 0, scr, window);
+    FinishNodeMove(50, 0);
     EXPECT_EQ(NoktaTable[1].Z, 4.0);
     AddPanel(1, {0, 0, 3}, {0, 10, 3}, {0, 10, 0}, {0, 0, 0}); // along Y: no X to interpolate at
     NoktaTable[1].PanelNo = 3;
-    FinishNodeMove(0, 50, scr, window);
+    FinishNodeMove(0, 50);
     EXPECT_EQ(NoktaTable[1].Z, 3.0);
     NoktaTable[1].PanelNo = 0; // of no panel: on the blank record
-    FinishNodeMove(70, 70, scr, window);
+    FinishNodeMove(70, 70);
     EXPECT_EQ(NoktaTable[1].Z, 0.0);
 }
 
@@ -166,10 +167,10 @@ TEST(NodeMove, RotatedItKeepsToTheDiagonal) {
     AddNode(5, 5, 0);
     NoktaTable[1].PanelNo = 1;
     SeciliNo = 1;
-    FinishNodeMove(30, -30, scr, window);
+    FinishNodeMove(30, -30);
     EXPECT_NEAR(NoktaTable[1].X, 3.0, 1e-6);
     EXPECT_NEAR(NoktaTable[1].Y, 3.0, 1e-6);
-    FinishNodeMove(100, 0, scr, window); // beside the diagonal, as far from both its ends
+    FinishNodeMove(100, 0); // beside the diagonal, as far from both its ends
     EXPECT_NEAR(NoktaTable[1].X, 5.0, 1e-6);
 }
 

@@ -1,7 +1,8 @@
-// Moving a node of the mesh by the pointer: onto another node, or to a new place on its panel.
+// Moving a node of the mesh by the pointer: what lies around it, and the place that the pointer means. The move itself
+// stands in mesh/node_move.h.
 #pragma once
 
-#include "view/surface.h"
+#include "model/points.h"
 #include "view/view_window.h"
 
 namespace havuz {
@@ -10,8 +11,7 @@ namespace havuz {
 // these.
 void BeginNodeMove(ViewWindow &window);
 
-// Ends the move of node SeciliNo at pixel (x, y). Over a node, the listed meshes take that node in place of SeciliNo,
-// which stays in the table with no mesh; elsewhere SeciliNo moves. Draws the mesh view.
-void FinishNodeMove(double x, double y, Surface &scr, ViewWindow &window);
+// The place in plan, m, that pixel (x, y) of the mesh view means on a panel.
+PlanPoint PlaceUnderPointer(const PanelRecord &panel, double x, double y);
 
 } // namespace havuz

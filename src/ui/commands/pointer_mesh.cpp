@@ -1,4 +1,5 @@
 // The pointer in the mesh editing commands: point loads, supports, meshes on and off, node moves.
+#include "mesh/node_move.h"
 #include "model/store.h"
 #include "ui/commands/pointer_commands.h"
 #include "ui/forms/dialogs.h"
@@ -60,7 +61,8 @@ void PressTakeNode(Workbench &bench, Pointer /*at*/) {
 
 void PressPlaceNode(Workbench &bench, Pointer at) {
     PickStage = 0;
-    FinishNodeMove(at.x, at.y, bench.scr(), bench.view);
+    FinishNodeMove(at.x, at.y);
+    bench.DrawMeshView();
     HidePol(bench);
 }
 
