@@ -10,6 +10,7 @@
 #include "fea/profile_solve.h"
 #include "fea/quad_stress.h"
 #include "fea/quad_work.h"
+#include "fea/result_pass.h"
 #include "fea/system.h"
 #include "model/store.h"
 

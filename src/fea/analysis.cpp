@@ -8,6 +8,7 @@
 #include "fea/profile_solve.h"
 #include "fea/progress_bar.h"
 #include "fea/record_file.h"
+#include "fea/result_pass.h"
 #include "fea/system.h"
 #include "model/analysed_project.h"
 #include "model/code_page.h"

@@ -5,12 +5,12 @@
 #include "fea/equations.h"
 #include "fea/progress_bar.h"
 #include "fea/quad_stiffness.h"
-#include "fea/quad_stress.h"
 #include "fea/quad_work.h"
 #include "fea/rect_shell.h"
 #include "fea/system.h"
 #include "model/arithmetic.h"
 #include "model/link_code.h"
+#include "model/mesh_facts.h"
 #include "model/store.h"
 
 #include <cmath>
@@ -91,14 +91,6 @@ void PutSurfaceLoad(const MeshRecord &mesh, const MeshNodes &m, const Matrix<24,
         record[kStiffnessTerms + i - 1] = load[i];
 }
 
-// The mesh as the general quadrilateral takes it.
-void PlaceQuad(const MeshRecord &mesh, const MeshNodes &m) {
-    for (std::size_t k = 1; k <= 4; ++k)
-        QuadCorner[static_cast<int>(k)] = {m.x[k], m.y[k], m.z[k]};
-    for (int i = 1; i <= 3; ++i)
-        TriThickness[i] = mesh.Kalinlik / 100.0;
-}
-
 // The 24 by 24 corner of K.
 template <int Size>
 void PackUpperTriangle(const Matrix<Size, Size> &K, ElementRecord &record) {
@@ -108,46 +100,14 @@ void PackUpperTriangle(const Matrix<Size, Size> &K, ElementRecord &record) {
             record[term++] = K(i, j);
 }
 
-std::array<double, 25> ElementDisplacements(const std::array<int, 25> &MeshEqs, int c) {
-    std::array<double, 25> g{};
-    for (std::size_t p = 1; p <= 24; ++p)
-        g[p] = MeshEqs[p] > 0 ? SolutionValue(MeshEqs[p], c) : 0.0;
-    return g;
-}
-
-std::array<double, 25> Multiply(const Matrix<24, 24> &A, const std::array<double, 25> &v) {
-    std::array<double, 25> product{};
-    for (int i = 1; i <= 24; ++i) {
-        double sum = 0.0;
-        for (int j = 1; j <= 24; ++j)
-            sum = sum + A(i, j) * v[static_cast<std::size_t>(j)];
-        product[static_cast<std::size_t>(i)] = sum;
-    }
-    return product;
-}
-
-void PutCornerResults(int mesh, double E, SonRecord &record) {
-    const MeshRecord &m = MeshTable[mesh];
-    const MeshNodes nodes = MeshNodeData(mesh);
-    const std::array<int, 25> MeshEqs = MeshEquations(nodes);
-    Matrix<24, 24> ElementT;
-    Matrix<24, 24> StressMatrix;
-    if (ElementSwitch == 0) {
-        ElementAxes(ElementT, nodes);
-        RectShellStress(StressMatrix, m.KenarA, m.KenarB, E, PoissonRatio, m.Kalinlik / 100.0);
-    } else { // the step to local axes lies inside the matrix
-        PlaceQuad(m, nodes);
-        QuadShellStress(StressMatrix, 4, 4);
-    }
-    for (int c = 1; c <= YukSayisi; ++c) {
-        const std::array<double, 25> g = ElementDisplacements(MeshEqs, c);
-        const std::array<double, 25> s = Multiply(StressMatrix, ElementSwitch == 0 ? Multiply(ElementT, g) : g);
-        for (std::size_t r = 1; r <= 24; ++r)
-            record[static_cast<std::size_t>(c - 1) * 24 + r - 1] = s[r];
-    }
-}
-
 } // namespace
+
+void PlaceQuad(const MeshRecord &mesh, const MeshNodes &m) {
+    for (std::size_t k = 1; k <= 4; ++k)
+        QuadCorner[static_cast<int>(k)] = {m.x[k], m.y[k], m.z[k]};
+    for (int i = 1; i <= 3; ++i)
+        TriThickness[i] = mesh.Kalinlik / 100.0;
+}
 
 std::array<double, 25> SurfaceLoad(const MeshRecord &mesh, const MeshNodes &m, const Matrix<24, 24> &ElementT) {
     const double q = mesh.OluYuk + mesh.HareketliYuk;
@@ -176,7 +136,7 @@ MeshRecord AnalysedMesh(const MeshNodes &m) {
 
 void MeshPass() {
     for (int i = 1; i <= MeshCount; ++i) {
-        if (MeshTable[i].Sil == 1)
+        if (IsSwitchedOff(MeshTable[i]))
             continue;
         const MeshNodes m = MeshNodeData(i);
         MeshTable[i] = AnalysedMesh(m);
@@ -191,7 +151,7 @@ void ElementPass(double E, RecordFile &stif, AnalysisWindow &window) {
     for (int i = 1; i <= MeshCount; ++i) {
         window.SetProgLab("Mesh eleman no:" + std::to_string(i));
         const MeshRecord &mesh = MeshTable[i];
-        if (mesh.Sil == 1)
+        if (IsSwitchedOff(mesh))
             continue;
         ProgressBar(static_cast<double>(i) / MeshCount, window);
         const MeshNodes m = MeshNodeData(i);
@@ -205,27 +165,6 @@ void ElementPass(double E, RecordFile &stif, AnalysisWindow &window) {
             PackUpperTriangle(QuadK, record);
         }
         stif.PutRecord(record, i);
-    }
-}
-
-void WriteDisplacements(RecordFile &dep) {
-    DepRecord record{};
-    for (int i = 1; i <= NoktaCount; ++i) {
-        for (int d = 1; d <= 6; ++d) {
-            const int e = NoktaTable[i].Denklem[d];
-            for (int c = 1; c <= YukSayisi; ++c)
-                record[static_cast<std::size_t>((c - 1) * 6 + d - 1)] = e > 0 ? SolutionValue(e, c) : 0.0;
-        }
-        dep.PutRecord(record, i);
-    }
-}
-
-void StressPass(double E, RecordFile &son) {
-    for (int i = 1; i <= MeshCount; ++i) {
-        SonRecord record{};
-        if (MeshTable[i].Sil != 1)
-            PutCornerResults(i, E, record);
-        son.PutRecord(record, i);
     }
 }
 

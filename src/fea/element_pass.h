@@ -1,5 +1,5 @@
-// The passes of the analysis over the meshes: section data and free flags, element matrices into STIF001, results into
-// ".DEP" and ".SON". Private to the driver and its tests. Units: m, t.
+// The passes of the analysis over the meshes before the solution: section data and free flags, element matrices into
+// STIF001. Results: result_pass.h. Private to the driver and its tests. Units: m, t.
 #pragma once
 
 #include "fea/analysis_window.h"
@@ -26,11 +26,7 @@ void MeshPass();
 // the element: 0 the rectangular one of modulus E (t/m2), else the general quadrilateral of PlaneD (plane_stress.h).
 void ElementPass(double E, RecordFile &stif, AnalysisWindow &window);
 
-// Displacements of every node: the solution, or exactly 0 for a held freedom.
-void WriteDisplacements(RecordFile &dep);
-
-// Corner results of every mesh in every column, by the element of ElementSwitch; 0 for a switched-off mesh and for the
-// columns above YukSayisi.
-void StressPass(double E, RecordFile &son);
+// The mesh as the general quadrilateral takes it: its corners and its thickness.
+void PlaceQuad(const MeshRecord &mesh, const MeshNodes &m);
 
 } // namespace havuz
