@@ -10,7 +10,10 @@
 #include "mesh/mesh_report.h"
 #include "model/analysed_project.h"
 #include "model/files.h"
+#include "model/load_codes.h"
+#include "model/parameters.h"
 #include "model/store.h"
+#include "model/supports.h"
 
 #include <algorithm>
 #include <array>
@@ -93,9 +96,9 @@ FactSection SupportFacts() {
             edges += PanelTable[i].KenarMesnet[e] != 0 ? 1 : 0;
     return {"supports",
             "supports",
-            {{"translationHeld", "nodes held against translation", HeldNodes(4) + 0.0, ""},
-             {"rotationXHeld", "nodes held against rotation x", HeldNodes(1) + 0.0, ""},
-             {"rotationYHeld", "nodes held against rotation y", HeldNodes(2) + 0.0, ""},
+            {{"translationHeld", "nodes held against translation", HeldNodes(kTranslationHeld) + 0.0, ""},
+             {"rotationXHeld", "nodes held against rotation x", HeldNodes(kRotationXHeld) + 0.0, ""},
+             {"rotationYHeld", "nodes held against rotation y", HeldNodes(kRotationYHeld) + 0.0, ""},
              {"supportedEdges", "supported panel edges", edges + 0.0, ""}}};
 }
 
@@ -114,10 +117,10 @@ FactSection LoadFacts() {
     std::vector<std::string> situations;
     for (int i = 0; i <= kYukKombinasyonLast; ++i)
         if (YukKombinasyon[i] > 0)
-            situations.push_back(LoadCodeWords(11 + i));
+            situations.push_back(LoadCodeWords(FillingCode(i)));
     for (int i = 0; i <= kYukDurumLast; ++i)
         if (YukDurum[i] > 0)
-            situations.push_back(LoadCodeWords(i + 1));
+            situations.push_back(LoadCodeWords(SituationCode(i)));
     return {"loads",
             "loads",
             {{"situations", "load situations", situations, ""},
@@ -125,32 +128,25 @@ FactSection LoadFacts() {
              {"pointLoadSum", "sum of FX, FY, FZ", std::vector<double>{fx, fy, fz}, "t"}}};
 }
 
+Fact ParameterFact(const Parameter &p) {
+    const bool diameter = p.value == &Lx && HavuzTip == 2;
+    return {p.name, diameter ? "Lx diameter" : p.label, *p.value, p.unit};
+}
+
 FactSection ParameterFacts() {
     std::vector<double> diameters;
     for (int i = 1; i <= 13; ++i)
         if (DonatiCaplari[i] > 0)
             diameters.push_back(DonatiCaplari[i]);
-    return {"parameters",
-            "parameters",
-            {{"ZeminKo", "Ko subgrade coefficient", ZeminKo, "t/m3"},
-             {"ZeminGzem", "Gzem allowable soil stress", ZeminGzem, "t/m2"},
-             {"ZeminKa", "Ka lateral soil load", ZeminKa, ""},
-             {"ZeminYogunluk", "soil density", ZeminYogunluk, "t/m3"},
-             {"SiviYogunluk", "liquid density", SiviYogunluk, "t/m3"},
-             {"YeraltiSuKotu", "groundwater level", YeraltiSuKotu, "m"},
-             {"SiviKotu", "liquid level", SiviKotu, "m"},
-             {"ToprakKotu", "soil level", ToprakKotu, "m"},
-             {"UstKot", "top level", UstKot, "m"},
-             {"AltKot", "bottom level", AltKot, "m"},
-             {"Lx", HavuzTip == 2 ? "Lx diameter" : "Lx length in x", Lx, "m"},
-             {"Ly", "Ly length in y", Ly, "m"},
-             {"Bk", "Bk width of the top strip", Bk, "m"},
-             {"KenarKalinlik", "dp wall thickness", KenarKalinlik, "cm"},
-             {"AltKalinlik", "ds base thickness", AltKalinlik, "cm"},
-             {"Fck", "concrete strength fck", Fck, "kg/cm2"},
-             {"Fyk", "steel strength fyk", Fyk, "kg/cm2"},
-             {"HesapYontem", "design method", HesapYontem == 0 ? "EMNIYET GERILMESI" : "TASIMA GUCU", ""},
-             {"DonatiCaplari", "bar diameters", diameters, "mm"}}};
+    FactSection section{"parameters", "parameters", {}};
+    for (const char *name :
+         {"ZeminKo", "ZeminGzem", "ZeminKa", "ZeminYogunluk", "SiviYogunluk", "YeraltiSuKotu", "SiviKotu", "ToprakKotu",
+          "UstKot", "AltKot", "Lx", "Ly", "Bk", "KenarKalinlik", "AltKalinlik", "Fck", "Fyk"})
+        section.facts.push_back(ParameterFact(*FindParameter(name)));
+    section.facts.push_back(
+        {"HesapYontem", "design method", HesapYontem == 0 ? "EMNIYET GERILMESI" : "TASIMA GUCU", ""});
+    section.facts.push_back({"DonatiCaplari", "bar diameters", diameters, "mm"});
+    return section;
 }
 
 // By ResultState.

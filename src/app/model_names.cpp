@@ -2,44 +2,18 @@
 
 #include "app/cli.h"
 #include "model/number_text.h"
+#include "model/parameters.h"
 #include "model/store.h"
 
 #include <algorithm>
 #include <functional>
 #include <initializer_list>
-#include <map>
 #include <optional>
 #include <utility>
 
 namespace havuz {
 
 namespace {
-
-const std::map<std::string, double *> kScalars = {
-    {"HavuzTip", &HavuzTip},
-    {"HucreTip", &HucreTip},
-    {"ZeminKo", &ZeminKo},
-    {"ZeminGzem", &ZeminGzem},
-    {"ZeminKa", &ZeminKa},
-    {"ZeminYogunluk", &ZeminYogunluk},
-    {"SiviYogunluk", &SiviYogunluk},
-    {"YeraltiSuKotu", &YeraltiSuKotu},
-    {"BolumX", &BolumX},
-    {"BolumY", &BolumY},
-    {"Lx", &Lx},
-    {"Ly", &Ly},
-    {"KenarKalinlik", &KenarKalinlik},
-    {"AltKalinlik", &AltKalinlik},
-    {"UstKot", &UstKot},
-    {"AltKot", &AltKot},
-    {"SiviKotu", &SiviKotu},
-    {"ToprakKotu", &ToprakKotu},
-    {"Bk", &Bk},
-    {"Fck", &Fck},
-    {"Fyk", &Fyk},
-    {"HesapYontem", &HesapYontem},
-    {"MeshGenisligi", &MeshGenisligi},
-};
 
 // Numbers as a person types them, but strict: text that is no number is refused here.
 double NumberOf(const Assignment &a) {
@@ -99,12 +73,12 @@ std::optional<Slot> ParameterSlot(const Assignment &a) {
         return SlotOf(YukKombinasyon[PlaceOf(a, 0, 1, 0, kYukKombinasyonLast, Thing::YukKombinasyon)]);
     if (a.name == "DonatiCaplari")
         return SlotOf(DonatiCaplari[PlaceOf(a, 0, 1, 1, 13, Thing::DonatiCaplari)]);
-    const auto found = kScalars.find(a.name);
-    if (found == kScalars.end())
+    const Parameter *found = FindParameter(a.name);
+    if (found == nullptr)
         return {};
     if (!a.places.empty())
         throw UsageError(a.name + " takes no place in brackets");
-    return SlotOf(*found->second);
+    return SlotOf(*found->value);
 }
 
 std::optional<Slot> NodeSlot(const Assignment &a) {

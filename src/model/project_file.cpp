@@ -3,7 +3,9 @@
 #include "model/code_page.h"
 #include "model/field_reader.h"
 #include "model/files.h"
+#include "model/load_codes.h"
 #include "model/number_text.h"
+#include "model/parameters.h"
 #include "model/springs.h"
 #include "model/store.h"
 
@@ -62,6 +64,14 @@ private:
 // The records of the file in their order. Channel is a Saver or a Loader; each walk returns false when the file is at
 // its end, and everything behind that stays unread.
 
+// The general parameters of a record, in the order of their table.
+template <class Channel>
+void WalkParametersOf(Channel &c, ParameterRecord record) {
+    for (const Parameter &p : Parameters())
+        if (p.record == record)
+            c.number(p.name, *p.value);
+}
+
 template <class Channel>
 bool WalkCounts(Channel &c) {
     if (!c.record(Thing::CountRecord))
@@ -70,7 +80,7 @@ bool WalkCounts(Channel &c) {
     c.count(Thing::PlakTable, PlakCount, kPlakCapacity);
     c.count(Thing::NoktaTable, NoktaCount, kNoktaCapacity);
     c.count(Thing::MeshTable, MeshCount, kMeshCapacity);
-    c.number("HavuzTip", HavuzTip);
+    WalkParametersOf(c, ParameterRecord::Counts);
     c.endLine();
     return true;
 }
@@ -79,13 +89,7 @@ template <class Channel>
 bool WalkSoil(Channel &c) {
     if (!c.record(Thing::SoilRecord))
         return false;
-    c.number("HucreTip", HucreTip);
-    c.number("ZeminKo", ZeminKo);
-    c.number("ZeminGzem", ZeminGzem);
-    c.number("ZeminKa", ZeminKa);
-    c.number("ZeminYogunluk", ZeminYogunluk);
-    c.number("SiviYogunluk", SiviYogunluk);
-    c.number("YeraltiSuKotu", YeraltiSuKotu);
+    WalkParametersOf(c, ParameterRecord::Soil);
     c.endLine();
     return true;
 }
@@ -94,17 +98,7 @@ template <class Channel>
 bool WalkPool(Channel &c) {
     if (!c.record(Thing::PoolRecord))
         return false;
-    c.number("BolumX", BolumX);
-    c.number("BolumY", BolumY);
-    c.number("Lx", Lx);
-    c.number("Ly", Ly);
-    c.number("KenarKalinlik", KenarKalinlik);
-    c.number("AltKalinlik", AltKalinlik);
-    c.number("UstKot", UstKot);
-    c.number("AltKot", AltKot);
-    c.number("SiviKotu", SiviKotu);
-    c.number("ToprakKotu", ToprakKotu);
-    c.number("Bk", Bk);
+    WalkParametersOf(c, ParameterRecord::Pool);
     c.endLine();
     return true;
 }
@@ -128,9 +122,7 @@ template <class Channel>
 bool WalkMaterials(Channel &c) {
     if (!c.record(Thing::MaterialRecord))
         return false;
-    c.number("Fck", Fck);
-    c.number("Fyk", Fyk);
-    c.number("HesapYontem", HesapYontem);
+    WalkParametersOf(c, ParameterRecord::Materials);
     c.endLine();
     return true;
 }
@@ -307,15 +299,15 @@ void ReadRecords(FieldReader &reader) {
 }
 
 // The list as it stands before a load, from the flags of the model before it, numbered from element 1; the analysis
-// makes its own.
+// makes its own, and its codes are one higher.
 void RebuildLoadList() {
     int n = 1;
     for (int i = 0; i <= 3; ++i)
         if (YukKombinasyon[i] > 0)
-            YukListesi[++n - 1] = 10 + i;
+            YukListesi[++n - 1] = FillingCode(i) - 1;
     for (int i = 0; i <= 4; ++i)
         if (YukDurum[i] > 0)
-            YukListesi[++n - 1] = i;
+            YukListesi[++n - 1] = SituationCode(i) - 1;
     YukSayisi = n;
 }
 

@@ -3,6 +3,7 @@
 #include "model/failure.h"
 #include "model/files.h"
 #include "model/options.h"
+#include "model/parameters.h"
 #include "model/project_file.h"
 #include "model/store.h"
 
@@ -17,21 +18,6 @@ static void ReadOptions() {
     ReadLoadFactors();
 }
 
-static void SetPoolParameters(double bolumX, double bolumY, double lx, double ly, double kenar, double alt,
-                              double ustKot, double altKot, double sivi, double toprak, double bk) {
-    BolumX = bolumX;
-    BolumY = bolumY;
-    Lx = lx;
-    Ly = ly;
-    KenarKalinlik = kenar;
-    AltKalinlik = alt;
-    UstKot = ustKot;
-    AltKot = altKot;
-    SiviKotu = sivi;
-    ToprakKotu = toprak;
-    Bk = bk;
-}
-
 static void SetViewDefaults() {
     ViewAngleA = -140.0 / 180.0 * kPi;
     ViewAngleB = 20.0 / 180.0 * kPi;
@@ -41,21 +27,10 @@ static void SetViewDefaults() {
 }
 
 static void SetProjectDefaults() {
-    MeshGenisligi = 1.0;
-    HesapYontem = 1.0;
+    StartParameterValues();
     ProjeIsmi.clear();
     KartAdi.clear();
-    HavuzTip = HucreTip = 0.0;
     NoktaCount = MeshCount = 0;
-    ZeminKo = 2000.0;
-    ZeminGzem = 20.0;
-    ZeminKa = 0.4;
-    ZeminYogunluk = 1.8;
-    SiviYogunluk = 1.0;
-    YeraltiSuKotu = 0.0;
-    SetPoolParameters(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);
-    Fck = 200.0;
-    Fyk = 2200.0;
     for (int i = 0; i <= kYukKombinasyonLast; ++i)
         YukKombinasyon[i] = 0.0;
     for (int i = 0; i <= kYukDurumLast; ++i)
@@ -103,7 +78,7 @@ static void RunSequence(const std::string &commandLine, const std::string &execu
     ClearModel();
     OpenCommandLine(commandLine, window);
     window.SetUpDynamicView();
-    SetPoolParameters(4, 2, 10, 5, 20, 30, 3, 0, 3, 3, 1);
+    TakePoolParameters();
 }
 
 void StartProgram(const std::string &commandLine, const std::string &executable, StartWindow &window) {

@@ -1,5 +1,7 @@
 #include "model/store.h"
 
+#include "model/parameters.h"
+
 namespace havuz {
 
 Table<PlakRecord, kPlakCapacity> PlakTable(Thing::PlakTable);
@@ -38,11 +40,7 @@ static void ResetTables() {
 
 static void ResetParameters() {
     ProjeIsmi.clear();
-    for (double *p :
-         {&HavuzTip, &HucreTip,   &ZeminKo, &ZeminGzem, &ZeminKa,       &ZeminYogunluk, &SiviYogunluk, &YeraltiSuKotu,
-          &BolumX,   &BolumY,     &Lx,      &Ly,        &KenarKalinlik, &AltKalinlik,   &UstKot,       &AltKot,
-          &SiviKotu, &ToprakKotu, &Bk,      &Fck,       &Fyk,           &HesapYontem,   &MeshGenisligi})
-        *p = 0.0;
+    ResetParameterValues();
     YukDurum = {};
     YukKombinasyon = {};
     DonatiCaplari = {};
