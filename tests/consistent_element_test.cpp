@@ -19,8 +19,8 @@ std::vector<Corners> Shapes(bool warped) {
     std::uniform_real_distribution<double> any(-1.0, 1.0);
     std::vector<Corners> shapes;
     for (int i = 0; i < 60; ++i) {
-        const Vector3 x = Normalised({any(random), any(random), any(random)}, Thing::QuadBasis);
-        const Vector3 z = Normalised(Cross(x, {any(random), any(random), any(random)}), Thing::QuadBasis);
+        const Vector3 x = UnitOf({any(random), any(random), any(random)});
+        const Vector3 z = UnitOf(Cross(x, {any(random), any(random), any(random)}));
         const Vector3 y = Cross(z, x);
         Corners p;
         const std::array<std::array<double, 2>, 4> square = {{{-1, -1}, {1, -1}, {1, 1}, {-1, 1}}};
