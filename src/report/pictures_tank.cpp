@@ -157,9 +157,9 @@ Svg SectionPicture(const Tank &tank) {
     for (const Level &l : levels)
         low = std::min(low, l.at), high = std::max(high, l.at);
     const double wide = box.high.x - box.low.x + 2.0 * pad;
-    const double drawn = std::min((kPageWidth - 170.0) / std::max(wide, 1e-6) * (high - low), 180.0);
+    const double drawn = std::min((kPageWidth - 200.0) / std::max(wide, 1e-6) * (high - low), 180.0);
     Svg svg(kPageWidth, drawn + 75.0);
-    const Frame frame = FitFrame(box.low.x - pad, box.high.x + pad, low, high, kPageWidth - 170.0, 180.0, 30.0, 25.0);
+    const Frame frame = FitFrame(box.low.x - pad, box.high.x + pad, low, high, kPageWidth - 200.0, 180.0, 60.0, 25.0);
     const double y = box.low.y + .5137 * (box.high.y - box.low.y);
     std::sort(levels.begin(), levels.end(), [](const Level &a, const Level &b) { return a.at > b.at; });
     double textY = -kFar;
@@ -177,7 +177,7 @@ Svg SectionPicture(const Tank &tank) {
     const SvgPoint left = frame.at(box.low.x, low), right = frame.at(box.high.x, low);
     svg.dimension({left.x, bottom + 22.0}, {right.x, bottom + 22.0}, Turkish(box.high.x - box.low.x, 2) + " m");
     const SvgPoint foot = frame.at(box.low.x - pad, box.low.z), top = frame.at(box.low.x - pad, box.high.z);
-    svg.dimension(foot, top, Turkish(box.high.z - box.low.z, 2) + " m");
+    svg.dimension(foot, top, Turkish(box.high.z - box.low.z, 2) + " m", Anchor::End);
     svg.text({30.0, drawn + 69.0}, "Y = " + Turkish(y, 2) + " m boyunca kesit; X →, Z ↑", 7.5);
     return svg;
 }

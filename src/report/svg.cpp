@@ -84,7 +84,7 @@ void Svg::text(SvgPoint at, const std::string &words, double size, Anchor anchor
              "</text>\n";
 }
 
-void Svg::dimension(SvgPoint a, SvgPoint b, const std::string &words) {
+void Svg::dimension(SvgPoint a, SvgPoint b, const std::string &words, Anchor side) {
     const double length = std::hypot(b.x - a.x, b.y - a.y);
     if (!(length > 0.0))
         return;
@@ -100,7 +100,7 @@ void Svg::dimension(SvgPoint a, SvgPoint b, const std::string &words) {
     if (std::fabs(along.x) > std::fabs(along.y))
         text({middle.x, middle.y - 3.0}, words, 8.0, Anchor::Middle);
     else
-        text({middle.x + 4.0, middle.y + 3.0}, words, 8.0);
+        text({middle.x + (side == Anchor::Start ? 4.0 : -4.0), middle.y + 3.0}, words, 8.0, side);
 }
 
 std::string Svg::file() const {

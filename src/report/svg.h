@@ -30,8 +30,8 @@ public:
                double thickness);
     void text(SvgPoint at, const std::string &words, double size = 8.0, Anchor anchor = Anchor::Start,
               const std::string &colour = "#000000", bool bold = false);
-    // A line with a small arrow at both ends and words in its middle.
-    void dimension(SvgPoint a, SvgPoint b, const std::string &words);
+    // A line with a small arrow at both ends and words in its middle; of an upright one on the side of the anchor.
+    void dimension(SvgPoint a, SvgPoint b, const std::string &words, Anchor side = Anchor::Start);
 
     double width() const { return width_; }
     double height() const { return height_; }
