@@ -3,8 +3,8 @@
 #include "hand_models.h"
 #include "model/project_file.h"
 #include "support.h"
-#include "ui/window/recorder.h"
 #include "ui/commands/tools.h"
+#include "ui/window/recorder.h"
 #include "ui_support.h"
 
 #include <gtest/gtest.h>

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "app/script_lines.h"
+#include "ui/qt/raster_surface.h"
 #include "ui/window/headless_window.h"
 #include "ui/window/main_window.h"
-#include "ui/qt/raster_surface.h"
 #include "ui/window/recorder.h"
 
 #include <optional>

@@ -4,8 +4,8 @@
 
 #include "program_folder.h"
 #include "support.h"
-#include "ui/window/main_window.h"
 #include "ui/qt/qt_window.h"
+#include "ui/window/main_window.h"
 
 #include <QWidget>
 #include <functional>

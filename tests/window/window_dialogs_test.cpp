@@ -1,6 +1,6 @@
 // Dialogs, tables and palettes by hand: opened, filled, closed in each way there is; what every tool shows of itself.
-#include "ui/kit/button.h"
 #include "ui/commands/tools.h"
+#include "ui/kit/button.h"
 #include "view/projection.h"
 #include "window_desk.h"
 
