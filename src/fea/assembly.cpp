@@ -1,3 +1,6 @@
+// Assembly by element equations: the term of freedoms p, q of a mesh goes to row min(e(p), e(q)) and column max of the
+// symmetric profile, e the equation of a freedom, 0 for a held one, which is left out. STIF001 holds the upper triangle
+// of each mesh row by row. Every sum is formed in double precision and cut to 32 bits when it is stored.
 #include "fea/assembly.h"
 
 #include "fea/element_geometry.h"

@@ -1,3 +1,7 @@
+// Nodes, local axes and the even load of a mesh. Units: m, t.
+//
+// x axis: the mean ((P2 - P1) + (P3 - P4))/2, y axis: ((P4 - P1) + (P3 - P2))/2, each divided by its length, z axis
+// normal to both. An even load of f on an area A is A*f/4 at each corner.
 #include "fea/element_geometry.h"
 
 #include "model/arithmetic.h"

@@ -1,3 +1,8 @@
+// Gauss-Jordan elimination in place with complete pivoting ("Numerical Recipes", section 2.1). Step k finds the
+// greatest entry among rows and columns not yet used, brings it onto the diagonal by an exchange of rows, and for its
+// column c
+//   A(c,j) = A(c,j)/p,  A(i,j) = A(i,j) - A(i,c)*A(c,j),  A(i,c) = -A(i,c)/p,  A(c,c) = 1/p.
+// At the end the exchanges of rows of the given matrix become exchanges of columns of the inverse.
 #include "fea/matrix_invert.h"
 
 #include "model/arithmetic.h"

@@ -1,3 +1,4 @@
+// Isotropic plane stress: sx = E/(1-v^2) * (ex + v*ey), sxy = E/(2*(1+v)) * gxy. t/m2.
 #include "fea/plane_stress.h"
 
 #include "model/arithmetic.h"

@@ -1,3 +1,13 @@
+// The general quadrilateral shell from flat triangles. Units: m, t, radians. Theory, sources and oddities:
+// docs/quad-element.md.
+//
+// For each triangle: K of the membrane (6 by 6) and of the bending (9 by 9) in its own plane; each vertex brings three
+// displacements and two rotations, which the maps turn to the six freedoms of the node: K_global = T' * K * T, block by
+// block, T the components of e1, e2, n on the axes of the node. Corners refer to the global axes, the centre to the
+// reference axes of the quadrilateral. A vertex has no stiffness about its n: the token drilling of the rectangle has
+// no counterpart here, which is why freedoms that are almost without stiffness are dropped. The six freedoms of the
+// centre are then eliminated one by one (Wilson 1974), last first: for the rest
+//   K(c,d) -= K(c,e) * K(e,d) / K(e,e).
 #include "fea/quad_stiffness.h"
 
 #include "fea/quad_work.h"

@@ -1,3 +1,11 @@
+// Membrane forces and moments of the general quadrilateral. Units: m, t. Sources and oddities: docs/quad-element.md.
+//
+// Membrane: the bilinear quadrilateral of Taig (1961). With the corners at (0,0), (x1,y1), (x2,y2), (x3,y3) and xi, eta
+// from 0 to 1, the derivatives of u and v come from the inverse of the Jacobian at xi = eta = 1/2, whose determinant is
+//   J = x1*y3 - x3*y1 + (x1*(y2-y3) - (x2-x3)*y1)/2 - ((x1-x2)*y3 - x3*(y1-y2))/2,
+// the signed area; forces are PlaneD times the strains times the mean thickness.
+// Bending: one polynomial of twelve terms through w, dw/dy, -dw/dx of the corners. Its factors are the inverse of the
+// 12 by 12 matrix of the terms at the corners; moments are -t^3/12 * PlaneD times w,xx, w,yy, 2*w,xy.
 #include "fea/quad_stress.h"
 
 #include "fea/matrix_invert.h"

@@ -1,3 +1,9 @@
+// Frames of reference of the general quadrilateral and of its triangles. Units: m.
+//
+// Quadrilateral: axis 1 along (P2 + P3 - Pk - P1), axis 2 along (P3 + Pk - P1 - P2) less its part on axis 1
+// (Gram-Schmidt), axis 3 their cross product. Triangle: n along (Pi - Pm) x (Pj - Pm), e1 along axis 2 x n, e2 = n x
+// e1. TriX and TriY are the projections of the sides, opposite to vertices 1, 2, 3, on e1 and e2 (TriX of the side with
+// the other sign), so that each of them sums to 0 and twice the area is TriX3*TriY2 - TriX2*TriY3.
 #include "fea/quad_work.h"
 
 namespace havuz {

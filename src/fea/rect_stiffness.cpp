@@ -1,4 +1,13 @@
 // Closed-form stiffness of the rectangular shell element. Units: m, t.
+//
+// Membrane: the bilinear plane stress rectangle (Taig 1961), u and v each a + b*x + c*y + d*x*y, its energy integrated
+// exactly over the area. With C = E*t/(1-v^2), Cv = v*C, G = E*t/(2*(1+v)) every entry is a sum of C, Cv and G times
+// b/a, a/b or 1; entries that are equal by the two symmetries of the rectangle stand in one line.
+// Bending: the twelve-term rectangle of Melosh (1963) and of Zienkiewicz and Cheung (1964), w the polynomial 1, x, y,
+// x^2, xy, y^2, x^3, x^2y, xy^2, y^3, x^3y, xy^3. Slopes are not continuous across the sides; the element passes the
+// patch test. With D = E*t^3/(12*(1-v^2)), Dv = v*D, Dk = (1-v)*D/2 the energy is half the integral of
+//   D*(w,xx^2 + w,yy^2) + 2*Dv*w,xx*w,yy + 4*Dk*w,xy^2.
+// docs/rectangular-element.md derives the terms. The order of the operations in each of them is part of the results.
 #include "fea/rect_shell.h"
 #include "model/arithmetic.h"
 
@@ -8,6 +17,7 @@ namespace havuz {
 
 namespace {
 
+// Rows and columns are the freedoms 6*(n-1) + 1..6 of node n: u, v, w, rx, ry, drilling.
 struct Entry {
     int row, column; // a row below 0 takes the negative of the term
 };
@@ -25,7 +35,8 @@ private:
     Matrix<24, 24> &k_;
 };
 
-// Bilinear plane stress rectangle, integrated exactly.
+// Freedoms u, v. First the diagonal of u and what mirrors it, then u with v, then u with u of the other nodes; the
+// last four are those of v, with a and b exchanged.
 void PutMembrane(const TermWriter &put, double a, double b, double E, double v, double t) {
     const double C = E * t / (1.0 - v * v);
     const double Cv = v * C;
@@ -46,8 +57,8 @@ void PutMembrane(const TermWriter &put, double a, double b, double E, double v, 
     // clang-format on
 }
 
-// Twelve-term plate bending rectangle (Melosh; Zienkiewicz and Cheung), w with rx = -dw/dy and ry = +dw/dx at each
-// node.
+// Freedoms w, rx = -dw/dy and ry = +dw/dx of each node: the rows of w with everything, then rx with rx and ry, then ry
+// with ry. An exchange of the axes turns the terms of rx into those of ry with the other sign.
 void PutBending(const TermWriter &put, double a, double b, double E, double v, double t) {
     const double D = E * (t * t * t) / (12.0 * (1.0 - v * v));
     const double Dv = v * D;

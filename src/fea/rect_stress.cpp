@@ -1,4 +1,12 @@
 // Stress matrix of the rectangular shell element: exact derivatives of its shape functions at the corners. Units: m, t.
+//
+// Shape functions are those of rect_stiffness.cpp, written per node in X and Y: X runs from 0 at the far side to 1 at
+// the node, so that X = 1 - x/a or x/a, and dX/dx = sx/a with sx -1 or +1.
+//   membrane  N = X*Y                                           sx = C*u,x + Cv*v,y and so on, C without thickness
+//   bending   w:     X*Y*(3X + 3Y - 2X^2 - 2Y^2 - 1)            Mx  = -(D*w,xx + Dv*w,yy)
+//             dw/dx: a*sx*X^2*(X-1)*Y                           My  = -(Dv*w,xx + D*w,yy)
+//             dw/dy: b*sy*Y^2*(Y-1)*X                           Mxy = +2*Dk*w,xy
+// The sign of Mxy is the opposite of the curvature rule of the other two: the convention of the result files.
 #include "fea/rect_shell.h"
 #include "model/arithmetic.h"
 

@@ -1,3 +1,13 @@
+// The compatible bending triangle of Clough and Felippa (1968), often called LCCT-9: three sub-triangles that meet at
+// the centroid, w a full cubic in each. The ten factors of each cubic are bound by the nine freedoms of the vertices,
+// by equal values and slopes on the inner sides, and by a normal slope that is linear along each outer side.
+//
+// In area coordinates L1, L2, L3 the second derivatives of a cubic are linear, so its curvatures at the two outer ends
+// and at the centroid of each sub-triangle describe it: 7 points of three curvatures, 21 rows, on 9 freedoms. The
+// energy needs the integral of a product of two linear functions f, g over a sub-triangle of area A/3:
+//   (A/3)/12 * (f1*g1 + f2*g2 + f3*g3 + (f1+f2+f3)*(g1+g2+g3)),
+// which is what the weighted columns hold; with t^3/12 and A = area2/2 the factor is t^3 * area2 / 864.
+// Units: m, t, radians. The order of the operations is part of the results.
 #include "fea/triangle_bending.h"
 
 #include "fea/plane_stress.h"

@@ -1,3 +1,8 @@
+// The constant strain triangle of Turner, Clough, Martin and Topp (1956). Units: m, t/m.
+//
+// With TriX and TriY the projections of the sides opposite to the vertices, the strains are
+//   e = B * (u1, v1, u2, v2, u3, v3) / (2*A), B of vertex n: (y_n, 0; 0, x_n; x_n, y_n),
+// and K = t * A * B' * PlaneD * B / (4*A^2): each 2 by 2 block is PlaneD * t/(4*A) times products of projections.
 #include "fea/triangle_membrane.h"
 
 #include "fea/plane_stress.h"

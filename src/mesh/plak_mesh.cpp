@@ -1,3 +1,8 @@
+// Plate grid meshing, the steps in their order. A square grid of the mesh width is laid over the outline, from the
+// start of its longest edge; points inside are kept, those nearest the outline are pulled onto its edges and one onto
+// each of its corners, the rest is eased; whole cells become quadrilaterals, cells of three corners are given to a
+// neighbour or become a quadrilateral with two corners on one edge. The method is the program's own: it needs no
+// triangulation, and a rectangle of whole widths becomes the plain grid.
 #include "mesh/plak_mesh.h"
 
 #include "mesh/plak_mesh_work.h"
