@@ -41,6 +41,69 @@ Warnings WarnOfMissingNodes() {
     return found;
 }
 
+// Meshes in order, by the value of their owner.
+std::map<int, std::vector<int>> MeshesOf() {
+    std::map<int, std::vector<int>> meshes;
+    for (int i = 1; i <= MeshCount; ++i)
+        meshes[MeshTable[i].PanelNo].push_back(i);
+    return meshes;
+}
+
+bool OwnerExists(int owner) {
+    const int number = OwnerIsPlate(owner) ? OwnerPlate(owner) : owner;
+    return number >= 1 && number <= (OwnerIsPlate(owner) ? PlakCount : PanelCount);
+}
+
+Warnings WarnOfMissingOwners() {
+    Warnings found;
+    for (const auto &[owner, meshes] : MeshesOf())
+        if (!OwnerExists(owner))
+            found.add([&] {
+                return std::to_string(meshes.size()) + " meshes from mesh " + std::to_string(meshes.front()) +
+                       " on belong to " + OwnerInWords(owner) + ", which is not there";
+            });
+    return found;
+}
+
+Warnings WarnOfThickness() {
+    Warnings found;
+    for (const auto &[owner, meshes] : MeshesOf()) {
+        if (!OwnerExists(owner))
+            continue;
+        const double thickness =
+            OwnerIsPlate(owner) ? PlakTable[OwnerPlate(owner)].Kalinlik + 0.0 : PanelTable[owner].D + 0.0;
+        if (!(thickness > 0.0))
+            found.add([&] { return OwnerInWords(owner) + " has a thickness of " + Meters(thickness) + " cm"; });
+    }
+    return found;
+}
+
+Warnings WarnOfDensities() {
+    Warnings found;
+    for (const auto &[name, density] : {std::pair("liquid", SiviYogunluk), std::pair("soil", ZeminYogunluk)})
+        if (!(density > 0.0))
+            found.add([&] { return "the density of the " + std::string(name) + " is " + Meters(density) + " t/m3"; });
+    return found;
+}
+
+Warnings WarnOfDoubleCorners() {
+    Warnings found;
+    for (int i = 1; i <= MeshCount; ++i) {
+        const auto corners = CornersOf(i);
+        if (!corners)
+            continue;
+        Ring sorted = *corners;
+        std::sort(sorted.begin(), sorted.end());
+        const auto *const twice = std::adjacent_find(sorted.begin(), sorted.end());
+        if (twice != sorted.end())
+            found.add([&] {
+                return MeshInWords(i) + " uses node " + std::to_string(*twice) + " twice, at " +
+                       PlaceInWords(NodePlace(*twice));
+            });
+    }
+    return found;
+}
+
 // "" for a sound mesh, else what is wrong with its shape.
 std::string ShapeFault(const Ring &corners) {
     SpacePoint p[4];
@@ -76,6 +139,17 @@ std::vector<int> UsedNodes() {
     used.erase(std::unique(used.begin(), used.end()), used.end());
     std::stable_sort(used.begin(), used.end(), [](int a, int b) { return NoktaTable[a].X < NoktaTable[b].X; });
     return used;
+}
+
+Warnings WarnOfNodesWithoutMesh() {
+    std::vector<bool> isUsed(static_cast<std::size_t>(NoktaCount) + 1, false);
+    for (const int node : UsedNodes())
+        isUsed[static_cast<std::size_t>(node)] = true;
+    Warnings found;
+    for (int i = 1; i <= NoktaCount; ++i)
+        if (!isUsed[static_cast<std::size_t>(i)])
+            found.add([i] { return "node " + std::to_string(i) + " is of no mesh, at " + PlaceInWords(NodePlace(i)); });
+    return found;
 }
 
 Warnings WarnOfNodesInOnePlace() {
@@ -199,9 +273,10 @@ std::vector<std::string> MeshReport() {
     const std::vector<MeshSide> sides = AllSides();
     std::vector<std::string> report;
     for (const Warnings &found :
-         {WarnOfMissingNodes(), WarnOfPanelsWithoutMesh(), WarnOfRaisedDivisions(), WarnOfPlateAreas(),
-          WarnOfLostCorners(), WarnOfLeftOutlines(sides), WarnOfOverlaps(sides), WarnOfShapes("has no area"),
-          WarnOfShapes("is folded"), WarnOfNodesInOnePlace(), WarnOfOpenJoints(sides)})
+         {WarnOfMissingNodes(), WarnOfMissingOwners(), WarnOfThickness(), WarnOfDensities(), WarnOfPanelsWithoutMesh(),
+          WarnOfRaisedDivisions(), WarnOfPlateAreas(), WarnOfLostCorners(), WarnOfLeftOutlines(sides),
+          WarnOfOverlaps(sides), WarnOfDoubleCorners(), WarnOfShapes("has no area"), WarnOfShapes("is folded"),
+          WarnOfNodesWithoutMesh(), WarnOfNodesInOnePlace(), WarnOfOpenJoints(sides)})
         found.appendTo(report);
     return report;
 }

@@ -11,9 +11,10 @@ namespace havuz {
 // One line for each warning, with the plate, wall, mesh or node and its place; of many alike the first few and their
 // number. Empty for a mesh without a fault. Warnings:
 //   a plate's meshes cover more than 0.5 % more or less than its own area in plan, leave its outline or lose a corner;
-//   meshes without area, folded, overlapping, or naming a node that does not exist (node 0);
-//   two nodes in one place; panels without a mesh or with meshes beside them; open joints of panels and plates;
-//   divisions that were raised after the mesh was made.
+//   meshes without area, folded, overlapping, using a node twice, or naming a node (node 0) or an owner that is not
+//   there; a thickness of an owner, or the density of liquid or soil, that is not above 0;
+//   two nodes in one place, nodes of no mesh; panels without a mesh or with meshes beside them; open joints of panels
+//   and plates; divisions that were raised after the mesh was made.
 std::vector<std::string> MeshReport();
 
 // Whether every corner of every active mesh is a node: without that there can be no analysis.
