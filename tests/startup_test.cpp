@@ -83,7 +83,7 @@ TEST(Start, FailuresEndTheProgramWithStatusOneAndOneLine) {
     const ProgramFolder program;
     RecordingWindow window;
     EXPECT_EQ(EndOf(program.file("NONE"), window), 1);
-    WriteBytes(program.file("VEKCARD.OPS"), "x\r\n1,2,3,4,5,6,7\r\n1,2,3,4,5\r\n160,abc\r\n");
+    WriteBytes(program.file("VEKCARD.OPS"), "x\r\n1,2,what,4,5,6,7\r\n1,2,3,4,5\r\n160,abc\r\n");
     EXPECT_EQ(EndOf("", window), 1);
     EXPECT_EQ(window.failure,
               program.file("VEKCARD.OPS") + ": line 4, field 2 (record(4) value): \"abc\" is not a number");
@@ -106,6 +106,14 @@ TEST(Start, TheWorkingDirectory) {
     WriteBytes(program.file("working.dir"), inner);          // whatever the case of its name
     EXPECT_EQ(EndOf("", window), -1);
     EXPECT_EQ(CalismaDizini, data.path());
+    for (const char *named : {"G\xC3\xB6let", "\xDDnt"}) { // by its bytes, else by the code page
+        const std::string directory = data.file(named[0] == 'G' ? "Gölet" : "İnt");
+        std::filesystem::create_directory(directory);
+        WriteBytes(directory + "/WORKING", "x");
+        WriteBytes(program.file("working.dir"), data.path() + "/" + named + "\r\n");
+        EXPECT_EQ(EndOf("", window), -1);
+        EXPECT_EQ(CalismaDizini, directory);
+    }
     setenv("HOME", data.path().c_str(), 1);
     WriteBytes(program.file("working.dir"), "~");
     EXPECT_EQ(EndOf("", window), -1);

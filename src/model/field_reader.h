@@ -24,6 +24,8 @@ public:
     }
     // The next field as UTF-8 text. Past the end of the file it is File.
     std::string text(Label field);
+    // The same as its bytes are.
+    std::string bytes(Label field) { return std::string(next(field)); }
     // The next field as a number; an empty one is 0, anything else that is no number is BadNumber.
     double number(Label field);
 

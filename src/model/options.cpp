@@ -1,5 +1,6 @@
 #include "model/options.h"
 
+#include "model/code_page.h"
 #include "model/field_reader.h"
 #include "model/files.h"
 
@@ -57,8 +58,9 @@ std::string WorkingDirectoryField(const std::string &programDirectory) {
         return field;
     FieldReader reader = OpenOption(programDirectory, "WORKING.DIR");
     if (!reader.atEnd())
-        reader.read([&] { field = reader.text(Thing::Directory); });
-    return field;
+        reader.read([&] { field = reader.bytes(Thing::Directory); });
+    // a name of this system as it stands, else one of the code page
+    return DirectoryExists(LocalPath(field)) ? field : FromCodePage(field);
 }
 
 void ReadWorkingDirectory() {
@@ -72,19 +74,32 @@ namespace {
 // The records of VEKCARD.OPS: how many fields each has, and where two of them are kept.
 struct CardRecord {
     int fields;
-    bool isText;
-    Row<double, 5> *kept;
+    Row<double, 5> *kept = nullptr;
 };
 
 } // namespace
 
 void ReadCard() {
     const std::array<CardRecord, 19> records = {{
-        {1, true, nullptr},        {7, false, nullptr},  {5, false, nullptr},  {5, false, &BetonTablosu},
-        {5, false, &CelikTablosu}, {7, false, nullptr},  {10, false, nullptr}, {10, false, nullptr},
-        {11, false, nullptr},      {11, false, nullptr}, {12, false, nullptr}, {15, false, nullptr},
-        {12, false, nullptr},      {10, false, nullptr}, {7, false, nullptr},  {8, false, nullptr},
-        {12, false, nullptr},      {1, true, nullptr},   {1, true, nullptr},
+        {1},
+        {7},
+        {5},
+        {5, &BetonTablosu},
+        {5, &CelikTablosu},
+        {7},
+        {10},
+        {10},
+        {11},
+        {11},
+        {12},
+        {15},
+        {12},
+        {10},
+        {7},
+        {8},
+        {12},
+        {1},
+        {1},
     }};
     FieldReader reader = OpenOption(ProgramDizini, "VEKCARD.OPS");
     reader.read([&] {
@@ -94,13 +109,10 @@ void ReadCard() {
                 return;
             reader.enterRecord(Thing::CardRecord, ++no);
             for (int k = 1; k <= record.fields; ++k) {
-                if (record.isText) {
-                    reader.text(Thing::Text);
-                    continue;
-                }
-                const double value = reader.number(Thing::Value);
                 if (record.kept != nullptr)
-                    (*record.kept)[k] = value;
+                    (*record.kept)[k] = reader.number(Thing::Value);
+                else
+                    reader.text(Thing::Text); // whatever it is: nothing uses it
             }
         }
     });
@@ -117,7 +129,7 @@ void ReadDimensions() {
     if (!reader.atEnd())
         reader.read([&reader] {
             for (int k = 1; k <= 9; ++k)
-                reader.number(Thing::Value);
+                reader.text(Thing::Text); // nothing uses them
         });
 }
 
@@ -139,7 +151,7 @@ void ReadLoadFactors() {
         YukFaktorG = reader.number("YukFaktorG");
         YukFaktorP = reader.number("YukFaktorP");
         for (int k = 3; k <= 5; ++k)
-            reader.number(Thing::Value);
+            reader.text(Thing::Text); // nothing uses them
     });
 }
 
