@@ -3,6 +3,7 @@
 #include "model/field_reader.h"
 #include "model/files.h"
 #include "model/store.h"
+#include "model/write_file.h"
 #include "support.h"
 
 #include <cerrno>
@@ -81,9 +82,14 @@ TEST(Failure, BothSentencesArePrintedFromTheParts) {
          Subscript,
          "MeshTable(4) names node 9 outside 1..8",
          "TABLO SINIRI ASILDI: MeshTable(4): NOKTA(9) SINIR 1..8"},
-        {{.fault = Fault::NodeHeld, .where = {{Thing::Node, 5}}, .thing = Thing::Rhs, .number = -2, .bound = 4},
+        {{.fault = Fault::NodeHeld,
+          .where = {{Thing::Node, 5}},
+          .thing = Thing::Rhs,
+          .number = -2,
+          .first = 2,
+          .bound = 4},
          Subscript,
-         "Rhs(-2): node 5 is held against translation and 4 load columns are asked for; at most 2 go with it",
+         "Rhs(-2): node 5 is held against translation and 4 load columns are asked for; it goes with 2 at most",
          "TABLO SINIRI ASILDI: Rhs(-2): NOKTA 5 MESNETLI, YUK KOLONU 4, SINIR 2"},
         {{.fault = Fault::ProfileTooLong, .number = 900, .first = 7, .bound = 6},
          Subscript,

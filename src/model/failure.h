@@ -23,7 +23,8 @@ enum class Fault : std::uint8_t {
     // Subscript
     OutsideBounds, // thing, number, first, bound
     NamesOutside,  // number, first, bound: a mesh names a node that is none
-    NodeHeld,      // thing, number, bound: more load columns than a held node can take
+    NodeHeld,      // thing, number, bound load columns, first: how many a held node can take
+    NodeUnused,    // thing, number, bound load columns: a point load on a node of no active mesh
     JoinsTooMany,  // thing, number, first meshes, bound entries
     TooManyEquations,
     ProfileTooLong,  // number of equations, first: cells of the profile, bound
@@ -62,6 +63,10 @@ enum class Fault : std::uint8_t {
     CannotWrite,
     CannotRemove,
     CannotStart,
+    ReadOnly,
+    NoPlainFile,
+    AlreadyAnalysed, // number: the process that does
+    IsTheProject,
     NoPicture,
     NothingToDraw,
     NothingToExport,

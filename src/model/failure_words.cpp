@@ -174,8 +174,12 @@ Words SentenceOf(Fault fault) {
     case Fault::NamesOutside:
         return {"%P names node %n outside %f..%b", "%P: NOKTA(%n) SINIR %f..%b"};
     case Fault::NodeHeld:
-        return {"%t(%n): %P is held against translation and %b load columns are asked for; at most 2 go with it",
-                "%t(%n): %P MESNETLI, YUK KOLONU %b, SINIR 2"};
+        return {"%t(%n): %P is held against translation and %b load columns are asked for; it goes with %f at most",
+                "%t(%n): %P MESNETLI, YUK KOLONU %b, SINIR %f"};
+    case Fault::NodeUnused:
+        return {"%t(%n): %P has a point load and no active mesh uses it, and %b load columns are asked for; it goes "
+                "with 1 at most",
+                "%t(%n): %P YUKLU AMA HICBIR ACIK MESHTE DEGIL, YUK KOLONU %b"};
     case Fault::JoinsTooMany:
         return {"%P joins more than %f meshes: %t(%n) holds %b entries",
                 "%P NOKTASINDA BIRLESEN MESH SINIRI %f: %t(%n) SINIR %b KOMSU"};
@@ -246,6 +250,14 @@ Words SentenceOf(Fault fault) {
         return {"%x: cannot be removed%r", "%x: SILINEMEDI%r"};
     case Fault::CannotStart:
         return {"%x: cannot be started%r", "%x: BASLATILAMADI%r"};
+    case Fault::ReadOnly:
+        return {"%x: is read-only", "%x: YALNIZ OKUNUR"};
+    case Fault::NoPlainFile:
+        return {"%x: is no plain file", "%x: DUZ DOSYA DEGIL"};
+    case Fault::AlreadyAnalysed:
+        return {"%x: is being analysed by process %n", "%x: %n NUMARALI SUREC SIMDI COZUYOR"};
+    case Fault::IsTheProject:
+        return {"%x: is the project itself", "%x: PROJENIN KENDISI"};
     case Fault::NoPicture:
         return {"the picture cannot be made a PNG", "RESIM PNG YAPILAMADI"};
     case Fault::NothingToDraw:

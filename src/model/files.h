@@ -1,5 +1,5 @@
 // Paths and whole files. Paths of the program's own world ("C:\VEK9V12", "\WORKING.DIR") map to the local system here;
-// files are read whole and written beside their place, so that a failing write leaves the old file as it was.
+// files are read whole (write_file.h writes them).
 #pragma once
 
 #include <string>
@@ -22,8 +22,5 @@ std::string UpToFirstDot(const std::string &path);
 
 // The bytes of the file. A file that cannot be read, or is larger than any file of this program can be, is File.
 std::string ReadWholeFile(const std::string &path);
-
-// Writes beside the file, flushes to the disk and renames over it. Any failure is File and leaves the old file whole.
-void WriteWholeFile(const std::string &path, std::string_view bytes);
 
 } // namespace havuz

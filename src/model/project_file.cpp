@@ -8,6 +8,7 @@
 #include "model/parameters.h"
 #include "model/springs.h"
 #include "model/store.h"
+#include "model/write_file.h"
 
 namespace havuz {
 
@@ -318,6 +319,14 @@ std::string WithoutTrailingBlanks(std::string text) {
 
 } // namespace
 
+std::optional<std::string> TitleAsRead() {
+    const std::string nextLine = "1\r\n";
+    FieldReader reader("", ToCodePage(ProjeIsmi) + "\r\n" + nextLine);
+    const std::string title = reader.text("ProjeIsmi");
+    const bool whole = !reader.atEnd() && reader.bytes("ProjeIsmi") == "1" && reader.atEnd();
+    return whole ? std::optional(title) : std::nullopt;
+}
+
 std::string ProjectText() {
     Saver c;
     c.line(ToCodePage(ProjeIsmi)); // as it stands: a comma in it breaks the reading of the file, and is written
@@ -334,9 +343,11 @@ void SaveProject(const std::string &path, ProjectWindow &window) {
     SpringStiffness();
     if (WithoutTrailingBlanks(KartAdi).size() < 3 || KartAdi.find(".VK9") == std::string::npos)
         KartAdi = ".VK9";
-    WriteWholeFile(path, ProjectText());
+    WriteWholeFile(path, ProjectText(), Backup::Kept);
     ProjeYolu = UpToFirstDot(path);
     window.EnableAnalysis();
+    if (const std::optional<std::string> title = TitleAsRead(); title != ProjeIsmi)
+        window.TellTitle(title);
 }
 
 void LoadProject(const std::string &path, ProjectWindow &window) {

@@ -5,6 +5,7 @@
 
 #include "model/project_window.h"
 
+#include <optional>
 #include <string>
 
 namespace havuz {
@@ -15,9 +16,12 @@ namespace havuz {
 // each names path, line and field. Sets ProjeYolu (cut at the first "."), GorunusModu and the window's commands.
 void LoadProject(const std::string &path, ProjectWindow &window);
 
-// Rebuilds the springs and writes the file, replacing one that exists; a failing write leaves the old file whole. Sets
-// ProjeYolu.
+// Rebuilds the springs and writes the file, replacing one that exists, which becomes PATH~ unless it is the same; a
+// failing write leaves the old file whole. Sets ProjeYolu.
 void SaveProject(const std::string &path, ProjectWindow &window);
+
+// The title as the file gives it back: nothing when it breaks the reading of the whole file, as a comma does.
+std::optional<std::string> TitleAsRead();
 
 // The same bytes as text, for a comparison without a file.
 std::string ProjectText();

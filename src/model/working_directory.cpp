@@ -3,6 +3,7 @@
 #include "model/failure.h"
 #include "model/files.h"
 #include "model/options.h"
+#include "model/write_file.h"
 
 #include <filesystem>
 

@@ -1,0 +1,150 @@
+#include "model/temporary_files.h"
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <charconv>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <mutex>
+#include <string_view>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace havuz {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view kMark = ".tmp";
+
+// Read by a signal handler: plain memory, written before its mark is set. More files at once than any command has.
+struct Known {
+    std::atomic<bool> used = false;
+    std::array<char, 4096> path{};
+};
+std::array<Known, 32> known;
+std::mutex knownWrites;
+std::atomic<int> nextNumber = 1;
+std::atomic<int> delays = 0;
+std::atomic<int> waitingSignal = 0;
+
+void EndBy(int signal) {
+    RemoveTemporaries();
+    std::signal(signal, SIG_DFL);
+    raise(signal);
+}
+
+void OnSignal(int signal) {
+    if (delays > 0)
+        waitingSignal = signal;
+    else
+        EndBy(signal);
+}
+
+// The process in "NAME.tmpPID-N" when the text is such a name of the file, else 0.
+pid_t ProcessOf(std::string_view text, std::string_view file) {
+    if (text.substr(0, file.size()) != file || text.substr(file.size(), kMark.size()) != kMark)
+        return 0;
+    const char *at = text.data() + file.size() + kMark.size(), *const end = text.data() + text.size();
+    pid_t process = 0;
+    int number = 0;
+    const auto dash = std::from_chars(at, end, process);
+    if (dash.ec != std::errc() || dash.ptr == end || *dash.ptr != '-')
+        return 0;
+    const auto last = std::from_chars(dash.ptr + 1, end, number);
+    return last.ec == std::errc() && last.ptr == end ? process : 0;
+}
+
+// A file that another process still holds is not stale, whatever its number says here.
+void RemoveUnlessHeld(const std::string &path) {
+    const int channel = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (channel < 0)
+        return;
+    if (flock(channel, LOCK_EX | LOCK_NB) == 0)
+        unlink(path.c_str());
+    close(channel);
+}
+
+} // namespace
+
+void RememberTemporary(const std::string &path) {
+    const std::lock_guard lock(knownWrites);
+    for (Known &place : known)
+        if (!place.used && path.size() < place.path.size()) {
+            std::memcpy(place.path.data(), path.c_str(), path.size() + 1);
+            place.used = true;
+            return;
+        }
+}
+
+void ForgetTemporary(const std::string &path) {
+    const std::lock_guard lock(knownWrites);
+    for (Known &place : known)
+        if (place.used && path == place.path.data())
+            place.used = false;
+}
+
+void RemoveTemporaries() {
+    for (const Known &place : known)
+        if (place.used)
+            unlink(place.path.data());
+}
+
+std::string TemporaryName(const std::string &target) {
+    std::string name = target;
+    name += std::string(kMark) + std::to_string(getpid()) + "-" + std::to_string(nextNumber++);
+    RememberTemporary(name);
+    return name;
+}
+
+TemporaryFile MakeTemporary(const std::string &target) {
+    for (;;) { // a dead process of the same number may have left the name
+        TemporaryFile made{TemporaryName(target), -1};
+        made.channel = open(made.path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        if (made.channel >= 0) {
+            flock(made.channel, LOCK_EX | LOCK_NB);
+            return made;
+        }
+        const int reason = errno;
+        ForgetTemporary(made.path);
+        errno = reason;
+        if (reason != EEXIST)
+            return made;
+    }
+}
+
+void SweepTemporaries(const std::string &target) {
+    const fs::path wanted(target);
+    const fs::path directory = wanted.has_parent_path() ? wanted.parent_path() : fs::path(".");
+    const std::string file = wanted.filename().string();
+    std::error_code error;
+    for (fs::directory_iterator it(directory, error), end; !error && it != end; it.increment(error)) {
+        const pid_t process = ProcessOf(it->path().filename().string(), file);
+        if (process > 0 && kill(process, 0) != 0 && errno == ESRCH)
+            RemoveUnlessHeld(it->path().string());
+    }
+}
+
+void RemoveTemporariesAtSignals() {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction action = {}, before = {};
+        action.sa_handler = OnSignal;
+        sigemptyset(&action.sa_mask);
+        if (sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN) // nohup stays
+            sigaction(signal, &action, nullptr);
+    }
+}
+
+SignalDelay::SignalDelay() { ++delays; }
+
+SignalDelay::~SignalDelay() {
+    if (--delays == 0)
+        if (const int signal = waitingSignal.exchange(0); signal != 0)
+            EndBy(signal);
+}
+
+} // namespace havuz
