@@ -10,7 +10,6 @@ namespace havuz {
 
 void RunInto(const TemporaryFolder &folder, RunWindow &window) {
     ResetSystem();
-    window.scratch = folder.file("STIF001");
     try {
         AnalysisRun({folder.file("A"), folder.file("WORKPOOL"), "report"}, window);
     } catch (const ProgramEnd &) { // the end of a run that went well

@@ -11,10 +11,9 @@ namespace havuz {
 
 // What a run asked of its window.
 struct RunWindow : AnalysisWindow {
-    std::string ScratchFile() const override { return scratch; }
     void TextLine(int, const std::string &text) override { lines += text + "\n"; }
     void StartProgram(const std::string &command, const std::string &path) override { started = command + " " + path; }
-    std::string scratch, lines, started;
+    std::string lines, started;
 };
 
 struct RunResults {

@@ -197,6 +197,27 @@ TEST(Analysis, FilesOfARun) {
         EXPECT_EQ(son.substr(column * 96, 96), std::string(96, '\0'));
 }
 
+TEST(Analysis, AFailingRunLeavesTheFilesOfTheRunBefore) {
+    Slab(0, 2, 2, 2, 2, 30, 1);
+    const TemporaryFolder folder;
+    RunWindow window;
+    RunInto(folder, window);
+    const auto files = [&folder] {
+        std::string all;
+        for (const char *name : {"A.DEP", "A.SON", "A.HSP", "WORKPOOL"})
+            all += ReadBytes(folder.file(name)) + "|";
+        return all;
+    };
+    const std::string before = files();
+    MeshTable[3].N2 = 99;
+    EXPECT_TRUE(FailureOf([&] { RunInto(folder, window); }).failed);
+    EXPECT_EQ(files(), before);
+    int names = 0;
+    for (const auto &entry : std::filesystem::directory_iterator(folder.path()))
+        names += entry.path().empty() ? 0 : 1;
+    EXPECT_EQ(names, 4); // no lock, nothing beside
+}
+
 TEST(Analysis, AModelWithoutActiveMeshesStillWritesItsFiles) {
     Slab(0, 2, 2, 2, 2, 30, 1);
     for (int i = 1; i <= MeshCount; ++i)

@@ -146,7 +146,6 @@ TEST(QuadPlate, ARunUsesTheRectangularElement) {
         BuildPlate(4, Supported, Regular);
         TemporaryFolder folder;
         RunWindow window;
-        window.scratch = folder.file("STIF001");
         ElementSwitch = element;
         const AnalysisPaths paths{folder.file("plate"), folder.file("WORKPOOL"), ""};
         EXPECT_THROW(AnalysisRun(paths, window), ProgramEnd);

@@ -26,8 +26,7 @@ namespace {
 // The three sizes on standard output, as the window shows them; the progress as a bar on a terminal.
 class ShellAnalysisWindow : public AnalysisWindow {
 public:
-    ShellAnalysisWindow(std::string scratch, bool quiet)
-        : scratch_(std::move(scratch)), bar_(!quiet && isatty(STDERR_FILENO) != 0), quiet_(quiet) {}
+    explicit ShellAnalysisWindow(bool quiet) : bar_(!quiet && isatty(STDERR_FILENO) != 0), quiet_(quiet) {}
     ~ShellAnalysisWindow() override {
         if (bar_)
             std::cerr << "\r\033[K";
@@ -44,7 +43,6 @@ public:
         else if (!quiet_)
             std::cerr << text << "\n";
     }
-    std::string ScratchFile() const override { return scratch_ + "/STIF001"; }
     void StartProgram(const std::string &command, const std::string &projectPath) override {
         std::string script = command + " \"$1\"";
         std::string path = projectPath;
@@ -58,7 +56,6 @@ public:
     }
 
 private:
-    std::string scratch_;
     bool bar_, quiet_;
 };
 
@@ -109,9 +106,8 @@ void RunProject(const std::string &file, const std::string &outputProgram, bool 
     OpenProject(file);
     if (MeshCount == 0)
         std::cerr << file << ": the model has no mesh, the result files stay empty; havuz-cli mesh makes one\n";
-    const ScratchFolder scratch;
     try {
-        ShellAnalysisWindow window(scratch.path(), quiet);
+        ShellAnalysisWindow window(quiet);
         AnalysisRun({ProjeYolu, CalismaDizini + "/WORKPOOL", outputProgram}, window);
     } catch (const ProgramEnd &) { // the end of a run that went well
     }

@@ -9,33 +9,21 @@
 #include "fea/progress_bar.h"
 #include "fea/record_file.h"
 #include "fea/result_pass.h"
+#include "fea/scratch_file.h"
 #include "fea/system.h"
 #include "model/analysed_project.h"
 #include "model/code_page.h"
-#include "model/files.h"
+#include "model/project_lock.h"
 #include "model/store.h"
+#include "model/write_file.h"
 
-#include <cstdio>
+#include <memory>
 
 namespace havuz {
 
 double ConcreteE(double fck) { return fck < 170.0 ? 2700000.0 : fck < 250.0 ? 2850000.0 : 3000000.0; }
 
 namespace {
-
-// STIF001 of one run; it goes with the run, also with one that fails.
-class ScratchFile {
-public:
-    explicit ScratchFile(std::string path) : path_(std::move(path)), records_(path_, sizeof(ElementRecord)) {}
-    ~ScratchFile() { std::remove(path_.c_str()); }
-    ScratchFile(const ScratchFile &) = delete;
-    ScratchFile &operator=(const ScratchFile &) = delete;
-    RecordFile &records() { return records_; }
-
-private:
-    std::string path_;
-    RecordFile records_;
-};
 
 void PrepareScreen(AnalysisWindow &window) {
     window.ClearSurface();
@@ -62,6 +50,30 @@ void SolveSystem(double E, RecordFile &stif, AnalysisWindow &window) {
     window.ShowProgLab(true);
 }
 
+// Each file is written beside its place; all of them take it together, or the run before keeps its own.
+void WriteResults(const AnalysisPaths &paths, double E, AnalysisWindow &window) {
+    const ProjectLock lock(paths.project);
+    BesideFile son(paths.project + ".SON", Special::Refused), dep(paths.project + ".DEP", Special::Refused);
+    BesideFile hsp(paths.project + ".HSP", Special::Refused), handOver(paths.handOver, Special::Refused);
+    {
+        const std::unique_ptr<RecordFile> stif = OpenScratchFile();
+        RecordFile sonRecords(son.path(), sizeof(SonRecord), RecordFile::ReadWrite, son.target());
+        RecordFile depRecords(dep.path(), sizeof(DepRecord), RecordFile::ReadWrite, dep.target());
+        BuildEquations(window);
+        SolveSystem(E, *stif, window);
+        WriteDisplacements(depRecords);
+        ElementSwitch = 0;
+        StressPass(E, sonRecords);
+        window.ShowProgressPicture(false);
+        window.ShowProgLab(false);
+    }
+    son.keepTail(); // of a larger model before: wanted
+    dep.keepTail();
+    hsp.write(AnalysedText());
+    handOver.write(ToCodePage(paths.project) + "\r\n");
+    ReplaceTogether({&dep, &son, &hsp, &handOver});
+}
+
 } // namespace
 
 void AnalysisRun(const AnalysisPaths &paths, AnalysisWindow &window) {
@@ -69,20 +81,7 @@ void AnalysisRun(const AnalysisPaths &paths, AnalysisWindow &window) {
     const double E = ConcreteE(Fck);
     FillPlaneD(E, PoissonRatio);
     ElementSwitch = 0;
-    {
-        ScratchFile stif(window.ScratchFile());
-        RecordFile son(paths.project + ".SON", sizeof(SonRecord));
-        RecordFile dep(paths.project + ".DEP", sizeof(DepRecord));
-        BuildEquations(window);
-        SolveSystem(E, stif.records(), window);
-        WriteDisplacements(dep);
-        ElementSwitch = 0;
-        StressPass(E, son);
-        window.ShowProgressPicture(false);
-        window.ShowProgLab(false);
-        WriteWholeFile(paths.project + ".HSP", AnalysedText());
-        WriteWholeFile(paths.handOver, ToCodePage(paths.project) + "\r\n");
-    }
+    WriteResults(paths, E, window);
     if (!paths.outputProgram.empty())
         window.StartProgram(paths.outputProgram, paths.project);
     window.EndProgram();

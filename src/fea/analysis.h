@@ -19,10 +19,11 @@ struct AnalysisPaths {
     std::string outputProgram; // command to start with the project path at the end; empty: none
 };
 
-// Runs the analysis of the model and ends the program through the window: it does not return. Writes project.DEP and
-// project.SON, then the model that they belong to as project.HSP and the hand-over file, and starts the output program;
-// STIF001 is deleted. The records of nodes keep their equation numbers, those of meshes their section data. Any
-// RuntimeFailure comes out as it is, the result files left half written and the output program not started.
+// Runs the analysis of the model and ends the program through the window: it does not return. project.DEP, project.SON,
+// the model that they belong to as project.HSP and the hand-over file are written beside their places and take them
+// together; then it starts the output program. The records of nodes keep their equation numbers, those of meshes their
+// section data. Any RuntimeFailure comes out as it is: the files of the run before stand, the output program is not
+// started. File: another process analyses the project.
 [[noreturn]] void AnalysisRun(const AnalysisPaths &paths, AnalysisWindow &window);
 
 } // namespace havuz

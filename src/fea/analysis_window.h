@@ -1,5 +1,5 @@
-// What the analysis asks of the program around it: progress, the picture of the profile, text lines, the scratch
-// folder, the output program and the end. The base does nothing, for runs without a screen.
+// What the analysis asks of the program around it: progress, the picture of the profile, text lines, the output
+// program and the end. The base does nothing, for runs without a screen.
 #pragma once
 
 #include "model/failure.h"
@@ -35,7 +35,6 @@ public:
     // a line of text at the left margin of the surface, at this height
     virtual void TextLine(int /*height*/, const std::string & /*text*/) {}
 
-    virtual std::string ScratchFile() const { return "STIF001"; } // in the current directory
     // without waiting for it
     virtual void StartProgram(const std::string & /*command*/, const std::string & /*projectPath*/) {}
     [[noreturn]] virtual void EndProgram() { throw ProgramEnd{0}; }

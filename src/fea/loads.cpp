@@ -17,11 +17,12 @@ enum Slot { kUx = 1, kUy = 2, kUz = 3 };
 // array for any other.
 void AddToRhs(int node, Slot slot, int c, double value) {
     const int at = RhsIndex(NoktaTable[node].Denklem[slot], c);
-    if (at < 0)
-        throw RuntimeFailure({.fault = Fault::NodeHeld,
+    if (at < 0) // column 1 holds the point loads, the columns behind it the pressures
+        throw RuntimeFailure({.fault = (NoktaTable[node].Mesnet & 4) != 0 ? Fault::NodeHeld : Fault::NodeUnused,
                               .where = {{Thing::Node, node}},
                               .thing = Thing::Rhs,
                               .number = at,
+                              .first = c == 1 ? 1 : 2,
                               .bound = YukSayisi});
     Rhs[at] = static_cast<float>(static_cast<double>(Rhs[at]) + value);
 }

@@ -10,8 +10,8 @@
 
 namespace havuz {
 
-RecordFile::RecordFile(const std::string &path, std::size_t length, Access access)
-    : path_(path), length_(length),
+RecordFile::RecordFile(const std::string &path, std::size_t length, Access access, const std::string &shown)
+    : path_(shown.empty() ? path : shown), length_(length),
       channel_(open(path.c_str(), access == ReadOnly ? O_RDONLY : O_RDWR | O_CREAT, 0666)) {
     if (channel_ < 0)
         FailFile(Fault::CannotOpen, path_, errno);

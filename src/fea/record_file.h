@@ -17,7 +17,8 @@ class RecordFile {
 public:
     enum Access { ReadOnly, ReadWrite };
     // ReadWrite makes a missing file and keeps the bytes of one that exists. A file that cannot be opened is File.
-    RecordFile(const std::string &path, std::size_t length, Access access = ReadWrite);
+    // shown: its name in failures, when it is not the path.
+    RecordFile(const std::string &path, std::size_t length, Access access = ReadWrite, const std::string &shown = "");
     ~RecordFile();
     RecordFile(const RecordFile &) = delete;
     RecordFile &operator=(const RecordFile &) = delete;

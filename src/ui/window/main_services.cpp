@@ -85,6 +85,11 @@ void MainWindow::EnableResults(bool enabled) {
 
 void MainWindow::TellOlderResults() { Prompt("SONUCLAR ESKI BIR MODELIN: FEA ANALIZI YENILER"); }
 
+void MainWindow::TellTitle(const std::optional<std::string> &asRead) {
+    Prompt(asRead ? "PROJE ISMI BOYLE OKUNACAK: " + *asRead
+                  : "PROJE ISMINDEKI VIRGUL YA DA TIRNAK YUZUNDEN DOSYA GERI OKUNAMAZ");
+}
+
 void MainWindow::ShowViewPicture(int gorunusModu) { window.SetPicture(kPlateMeshTool, gorunusModu == 1 ? 4 : 5); }
 
 // Views
@@ -184,8 +189,6 @@ void MainWindow::TextLine(int height, const std::string &text) {
     scr().Text(0, height, text);
     scr().Refresh();
 }
-
-std::string MainWindow::ScratchFile() const { return AnalysisWindow::ScratchFile(); }
 
 void MainWindow::StartProgram(const std::string &command, const std::string &projectPath) {
     window.StartProgram(command, projectPath);

@@ -64,6 +64,7 @@ public:
     void EnableAnalysis() override;
     void EnableResults(bool enabled) override;
     void ShowViewPicture(int gorunusModu) override;
+    void TellTitle(const std::optional<std::string> &asRead) override;
     void ShowFrame(int index, bool visible) override;
     void EnablePlateTool(int index, bool enabled) override;
     bool ResultChosen(int index) override;
@@ -99,7 +100,6 @@ public:
     void Point(double x, double y, int colour) override;
     bool DrawsProfile() const override { return true; }
     void TextLine(int height, const std::string &text) override;
-    std::string ScratchFile() const override;
     void StartProgram(const std::string &command, const std::string &projectPath) override;
     [[noreturn]] void EndProgram() override;
     void ReadPoolForm() override; // the boxes of POOLlib into the parameters

@@ -4,6 +4,7 @@
 #include "model/options.h"
 #include "model/project_file.h"
 #include "model/store.h"
+#include "model/write_file.h"
 
 #include <array>
 #include <filesystem>
