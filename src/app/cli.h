@@ -21,6 +21,9 @@ class UsageError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+// A mesh width given on the command line, m. Not finite or out of reason: UsageError.
+double CheckedMeshWidth(double width);
+
 void AddPoolCommand(CLI::App &parser, Job &job);
 void AddPolygonCommand(CLI::App &parser, Job &job);
 void AddMeshCommand(CLI::App &parser, Job &job);

@@ -13,11 +13,11 @@ namespace havuz {
 static void CutProject(const std::string &file, const std::string &out, const CutLine &line, const double *width) {
     OpenProject(file);
     if (width != nullptr)
-        MeshGenisligi = *width;
+        MeshGenisligi = CheckedMeshWidth(*width);
     MeshWindow none;
     int degisti = 0;
     PlakKes(line, degisti, none);
-    StoreProject(out.empty() ? file : out);
+    StoreProject(SaveTarget(file, out));
     if (degisti == 0)
         std::cerr << "the line cuts no plate\n";
 }

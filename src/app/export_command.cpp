@@ -9,8 +9,8 @@
 #include "export/staad.h"
 #include "export/staad_pro.h"
 #include "model/failure.h"
-#include "model/files.h"
 #include "model/store.h"
+#include "model/write_file.h"
 
 #include <array>
 #include <iostream>
@@ -57,6 +57,7 @@ void ExportProject(const ExportOptions &o) {
     if (o.literal && shells == nullptr)
         throw UsageError("--literal is for calculix, staadpro and s2k; " + o.format + " has the run's model always");
     OpenProject(o.file);
+    RefuseProjectAsTarget(o.file, o.out);
     if (!o.name.empty())
         ProjeAdi = o.name;
     if (NothingToExport())

@@ -4,7 +4,8 @@
 
 #include <array>
 #include <charconv>
-#include <cstdio>
+#include <cmath>
+#include <nlohmann/json.hpp>
 #include <ostream>
 
 namespace havuz {
@@ -49,26 +50,17 @@ std::string Text(const FactValue &value) {
 }
 
 std::string JsonNumber(double value) {
+    if (!std::isfinite(value))
+        return "null";
     std::array<char, 32> text{};
     const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
     return {text.data(), end};
 }
 
+// A path may hold bytes that are no UTF-8: they become U+FFFD.
 std::string JsonString(const std::string &text) {
-    std::string quoted = "\"";
-    for (const char c : text) {
-        if (c == '"' || c == '\\') {
-            quoted += '\\';
-            quoted += c;
-        } else if (static_cast<unsigned char>(c) < 0x20) {
-            std::array<char, 8> escape{};
-            std::snprintf(escape.data(), escape.size(), "\\u%04x", static_cast<unsigned>(c));
-            quoted += escape.data();
-        } else {
-            quoted += c;
-        }
-    }
-    return quoted + "\"";
+    using nlohmann::json;
+    return json(text).dump(-1, ' ', false, json::error_handler_t::replace);
 }
 
 template <class Element, class Convert>

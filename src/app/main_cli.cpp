@@ -2,6 +2,7 @@
 // standard error; a failure is one line and status 1, wrong usage is status 2.
 #include "app/cli.h"
 #include "model/failure.h"
+#include "model/temporary_files.h"
 
 #include <array>
 #include <cstdio>
@@ -36,7 +37,8 @@ static int RunJob(const Job &job) {
             return Fail("standard output: cannot be written", 1);
         return 0;
     } catch (const RuntimeFailure &failure) {
-        return Fail(WithFile(job.file, failure.what()), 1);
+        const bool namesAnother = failure.parts().inFile.has_value(); // the project itself, or an option file
+        return Fail(namesAnother ? failure.what() : WithFile(job.file, failure.what()), 1);
     } catch (const UsageError &error) {
         return Fail(error.what(), 2);
     } catch (const ProgramEnd &end) {
@@ -47,6 +49,7 @@ static int RunJob(const Job &job) {
 }
 
 static int Main(int argc, char **argv) {
+    RemoveTemporariesAtSignals();
     CLI::App parser("Pools and tanks of reinforced concrete: made, meshed, analysed.", "havuz-cli");
     parser.set_version_flag("--version", "havuz-cli " HAVUZ_VERSION);
     parser.require_subcommand(1);

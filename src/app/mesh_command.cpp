@@ -18,13 +18,20 @@ static void PrintMeshReport() {
         std::cerr << "  " << warning << "\n";
 }
 
+double CheckedMeshWidth(double width) {
+    constexpr double kLeastMeshWidth = 0.001, kLargestMeshWidth = 1000.0;
+    if (!(width >= kLeastMeshWidth && width <= kLargestMeshWidth))
+        throw UsageError("--mesh-width: a mesh is 0.001 to 1000 m wide");
+    return width;
+}
+
 static void MeshProject(const std::string &file, const std::string &out, const double *width) {
     OpenProject(file);
     if (width != nullptr)
-        MeshGenisligi = *width;
+        MeshGenisligi = CheckedMeshWidth(*width);
     MeshWindow none;
     AutoMesh(none);
-    StoreProject(out.empty() ? file : out);
+    StoreProject(SaveTarget(file, out));
     PrintMeshReport();
 }
 

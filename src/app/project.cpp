@@ -7,6 +7,7 @@
 #include "model/store.h"
 
 #include <filesystem>
+#include <iostream>
 
 namespace havuz {
 
@@ -41,14 +42,42 @@ void OpenProject(const std::string &path) {
     TakeProjectPaths(found);
 }
 
+namespace {
+
+// What a save without a window has to tell, on standard error.
+class ShellProjectWindow : public ProjectWindow {
+public:
+    explicit ShellProjectWindow(std::string path) : path_(std::move(path)) {}
+    void TellTitle(const std::optional<std::string> &asRead) override {
+        if (asRead)
+            std::cerr << path_ << ": the title will be read as \"" << *asRead << "\"\n";
+        else
+            std::cerr << path_ << ": the title breaks the file, which cannot be read again: take the comma or quote "
+                      << "out of it (set ProjeIsmi=...)\n";
+    }
+
+private:
+    std::string path_;
+};
+
+} // namespace
+
 void StoreProject(const std::string &path) {
-    ProjectWindow none;
-    StoreProject(path, none);
+    ShellProjectWindow window(path);
+    StoreProject(path, window);
 }
 
 void StoreProject(const std::string &path, ProjectWindow &window) {
-    SaveProject(FindFile(path), window);
+    SaveProject(path, window);
     TakeProjectPaths(path);
+}
+
+std::string SaveTarget(const std::string &file, const std::string &out) { return out.empty() ? FindFile(file) : out; }
+
+void RefuseProjectAsTarget(const std::string &project, const std::string &out) {
+    std::error_code error;
+    if (fs::equivalent(FindFile(project), out, error))
+        FailFile(Fault::IsTheProject, out, 0);
 }
 
 } // namespace havuz

@@ -24,6 +24,13 @@ void TakeProjectPaths(const std::string &path);
 void StoreProject(const std::string &path);
 void StoreProject(const std::string &path, ProjectWindow &window);
 
+// Where a command that changes a project saves it: out as it is written, else the file that was read, found whatever
+// the case of its name.
+std::string SaveTarget(const std::string &file, const std::string &out);
+
+// A picture or an export over the project that it shows is File; also by a link.
+void RefuseProjectAsTarget(const std::string &project, const std::string &out);
+
 // Full path of a project file without its extension: a "." in a directory name does no harm here.
 std::string ProjectStem(const std::string &path);
 

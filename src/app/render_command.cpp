@@ -3,10 +3,10 @@
 #include "app/cli.h"
 #include "app/designed_project.h"
 #include "app/project.h"
-#include "model/files.h"
 #include "model/number_text.h"
 #include "model/options.h"
 #include "model/store.h"
+#include "model/write_file.h"
 #include "report/chapters.h"
 #include "report/pictures.h"
 #include "ui/qt/raster_surface.h"
@@ -106,6 +106,7 @@ void RenderResult(const RenderOptions &o) {
 
 void Render(const RenderOptions &o) {
     OpenProject(o.file);
+    RefuseProjectAsTarget(o.file, o.out);
     ResetView();
     IsoView = o.plan ? 0 : 1;
     TakeAngles(o.angles);

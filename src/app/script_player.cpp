@@ -4,8 +4,8 @@
 #include "app/project.h"
 #include "app/script_queries.h"
 #include "model/failure.h"
-#include "model/files.h"
 #include "model/store.h"
+#include "model/write_file.h"
 #include "view/projection.h"
 
 #include <algorithm>

@@ -18,7 +18,7 @@ static void SetValues(const std::string &file, const std::string &out, const std
         if (a.name == "MeshGenisligi")
             std::cerr << "MeshGenisligi is not kept in a project file; give it to mesh as --mesh-width\n";
     }
-    StoreProject(out.empty() ? file : out);
+    StoreProject(SaveTarget(file, out));
 }
 
 void AddSetCommand(CLI::App &parser, Job &job) {

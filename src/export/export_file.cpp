@@ -2,9 +2,9 @@
 
 #include "model/code_page.h"
 #include "model/failure.h"
-#include "model/files.h"
 #include "model/options.h"
 #include "model/store.h"
+#include "model/write_file.h"
 
 namespace havuz {
 
@@ -27,7 +27,11 @@ void AddLine(std::string &text, std::string_view line) {
 
 bool NothingToExport() { return NoktaCount == 0 || MeshCount == 0; }
 
-void WriteExport(const std::string &path, ExportText text) { WriteWholeFile(path, ToCodePage(text())); }
+void WriteExport(const std::string &path, ExportText text) {
+    BesideFile file(path); // opened before the text rounds the model
+    file.write(ToCodePage(text()));
+    file.replaceTarget();
+}
 
 void RunExport(FileDialog &dialog, const char *title, ExportText text) {
     if (NothingToExport())
