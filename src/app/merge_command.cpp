@@ -2,6 +2,7 @@
 #include "app/cli.h"
 #include "app/variants_results.h"
 #include "model/files.h"
+#include "model/write_file.h"
 #include "report/csv_table.h"
 #include "report/lightest.h"
 

@@ -1,6 +1,7 @@
 // havuz-cli plot: one clear picture of a table of variants.
 #include "app/cli.h"
 #include "model/files.h"
+#include "model/write_file.h"
 #include "report/svg_plot.h"
 
 #include <memory>

@@ -5,6 +5,7 @@
 #include "fea/result_summary.h"
 #include "model/files.h"
 #include "model/store.h"
+#include "model/write_file.h"
 #include "report/report.h"
 #include "report/sha256.h"
 #include "ui/qt/report_paper.h"

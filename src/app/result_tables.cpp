@@ -2,6 +2,7 @@
 
 #include "model/failure.h"
 #include "model/files.h"
+#include "model/write_file.h"
 
 #include <filesystem>
 

@@ -5,6 +5,7 @@
 #include "app/result_tables.h"
 #include "design/vtk_file.h"
 #include "model/files.h"
+#include "model/write_file.h"
 
 #include <memory>
 

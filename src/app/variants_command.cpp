@@ -14,6 +14,7 @@
 #include "model/files.h"
 #include "model/options.h"
 #include "model/project_file.h"
+#include "model/write_file.h"
 #include "report/csv_table.h"
 #include "report/lightest.h"
 #include "report/sweep.h"

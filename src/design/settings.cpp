@@ -3,6 +3,7 @@
 #include "design/failure.h"
 #include "model/failure.h"
 #include "model/files.h"
+#include "model/write_file.h"
 
 #include <array>
 #include <cmath>
