@@ -11,8 +11,6 @@ double StripDivisions() {
     return c < 1.0 ? 1.0 : c;
 }
 
-double PanelDeadLoad(double t) { return (t / 100.0) * 2.5; }
-
 static void SetViewAngles(double a, double b) {
     ViewAngleA = a / 180.0 * kPi;
     ViewAngleB = b / 180.0 * kPi;
