@@ -89,7 +89,7 @@ private:
     }
 };
 
-const SteelRow &Row(const std::vector<SteelRow> &rows, int panel, Zone zone, int direction, Face face) {
+const SteelRow &RowOf(const std::vector<SteelRow> &rows, int panel, Zone zone, int direction, Face face) {
     const auto found = std::find_if(rows.begin(), rows.end(), [&](const SteelRow &r) {
         return r.panel == panel && r.zone == zone && r.direction == direction && r.face == face;
     });
@@ -224,7 +224,7 @@ TEST(DesignSteel, DemandOfOneCornerReachesItsRow) {
     results[PlaceOf(basis, "test")].meshes[32 + 4][2].M22 = -9.0;
     results[PlaceOf(basis, "test-u")].meshes[32 + 4][0].M22 = -9.0;
     const std::vector<SteelRow> rows = DesignSteel(box.tank, basis, results);
-    const SteelRow &outer = Row(rows, 2, Zone::Foot, 2, Face::Outer);
+    const SteelRow &outer = RowOf(rows, 2, Zone::Foot, 2, Face::Outer);
     EXPECT_NEAR(outer.layer.governs.M, 3.5, 1e-12);
     EXPECT_NEAR(outer.layer.governs.N, 5.0, 1e-12);
     EXPECT_EQ(outer.layer.governs.mesh, 36);
@@ -234,11 +234,11 @@ TEST(DesignSteel, DemandOfOneCornerReachesItsRow) {
     // The crack is that of the service combination: M* 9.
     EXPECT_NEAR(outer.layer.crackPlace.M, 9.0, 1e-12);
     // Inner face: M22 turns, direction 2 asks for N alone; direction 1 for Wood's rest .5^2/3.
-    EXPECT_NEAR(Row(rows, 2, Zone::Foot, 2, Face::Inner).layer.governs.M, 0.0, 1e-12);
-    EXPECT_NEAR(Row(rows, 2, Zone::Span, 1, Face::Inner).layer.governs.M, .25 / 3.0, 1e-12);
+    EXPECT_NEAR(RowOf(rows, 2, Zone::Foot, 2, Face::Inner).layer.governs.M, 0.0, 1e-12);
+    EXPECT_NEAR(RowOf(rows, 2, Zone::Span, 1, Face::Inner).layer.governs.M, .25 / 3.0, 1e-12);
     // Head on wall 2: 1.8 m on 30 cm; on the floor 1.4 m on 40 cm is below 5 thicknesses.
     EXPECT_NEAR(outer.crackLimit, CrackLimit(1.8, 30.0), 1e-12);
-    EXPECT_NEAR(Row(rows, 1, Zone::Span, 1, Face::Inner).crackLimit, .20, 1e-12);
+    EXPECT_NEAR(RowOf(rows, 1, Zone::Span, 1, Face::Inner).crackLimit, .20, 1e-12);
 }
 
 // Q2 falls from 10 at the foot to 6 at .5 m; d = 30 - 4 - .5 = 25.5 cm: Q = 10 - 4 * .255/.5 = 7.96 t/m. M22 is
@@ -254,12 +254,12 @@ TEST(DesignSteel, ShearIsTakenOneEffectiveDepthFromTheSupport) {
     for (const std::size_t corner : {3U, 4U})
         mesh[corner].Q2 = -6.0, mesh[corner].M22 = -1.0;
     std::vector<SteelRow> rows = DesignSteel(box.tank, basis, results);
-    EXPECT_NEAR(Row(rows, 2, Zone::Foot, 2, Face::Outer).shear.V, 7.96, 1e-9);
-    EXPECT_EQ(Row(rows, 2, Zone::Foot, 2, Face::Inner).shear.V, 0.0);
+    EXPECT_NEAR(RowOf(rows, 2, Zone::Foot, 2, Face::Outer).shear.V, 7.96, 1e-9);
+    EXPECT_EQ(RowOf(rows, 2, Zone::Foot, 2, Face::Inner).shear.V, 0.0);
     for (cons::ShellResult &r : mesh)
         r.M22 = -r.M22;
     rows = DesignSteel(box.tank, basis, results);
-    EXPECT_NEAR(Row(rows, 2, Zone::Foot, 2, Face::Inner).shear.V, 7.96, 1e-9);
+    EXPECT_NEAR(RowOf(rows, 2, Zone::Foot, 2, Face::Inner).shear.V, 7.96, 1e-9);
 }
 
 // 30 t/m is too much for 30 cm: the row is not met and names the thickness that would be; elastic: VRd is divided
@@ -274,12 +274,12 @@ TEST(DesignSteel, TooMuchIsNotMetAndNamesTheThickness) {
         return DesignSteel(box.tank, basis, results);
     };
     const auto strength = rowsOf(DesignMethod::Strength, "test-u");
-    const SteelRow &row = Row(strength, 2, Zone::Span, 2, Face::Inner);
+    const SteelRow &row = RowOf(strength, 2, Zone::Span, 2, Face::Inner);
     EXPECT_FALSE(row.shearMet());
     EXPECT_FALSE(row.met());
     EXPECT_GT(row.thickerForShear, 60.0);
     const auto elastic = rowsOf(DesignMethod::Elastic, "test");
-    const SteelRow &service = Row(elastic, 2, Zone::Span, 2, Face::Inner);
+    const SteelRow &service = RowOf(elastic, 2, Zone::Span, 2, Face::Inner);
     EXPECT_NEAR(service.shear.allowed, service.shear.strength.vrd / 1.5, 1e-12);
     EXPECT_GT(service.thickerForShear, row.thickerForShear);
 }

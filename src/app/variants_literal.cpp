@@ -15,19 +15,10 @@ namespace havuz {
 
 namespace {
 
-class QuietWindow : public AnalysisWindow {
-public:
-    explicit QuietWindow(std::string scratch) : scratch_(std::move(scratch)) {}
-    std::string ScratchFile() const override { return scratch_; }
-
-private:
-    std::string scratch_;
-};
-
 void Analyse(const std::string &folder) {
-    QuietWindow window(folder + "/STIF001");
+    AnalysisWindow quiet;
     try {
-        AnalysisRun({folder + "/P", folder + "/WORKPOOL", ""}, window);
+        AnalysisRun({folder + "/P", folder + "/WORKPOOL", ""}, quiet);
     } catch (const ProgramEnd &) { // the end of a run that went well
     }
 }

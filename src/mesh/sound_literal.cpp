@@ -18,15 +18,13 @@ constexpr double kTooManySteps = 120; // of a side: nothing that the tables of o
 class KeptTables {
 public:
     KeptTables()
-        : nodes_(NoktaTable), meshes_(MeshTable), hits_(StoredHits), nodeCount_(NoktaCount), meshCount_(MeshCount),
-          width_(MeshGenisligi) {}
+        : nodes_(NoktaTable), meshes_(MeshTable), hits_(StoredHits), nodeCount_(NoktaCount), meshCount_(MeshCount) {}
     ~KeptTables() {
         NoktaTable = nodes_;
         MeshTable = meshes_;
         StoredHits = hits_;
         NoktaCount = nodeCount_;
         MeshCount = meshCount_;
-        MeshGenisligi = width_;
     }
     KeptTables(const KeptTables &) = delete;
     KeptTables &operator=(const KeptTables &) = delete;
@@ -36,7 +34,6 @@ private:
     Table<MeshRecord, kMeshCapacity> meshes_;
     std::array<PlanPoint, 5> hits_;
     int nodeCount_, meshCount_;
-    double width_;
 };
 
 bool PlainRectangle(const Part &part, double width) {
@@ -116,14 +113,13 @@ void TakeLiteralGrids(Model &model, const Wish &wish) {
                                         [&](const Part &part) { return PlainRectangle(part, wish.width); }))
         return;
     const KeptTables kept;
-    MeshGenisligi = wish.width;
     for (Part &part : model.part) {
         if (!PlainRectangle(part, wish.width))
             continue;
         NoktaCount = MeshCount = 0;
         ResetPlakMesh(); // what an earlier plate left would tell on this one
         try {
-            PlakMeshle(OwnerPlate(part.owner));
+            PlakMeshle(OwnerPlate(part.owner), wish.width);
         } catch (const RuntimeFailure &) {
             continue; // past one of its limits: the grid is made here
         }
