@@ -14,6 +14,7 @@ struct Options {
     LoadOptions loads;
     double drillingFactor = 1.0; // times the small drilling stiffness: results do not show it
     bool innerModes = true; // false: the plain bilinear membrane, stiff where a strip of one mesh bends in its plane
+    bool joins = true;      // false: only what the project's own numbering makes one
     int threads = 1;
 };
 
@@ -48,6 +49,8 @@ public:
     // With tension the sum of the cases; without, springs that pull are let go and the solution repeated until the set
     // stands; a set that does not stand in 50 rounds, or nothing left to stand on, is an AnalysisFailure.
     CaseResult solve(const Combination &combination, bool tension = true) const;
+
+    const System &system() const { return *system_; } // for the parts of this folder
 
 private:
     std::shared_ptr<const System> system_;

@@ -189,6 +189,16 @@ std::vector<int> Joints::mastersOf(int n) const {
     return masters;
 }
 
+Joints NoJoints(const Tank &tank) {
+    Joints joints;
+    joints.one.assign(tank.nodes.size(), 0);
+    for (std::size_t n = 1; n < tank.nodes.size(); ++n)
+        joints.one[n] = tank.nodes[n].used ? static_cast<int>(n) : 0;
+    joints.hangs.assign(tank.nodes.size(), false);
+    joints.follow.resize(tank.nodes.size());
+    return joints;
+}
+
 Joints JoinNodes(const Tank &tank) {
     Joints joints;
     joints.one = OneForMany(tank);

@@ -30,5 +30,7 @@ struct Joints {
 };
 
 Joints JoinNodes(const Tank &tank);
+// Every node for itself.
+Joints NoJoints(const Tank &tank);
 
 } // namespace havuz::consistent

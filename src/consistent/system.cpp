@@ -37,8 +37,8 @@ std::vector<PlaneNode> NodesOfPlanes(const Tank &tank, const std::vector<int> &p
 } // namespace
 
 System::System(const Tank &theTank, const Options &theOptions)
-    : tank(theTank), options(theOptions), freedoms(tank, JoinNodes(tank)), elements(MakeElements(tank, options)),
-      stiffness(tank, freedoms) {
+    : tank(theTank), options(theOptions), freedoms(tank, options.joins ? JoinNodes(tank) : NoJoints(tank)),
+      elements(MakeElements(tank, options)), stiffness(tank, freedoms) {
     walls = FindWallSides(tank);
     for (const Case c : kAllCases) {
         const auto k = static_cast<std::size_t>(c);
