@@ -33,6 +33,7 @@ void AddRunCommand(CLI::App &parser, Job &job);
 void AddExportCommand(CLI::App &parser, Job &job);
 void AddRenderCommand(CLI::App &parser, Job &job);
 void AddInfoCommand(CLI::App &parser, Job &job);
+void AddCheckCommand(CLI::App &parser, Job &job);
 void AddScriptCommand(CLI::App &parser, Job &job);
 void AddVariantsCommand(CLI::App &parser, Job &job);
 void AddMergeCommand(CLI::App &parser, Job &job);

@@ -13,9 +13,9 @@ namespace havuz {
 using AddCommand = void (*)(CLI::App &parser, Job &job);
 
 static constexpr std::array kCommands = {
-    AddPoolCommand,     AddPolygonCommand, AddMeshCommand,   AddCutCommand,     AddSetCommand,
-    AddRunCommand,      AddExportCommand,  AddRenderCommand, AddInfoCommand,    AddScriptCommand,
-    AddVariantsCommand, AddMergeCommand,   AddPlotCommand,   AddResultsCommand, AddReportCommand,
+    AddPoolCommand,   AddPolygonCommand, AddMeshCommand,   AddCutCommand,    AddSetCommand,      AddRunCommand,
+    AddExportCommand, AddRenderCommand,  AddInfoCommand,   AddScriptCommand, AddVariantsCommand, AddMergeCommand,
+    AddPlotCommand,   AddResultsCommand, AddReportCommand, AddCheckCommand,
 };
 
 static int Fail(const std::string &words, int status) {
