@@ -1,7 +1,9 @@
-// Panel meshing and node numbering at the three sizes.
+// Panel meshing and node numbering at the three sizes, and the order of rows against the plain sweep in the same run.
+#include "plain_skyline.h"
 #include "pools.h"
 
 #include <benchmark/benchmark.h>
+#include <chrono>
 
 namespace havuz {
 
@@ -26,6 +28,29 @@ static void BM_NoktaNumarala(benchmark::State &state) {
     state.counters["nodes"] = NoktaCount;
 }
 BENCHMARK(BM_NoktaNumarala)->DenseRange(0, 2)->Unit(benchmark::kMillisecond);
+
+// The order of rows on a grid of 600, 2400 and 4900 nodes; "plain" is the plain sweep's time over that shown.
+static void BM_SkylineOrder(benchmark::State &state) {
+    const int across = static_cast<int>(state.range(0));
+    const std::vector<NeighbourList> lists = GridLists(across, across * 3 / 2, 0);
+    const int rows = static_cast<int>(lists.size()) - 1;
+    double fast = 0.0;
+    double plain = 0.0;
+    for (auto _ : state) {
+        auto start = std::chrono::steady_clock::now();
+        const std::vector<int> order = SkylineOrder(lists, rows);
+        const double seconds = Seconds(start);
+        fast += seconds;
+        state.SetIterationTime(seconds);
+        start = std::chrono::steady_clock::now();
+        if (PlainSkylineOrder(lists, rows) != order)
+            state.SkipWithError("the plain sweep gives another order");
+        plain += Seconds(start);
+    }
+    state.counters["plain"] = plain / fast;
+    state.counters["nodes"] = rows;
+}
+BENCHMARK(BM_SkylineOrder)->Arg(20)->Arg(40)->Arg(57)->UseManualTime()->Unit(benchmark::kMillisecond)->MinTime(0.01);
 
 } // namespace havuz
 

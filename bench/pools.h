@@ -8,6 +8,7 @@
 #include "model/store.h"
 #include "pool/pool_library.h"
 
+#include <chrono>
 #include <cstdlib>
 
 namespace havuz {
@@ -16,6 +17,10 @@ struct BenchPool {
     double lx, ly, height;
 };
 constexpr BenchPool kBenchPools[] = {{5, 4, 2}, {19, 12, 4}, {50, 41, 5}};
+
+inline double Seconds(std::chrono::steady_clock::time_point from) {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - from).count();
+}
 
 inline void GenerateBenchPool(int size) {
     setenv("HAVUZ_HOME", HAVUZ_SOURCE_DIR "/programdir", 1);

@@ -41,10 +41,6 @@ static void BM_Assembly(benchmark::State &state) {
 }
 BENCHMARK(BM_Assembly)->DenseRange(0, 2)->Unit(benchmark::kMillisecond);
 
-static double Seconds(std::chrono::steady_clock::time_point from) {
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - from).count();
-}
-
 // The time shown is that of ProfileSolve; "plain" is the plain procedure's time over it.
 static void BM_ProfileSolve(benchmark::State &state) {
     const std::string path = "STIF001.bench";

@@ -9,6 +9,7 @@
 // Then rows become numbers, corners take the number of their master, and the raw nodes of one master become one node.
 #include "mesh/numbering.h"
 
+#include "mesh/skyline.h"
 #include "model/mesh_facts.h"
 #include "model/store.h"
 
@@ -20,30 +21,18 @@ namespace havuz {
 
 namespace {
 
-constexpr int kNeighbours = 20;
-
-// One row of the skyline: its neighbour rows Komsu(1..count) and the master number that stands in it.
-struct BantRecord {
-    std::array<int, kNeighbours + 1> Komsu{};
-    int master = 0;
-    int count = 0;
-};
-
-int &KomsuOf(BantRecord &row, int k) { return row.Komsu[static_cast<std::size_t>(k)]; }
-int KomsuOf(const BantRecord &row, int k) { return row.Komsu[static_cast<std::size_t>(k)]; }
-
-// Rows 1..rows with one scratch row behind, and the width of each row in the skyline (element 0 stays 1).
+// Rows 1..rows, a master each: the neighbours of each row, and the master that stands in each row.
 struct Skyline {
     int rows = 0;
     int used = 0; // masters that active meshes use
-    std::vector<BantRecord> BantTable;
-    std::vector<int> Genislik;
+    std::vector<NeighbourList> BantTable;
     std::vector<bool> isUsed; // by master number
-    long long Profil = 0;
+    std::vector<int> master;  // by row
 
-    BantRecord &row(int r) { return BantTable[static_cast<std::size_t>(r)]; }
-    int &width(int r) { return Genislik[static_cast<std::size_t>(r)]; }
+    NeighbourList &row(int r) { return BantTable[static_cast<std::size_t>(r)]; }
 };
+
+int &KomsuOf(NeighbourList &row, int k) { return row.Komsu[static_cast<std::size_t>(k)]; }
 
 std::array<int, 4> MastersOf(const MeshRecord &mesh) {
     std::array<int, 4> masters = MeshCorners(mesh);
@@ -55,7 +44,7 @@ std::array<int, 4> MastersOf(const MeshRecord &mesh) {
 void AppendPair(Skyline &s, int r, int first, int second) {
     if (r == 0)
         return;
-    BantRecord &row = s.row(r);
+    NeighbourList &row = s.row(r);
     row.count += 2;
     if (row.count > kNeighbours)
         throw RuntimeFailure({.fault = Fault::JoinsTooMany,
@@ -72,7 +61,6 @@ void AppendPair(Skyline &s, int r, int first, int second) {
 void MakeAdjacency(Skyline &s) {
     const auto rows = static_cast<std::size_t>(kNoktaCapacity) + 2;
     s.BantTable.assign(rows, {});
-    s.Genislik.assign(rows, 0);
     s.isUsed.assign(rows, false);
     for (int i = 1; i <= MeshCount; ++i) {
         if (IsSwitchedOff(MeshTable[i]))
@@ -91,13 +79,11 @@ void MakeAdjacency(Skyline &s) {
     }
     s.isUsed[0] = false;
     s.used = static_cast<int>(std::count(s.isUsed.begin(), s.isUsed.end(), true));
-    for (int r = 1; r <= s.rows; ++r)
-        s.row(r).master = r;
 }
 
-// Exchange sort over the list's first whole length. With duplicates to drop, the later of two equal entries falls out
-// of the count and sorts to the end.
-void SortList(BantRecord &row, bool dropDuplicates) {
+// Exchange sort over the list's first whole length. The later of two equal entries falls out of the count and sorts to
+// the end.
+void SortList(NeighbourList &row) {
     const int length = row.count;
     int dropped = 0;
     for (int a = 1; a <= length - 1; ++a)
@@ -106,83 +92,23 @@ void SortList(BantRecord &row, bool dropDuplicates) {
             int &later = KomsuOf(row, b);
             if (earlier > later)
                 std::swap(earlier, later);
-            else if (dropDuplicates && earlier == later) {
+            else if (earlier == later) {
                 --row.count;
                 later = 10000 + ++dropped;
             }
         }
 }
 
-int WidthByNeighbours(const BantRecord &row, int r) {
-    int width = 1;
-    for (int k = 1; k <= row.count; ++k)
-        width = std::max(width, KomsuOf(row, k) - r + 1);
-    return width;
-}
-
-void MeasureWidths(Skyline &s) {
-    s.width(0) = 1;
-    s.Profil = 0;
-    for (int r = 1; r <= s.rows; ++r) {
-        s.width(r) = std::max(WidthByNeighbours(s.row(r), r), s.width(r - 1) - 1);
-        s.Profil += s.width(r);
-    }
-}
-
-// Row v moves up to position g; rows g..v-1 shift down by one. Widths are by neighbours alone until the next measuring.
-void MoveRow(Skyline &s, int v, int g) {
-    const auto begin = s.BantTable.begin();
-    std::rotate(begin + g, begin + v, begin + v + 1);
-    for (int r = 1; r <= s.rows; ++r) {
-        BantRecord &row = s.row(r);
-        bool touched = false;
-        for (int k = 1; k <= row.count; ++k) {
-            int &n = KomsuOf(row, k);
-            if (n < g || n > v)
-                continue;
-            n = n == v ? g : n + 1;
-            touched = true;
-        }
-        s.width(r) = WidthByNeighbours(row, r);
-        if (touched) // an untouched list is in order already
-            SortList(row, false);
-    }
-}
-
-// The neighbours of row r, nearest first, are drawn in right behind the current front.
-void SweepRow(Skyline &s, int r) {
-    BantRecord &row = s.row(r); // stands still: only rows behind r move
-    for (int k = 1; k <= row.count; ++k) {
-        const int v = KomsuOf(row, k);
-        int lim = std::max((r - 1) + s.width(r - 1), r + 1);
-        if (k > 1)
-            lim = std::max(lim, KomsuOf(row, k - 1) + 1);
-        const int g = std::min(v - 1, lim);
-        const bool stays = g <= (r - 2) + s.width(r - 1) || g <= r || g >= v || (k > 1 && KomsuOf(row, k - 1) >= g);
-        if (!stays)
-            MoveRow(s, v, g);
-    }
-    MeasureWidths(s);
-}
-
-void Sweep(Skyline &s) {
-    for (int r = 1; r <= s.rows - 1; ++r) {
-        if (r > 1 && s.width(r - 1) == s.rows)
-            break;
-        SweepRow(s, r);
-    }
-}
-
 // Rows that no mesh uses go behind the used ones, each group in its order, so that every corner lies in 1..NoktaCount.
 void PutUnusedRowsLast(Skyline &s) {
-    std::stable_partition(s.BantTable.begin() + 1, s.BantTable.begin() + 1 + s.rows,
-                          [&s](const BantRecord &row) { return bool(s.isUsed[static_cast<std::size_t>(row.master)]); });
+    std::stable_partition(s.master.begin() + 1, s.master.end(),
+                          [&s](int master) { return bool(s.isUsed[static_cast<std::size_t>(master)]); });
 }
 
 void GiveNumbers(Skyline &s) {
     std::vector<int> map(s.BantTable.size(), 0);
     for (int r = 1; r <= s.rows; ++r)
-        map[static_cast<std::size_t>(s.row(r).master)] = r;
+        map[static_cast<std::size_t>(s.master[static_cast<std::size_t>(r)])] = r;
     for (int i = 1; i <= MeshCount; ++i)
         if (!IsSwitchedOff(MeshTable[i]))
             for (const int m : MastersOf(MeshTable[i]))
@@ -221,9 +147,8 @@ void NoktaNumarala() {
     NoktaCount = 0;
     MakeAdjacency(s);
     for (int r = 1; r <= s.rows; ++r)
-        SortList(s.row(r), true);
-    MeasureWidths(s);
-    Sweep(s);
+        SortList(s.row(r));
+    s.master = SkylineOrder(s.BantTable, s.rows);
     PutUnusedRowsLast(s);
     GiveNumbers(s);
     MergeNodes(s);
