@@ -128,6 +128,7 @@ TEST(DesignSection, CrackWidthInBending) {
     EXPECT_NEAR(w.strain, 6.6492e-4, 1e-7);
     EXPECT_NEAR(w.srMax, 366.95, .05);
     EXPECT_NEAR(w.wk, .24399, 1e-4);
+    EXPECT_NEAR(CrackWidthOf(m, kThirty, {12.0, 15.0}, 4.0, 8.0, 0.0).strain, 1.5253e-3, 2e-7);
     const CrackWidth wide = CrackWidthOf(m, kThirty, {12.0, 25.0}, 4.0, 4.0, 0.0);
     EXPECT_NEAR(wide.srMax, 13.0 * (30.0 - wide.x), 1e-9);
 }

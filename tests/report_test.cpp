@@ -150,6 +150,29 @@ TEST(Report, FlotationByHandAndWhatIsNotMetFirst) {
     EXPECT_LT(verdict.find("sağlanmıyor</td>"), verdict.find("sağlanıyor</td>"));
 }
 
+// The sum of the cases is the solution of the sum: every stress and pressure within 1e-9 of the greatest.
+TEST(Report, CombinationsAreSumsOfCases) {
+    const cons::Tank tank = cons::LibraryPool(1, {{&YeraltiSuKotu, 1.5}, {&MeshGenisligi, 1.0}});
+    const cons::Analysis analysis(tank);
+    const design::Design design = design::DesignTank(analysis, design::MakeBasis({}));
+    for (std::size_t c = 0; c < design.combinations.size(); ++c) {
+        const cons::CaseResult solved = analysis.solve(design.basis.combinations[c].sum);
+        const cons::CaseResult &sum = design.combinations[c];
+        double greatest = 0, gap = 0;
+        for (std::size_t i = 0; i < tank.meshes.size(); ++i)
+            for (std::size_t k = 0; k < 5; ++k) {
+                greatest = std::max(greatest, std::fabs(solved.meshes[i][k].M22));
+                gap = std::max(gap, std::fabs(solved.meshes[i][k].M22 - sum.meshes[i][k].M22));
+                gap = std::max(gap, std::fabs(solved.meshes[i][k].Q2 - sum.meshes[i][k].Q2));
+            }
+        for (std::size_t n = 1; n < tank.nodes.size(); ++n)
+            gap = std::max(gap, std::fabs(solved.nodes[n].soil - sum.nodes[n].soil));
+        EXPECT_LT(gap, 1e-9 * greatest) << sum.key;
+        EXPECT_NEAR(solved.proof.load[2], sum.proof.load[2], 1e-9) << sum.key;
+        EXPECT_LT(sum.proof.residual, design::kResidualLimit) << sum.key;
+    }
+}
+
 // The whole way by the shell: tables, a viewer's file, a report that is the same twice, a changed project, wrong words.
 TEST(Report, FromAProjectToFiles) {
     const TemporaryFolder folder;

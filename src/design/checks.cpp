@@ -1,6 +1,7 @@
 #include "design/checks.h"
 
 #include "design/failure.h"
+#include "design/superpose.h"
 #include "model/options.h"
 #include "model/store.h"
 
@@ -188,7 +189,7 @@ Design DesignTank(const Analysis &analysis, const Basis &basis) {
     for (const consistent::Case c : consistent::kAllCases)
         design.cases.push_back(analysis.solve(c));
     for (const DesignCombination &c : basis.combinations)
-        design.combinations.push_back(analysis.solve(c.sum));
+        design.combinations.push_back(Superpose(analysis, design.cases, c.sum));
     for (std::size_t c = 0; c < basis.combinations.size(); ++c)
         if (!basis.combinations[c].factored)
             design.soil.push_back(SoilUnder(analysis, basis.combinations[c], design.combinations[c]));
