@@ -138,7 +138,7 @@ std::vector<std::string> SteelCells(const Source &s, const SteelRow &row) {
             Verdict(row.strengthMet())};
 }
 
-const std::vector<std::string> kSteelHead = {"Bölge, yüz, yön", "Kombinasyon", "M*",         "N*",   "As",
+const std::vector<std::string> kSteelHead = {"Bölge, yüz, yön", "Komb.", "M*",         "N*",   "As",
                                              "As,min",          "Seçilen",     "Seçilen As", "Sonuç"};
 
 void PanelSteel(Html &html, const Source &s, int panel) {
@@ -196,7 +196,7 @@ void CrackChapter(Html &html, const Source &s) {
                         WithUnit(c.steel, 0, "kg/cm²"), WithUnit(c.wk, 3, "mm"), WithUnit(row.crackLimit, 3, "mm"),
                         Verdict(row.crackMet())});
     }
-    html.table({"Panel", "Bölge, yüz, yön", "Kombinasyon", "M*", "N*", "σs", "wk", "Sınır", "Sonuç"}, rows);
+    html.table({"Panel", "Bölge, yüz, yön", "Komb.", "M*", "N*", "σs", "wk", "Sınır", "Sonuç"}, rows);
     for (const auto &[number, panel] : s.tank().panels)
         if (const SteelRow *row = GoverningRow(s, "crack", number))
             ShowWorked(html, s, *row, CrackWorked(*row));
@@ -211,7 +211,7 @@ void ShearChapter(Html &html, const Source &s) {
             rows.push_back({PanelName(s.tank(), row.panel), RowPlace(row), s.key(row.shear.combination),
                             std::to_string(row.shear.mesh), WithUnit(row.shear.V, 2, "t/m"),
                             WithUnit(row.shear.allowed, 2, "t/m"), Verdict(row.shearMet())});
-    html.table({"Panel", "Bölge, yüz, yön", "Kombinasyon", "Eleman", "V", "VRd", "Sonuç"}, rows);
+    html.table({"Panel", "Bölge, yüz, yön", "Komb.", "Eleman", "V", "VRd", "Sonuç"}, rows);
     for (const auto &[number, panel] : s.tank().panels)
         if (const SteelRow *row = GoverningRow(s, "shear", number); row != nullptr && row->shear.mesh != 0)
             ShowWorked(html, s, *row, ShearWorked(s.design.basis, *row));

@@ -22,9 +22,9 @@ p.workbad { margin-left: 10pt; margin-top: 5pt; font-size: 8pt; color: #8a1020; 
 table { border-collapse: collapse; font-size: 7.5pt; margin-top: 4pt; margin-bottom: 8pt; margin-left: 0pt; }
 thead { display: table-header-group; }
 tr { page-break-inside: avoid; }
-th { background-color: #e3eaf2; text-align: left; border: 1px solid #9aa7b5; padding: 2pt; font-weight: bold; }
-td { border: 1px solid #b9c3ce; padding: 2pt; }
-td.bad { color: #8a1020; font-weight: bold; border: 1px solid #b9c3ce; padding: 2pt; }
+th { background-color: #e3eaf2; text-align: left; border: 1px solid #9aa7b5; font-weight: bold; }
+td { border: 1px solid #b9c3ce; }
+td.bad { color: #8a1020; font-weight: bold; border: 1px solid #b9c3ce; }
 )";
 
 Html::Html(const std::string &title) : title_(title) {}
