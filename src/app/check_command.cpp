@@ -3,6 +3,7 @@
 #include "app/cli.h"
 #include "app/project.h"
 #include "consistent/tables.h"
+#include "model/files.h"
 #include "model/store.h"
 #include "model/write_file.h"
 
