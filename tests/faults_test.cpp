@@ -46,11 +46,11 @@ public:
         return all;
     }
     void put(const Files &files) const {
-        for (std::size_t k = 0; k < names_.size(); ++k)
-            if (files[k].empty())
-                fs::remove(path() + "/" + names_[k]);
-            else
+        for (std::size_t k = 0; k < names_.size(); ++k) {
+            fs::remove(path() + "/" + names_[k]); // two names of one file otherwise take the same bytes
+            if (!files[k].empty())
                 WriteBytes(path() + "/" + names_[k], files[k]);
+        }
     }
     // What neither the command nor its user knows of.
     std::string strangers() const {
@@ -102,7 +102,7 @@ TEST(Faults, ASaveLosesNothing) {
 TEST(Faults, ARunNeverMixesItsFilesWithThoseOfAnother) {
     const Disturbed d("run \"$PWD\"/P.POL --quiet", {"P.DEP", "P.SON", "P.HSP", "WORKPOOL"});
     ASSERT_EQ(
-        d.shell("pool rectangular -o P.POL --set Lx=4 --set Ly=4 --set UstKot=2 --set Bk=0 --set MeshGenisligi=4"), 0);
+        d.shell("pool rectangular -o P.POL --set Lx=4 --set Ly=4 --set UstKot=4 --set Bk=0 --set MeshGenisligi=4"), 0);
     ASSERT_EQ(d.shell("mesh P.POL --mesh-width 4"), 0);
     ASSERT_EQ(d.undisturbed(), 0);
     const Files old = d.files();

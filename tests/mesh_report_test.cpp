@@ -78,7 +78,7 @@ TEST(MeshReport, NamesWhatIsWrongAndWhere) {
         {[] { NoktaTable[NodeAt(2, 0, 1)].Z = 0.0; }, " stand at one place and are not joined: (2, 0, 0)"},
         {[] { NoktaTable[NodeAt(0, 0, 3)].Z = NoktaTable[NodeAt(1, 0, 3)].Z = 2.0; }, "of wall 1 has no area at ("},
         {[] { MeshTable[FirstMeshOf(2)].PanelNo = 5; },
-         "1 meshes from mesh 22 on belong to panel 5, which is not there"},
+         "1 meshes from mesh 25 on belong to panel 5, which is not there"},
         {[] { MeshTable[FirstMeshOf(2)].PanelNo = 1000; }, " belong to plate 0, which is not there"},
         {[] { PanelTable[3].D = 0; }, "wall 3 has a thickness of 0 cm"},
         {[] { PlakTable[1].Kalinlik = -30; }, "plate 1 has a thickness of -30 cm"},

@@ -66,6 +66,12 @@ TEST(WriteFile, PipesAndDevicesAreWrittenStraightOrRefusedByName) {
     EXPECT_STREQ(got, "through");
     close(reader);
     EXPECT_EQ(FailureOf([&pipe] { const BesideFile file(pipe, Special::Refused); }).words, pipe + ": is no plain file");
+    int channel[2] = {};
+    ASSERT_EQ(::pipe(channel), 0);
+    WriteWholeFile("/dev/fd/" + std::to_string(channel[1]), "nameless");
+    EXPECT_EQ(read(channel[0], got, sizeof got), 8);
+    close(channel[0]);
+    close(channel[1]);
     WriteWholeFile("/dev/null", "away");
     EXPECT_EQ(WordsOf("/dev/full").rfind("/dev/full: cannot be written", 0), 0U);
     EXPECT_TRUE(fs::is_character_file("/dev/full"));

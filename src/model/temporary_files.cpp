@@ -23,7 +23,7 @@ constexpr std::string_view kMark = ".tmp";
 
 // Read by a signal handler: plain memory, written before its mark is set. More files at once than any command has.
 struct Known {
-    std::atomic<bool> used = false;
+    std::atomic<pid_t> used = 0; // the process that uses the place, 0 for none: a child of ours owns nothing of it
     std::array<char, 4096> path{};
 };
 std::array<Known, 32> known;
@@ -74,9 +74,9 @@ void RemoveUnlessHeld(const std::string &path) {
 void RememberTemporary(const std::string &path) {
     const std::lock_guard lock(knownWrites);
     for (Known &place : known)
-        if (!place.used && path.size() < place.path.size()) {
+        if (place.used == 0 && path.size() < place.path.size()) {
             std::memcpy(place.path.data(), path.c_str(), path.size() + 1);
-            place.used = true;
+            place.used = getpid();
             return;
         }
 }
@@ -84,13 +84,13 @@ void RememberTemporary(const std::string &path) {
 void ForgetTemporary(const std::string &path) {
     const std::lock_guard lock(knownWrites);
     for (Known &place : known)
-        if (place.used && path == place.path.data())
-            place.used = false;
+        if (place.used != 0 && path == place.path.data())
+            place.used = 0;
 }
 
 void RemoveTemporaries() {
     for (const Known &place : known)
-        if (place.used)
+        if (place.used == getpid())
             unlink(place.path.data());
 }
 

@@ -17,9 +17,18 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Where a chain of symbolic links leads, whether anything is there or not.
+// 0 where it is new.
+mode_t KindOfTarget(const std::string &target, struct stat &state) {
+    state = {};
+    return stat(target.c_str(), &state) == 0 ? state.st_mode & S_IFMT : 0;
+}
+
+// Where a chain of symbolic links leads, whether anything is there or not. The names of open pipes lead nowhere.
 std::string LinksFollowed(std::string path) {
     std::error_code error;
+    struct stat state = {};
+    if (const mode_t kind = KindOfTarget(path, state); kind == S_IFIFO || kind == S_IFCHR)
+        return path;
     for (int steps = 0; fs::is_symlink(path, error); ++steps) {
         if (steps == 40)
             FailFile(Fault::CannotCreate, path, ELOOP);
@@ -29,12 +38,6 @@ std::string LinksFollowed(std::string path) {
         path = to.is_absolute() ? to.string() : (fs::path(path).parent_path() / to).string();
     }
     return path;
-}
-
-// 0 where it is new.
-mode_t KindOfTarget(const std::string &target, struct stat &state) {
-    state = {};
-    return stat(target.c_str(), &state) == 0 ? state.st_mode & S_IFMT : 0;
 }
 
 bool IsReadOnly(const std::string &target, const struct stat &state) {
