@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
+#include <iterator>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -218,8 +219,8 @@ void ReplaceTogether(std::initializer_list<BesideFile *> files) {
         file->seal();
     const SignalDelay delay;
     try {
-        for (BesideFile *file : files)
-            file->setAside();
+        for (auto file = std::rbegin(files); file != std::rend(files); ++file)
+            (*file)->setAside();
         for (BesideFile *file : files)
             file->takePlace();
     } catch (const RuntimeFailure &) {

@@ -47,7 +47,7 @@ private:
 };
 
 // All of them take their places, or none: a failure puts the old ones back. A kill in between leaves some missing,
-// never files of two sets side by side.
+// never files of two sets side by side. The last, which may vouch for the others, leaves first and comes last.
 void ReplaceTogether(std::initializer_list<BesideFile *> files);
 
 enum class Backup { None, Kept };
