@@ -65,6 +65,81 @@ TEST(Variants, EachRowIsTheTankOfTheSingleCommands) {
     EXPECT_NEAR(std::stod(FieldAt(out, 3, "concrete_m3")), 7.3 * 5 * .4 + 24.6 * 3 * .2 + (9.3 * 7 - 36.5) * .2, 1e-5);
 }
 
+// The figures of a row are those of the tables that results writes for the same tank.
+TEST(Variants, ResultsAreThoseOfTheSingleCommands) {
+    const TemporaryFolder folder;
+    WriteBytes(folder.file("T.csv"), "pool,Lx,KenarKalinlik,YeraltiSuKotu,points,sound,mesh\n,8,20,1,,,\n,12,25,,,,\n"
+                                     "circular,6,20,,,,0.5\n,,20,.5,\"0,0 5,0 5,3 2,5\",1,0.7\n");
+    const Ended made =
+        Cli(folder, "variants T.csv -o OUT.csv --want settlement_mm,soil_t_m2,flotation,verdict,residual,"
+                    "weight_t,M_3_22_full,M_2_11_L,M_1001_11_test-u");
+    ASSERT_EQ(made.status, 0) << made.error;
+    const std::string out = ReadBytes(folder.file("OUT.csv"));
+    const std::vector<std::string> commands = {
+        "pool rectangular -o P.POL --set Lx=8 --set YeraltiSuKotu=1",
+        "mesh P.POL",
+        "pool rectangular -o P.POL --set Lx=12 --set KenarKalinlik=25",
+        "mesh P.POL",
+        "pool circular -o P.POL --set Lx=6 --set MeshGenisligi=0.5",
+        "info P.POL",
+        "polygon -o P.POL --points '0,0 5,0 5,3 2,5' --dp 20 --ds 30 --top 3 --bottom 0",
+        "set P.POL YeraltiSuKotu=.5 SiviKotu=3 ToprakKotu=3"};
+    for (std::size_t row = 0; row < 4; ++row) {
+        SCOPED_TRACE(row);
+        ASSERT_EQ(Cli(folder, commands[2 * row]).status, 0);
+        ASSERT_EQ(Cli(folder, commands[2 * row + 1]).status, 0);
+        if (row == 3) {
+            ASSERT_EQ(Cli(folder, "mesh P.POL --sound --mesh-width 0.7").status, 0);
+        }
+        EXPECT_EQ(FieldAt(out, row, "words"), "");
+        const auto expect = [&](const std::string &name, double value) {
+            const std::string field = FieldAt(out, row, name);
+            EXPECT_NEAR(field.empty() ? 0.0 : std::stod(field), value, 1e-9 * (1.0 + std::fabs(value))) << name;
+        };
+        double settlement = 0.0, greatest22 = 0.0, greatest11 = 0.0, greatestPlate = 0.0, weight = 0.0;
+        for (const std::string key : {"full", "test-u"}) {
+            ASSERT_EQ(Cli(folder, "results P.POL --csv R --combination " + key).status, 0);
+            const CsvTable nodes = ReadCsvTable(ReadBytes(folder.file("R/nodes.csv")), "nodes");
+            for (const auto &r : nodes.rows)
+                if (r[4].text == "full" && std::stod(r[11].text) != 0.0)
+                    settlement = std::max(settlement, -1000.0 * std::stod(r[7].text));
+            const CsvTable corners = ReadCsvTable(ReadBytes(folder.file("R/corners.csv")), "corners");
+            for (const auto &r : corners.rows) {
+                if (r[1].text == "0")
+                    continue;
+                const double m11 = std::fabs(std::stod(r[9].text)), m22 = std::fabs(std::stod(r[10].text));
+                if (r[3].text == "3" && r[5].text == "full")
+                    greatest22 = std::max(greatest22, m22);
+                if (r[3].text == "2" && r[5].text == "L")
+                    greatest11 = std::max(greatest11, m11);
+                if (r[3].text == "1001" && r[5].text == "test-u")
+                    greatestPlate = std::max(greatestPlate, m11);
+            }
+        }
+        expect("settlement_mm", settlement);
+        expect("M_3_22_full", greatest22);
+        expect("M_2_11_L", greatest11);
+        expect("M_1001_11_test-u", greatestPlate);
+        const CsvTable proof = ReadCsvTable(ReadBytes(folder.file("R/proof.csv")), "proof");
+        for (const auto &r : proof.rows)
+            if (r[0].text == "G" && r[1].text == "FZ")
+                weight = -std::stod(r[2].text);
+        expect("weight_t", weight);
+        std::string verdict = "ok";
+        const CsvTable checks = ReadCsvTable(ReadBytes(folder.file("R/checks.csv")), "checks");
+        for (const auto &r : checks.rows) {
+            if (r.back().text != "ok")
+                verdict = "not met";
+            if (r[0].text == "flotation")
+                expect("flotation", std::stod(r[3].text));
+            if (r[0].text == "soil" && r[1].text == "full")
+                expect("soil_t_m2", std::stod(r[3].text));
+        }
+        EXPECT_EQ(FieldAt(out, row, "verdict"), verdict);
+        EXPECT_LT(std::stod(FieldAt(out, row, "residual")), 1e-8);
+    }
+}
+
 TEST(Variants, AFailingRowIsARowWithItsWords) {
     const TemporaryFolder folder;
     WriteBytes(folder.file("T.csv"), "Lx,pool,points,mesh,sound,Mesnet(9999)\nabc,,,,,\n,square,,,,\n"

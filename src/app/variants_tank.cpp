@@ -6,6 +6,7 @@
 #include "app/project.h"
 #include "mesh/oto_mesh.h"
 #include "mesh/polygon_pool.h"
+#include "mesh/sound_mesh.h"
 #include "model/number_text.h"
 #include "model/project_file.h"
 #include "model/springs.h"
@@ -226,7 +227,15 @@ void MakeMesh(const RowParts &row) {
     if (row.width)
         MeshGenisligi = *row.width;
     MeshWindow none;
-    AutoMesh(none);
+    if (row.sound != "1") {
+        AutoMesh(none);
+        return;
+    }
+    SoundOptions options;
+    options.width = row.width.value_or(0.0);
+    const std::vector<std::string> losses = SoundMesh(none, options);
+    if (!losses.empty()) // supports and loads of the base: a row must not go on without them
+        throw UsageError("the sound mesh does not carry over: " + losses.front());
 }
 
 void TakeValues(const std::vector<Assignment> &values) {
@@ -248,9 +257,7 @@ void MakeVariant(const RowValues &values, bool hasBase) {
     const RowParts row = PartsOf(values);
     const bool meshing = MakeShape(row, hasBase);
     TakeValues(row.shape);
-    if (row.sound == "1")
-        throw UsageError("sound: the sound mesh is not there yet");
-    if (meshing)
+    if (meshing || row.sound == "1")
         MakeMesh(row);
     TakeValues(row.mesh);
     PassThroughFile();
