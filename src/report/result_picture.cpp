@@ -180,6 +180,51 @@ ResultScene SceneOf(const Analysis &analysis, const CaseResult &result, const Qu
     return scene;
 }
 
+ResultScene SceneOfSteel(const Tank &tank, const std::vector<design::SteelRow> &rows, design::Face face, int direction,
+                         const PictureChoice &choice) {
+    const SceneFrame frame(tank, choice);
+    const std::vector<design::MeshPlace> places = design::FindPlaces(tank);
+    ResultScene scene;
+    scene.look = choice.look;
+    scene.unit = "cm²/m";
+    scene.isSigned = false;
+    scene.decimals = 2;
+    for (std::size_t i = 0; i < tank.meshes.size(); ++i) {
+        const TankMesh &m = tank.meshes[i];
+        if (!frame.shows(m))
+            continue;
+        ResultFace shown = frame.face(m);
+        shown.hasValue = false;
+        for (const design::SteelRow &row : rows)
+            if (row.panel == m.panel && row.face == face && row.direction == direction &&
+                row.zone == places[i].zone[static_cast<std::size_t>(direction - 1)]) {
+                const double area = std::max(row.layer.need.area, row.layer.least);
+                shown.hasValue = std::isfinite(area);
+                shown.value = {area, area, area, area};
+            }
+        scene.faces.push_back(shown);
+    }
+    return scene;
+}
+
+std::optional<double> ValueAt(const Analysis &analysis, const CaseResult &result, const Quantity &q, int mesh) {
+    const Tank &tank = analysis.tank();
+    const auto found =
+        std::find_if(tank.meshes.begin(), tank.meshes.end(), [&](const TankMesh &m) { return m.mesh == mesh; });
+    if (found == tank.meshes.end())
+        return std::nullopt;
+    if (!IsDisplacement(q) && !IsSoil(q))
+        return q.factor * ValueOf(q, result.meshes[static_cast<std::size_t>(found - tank.meshes.begin())][0]);
+    if (IsSoil(q) && tank.panelOf(*found).kind != 0)
+        return std::nullopt;
+    double sum = 0.0;
+    for (const int node : found->node) {
+        const consistent::NodeResult &n = result.nodes[static_cast<std::size_t>(node)];
+        sum += IsSoil(q) ? n.soil : OfDisplacement(q.key, n.u[0], n.u[1], n.u[2]);
+    }
+    return q.factor * sum / 4.0;
+}
+
 bool InFiles(const Quantity &q) { return q.key[0] != 'Q' && !IsSoil(q); }
 
 // Place of a stress result in a corner of .SON; the files hold membrane stresses, t/m2.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "consistent/analysis.h"
+#include "design/steel.h"
 #include "view/result_scene.h"
 
 #include <string_view>
@@ -32,6 +33,14 @@ struct PictureChoice {
 // A result of one case or combination over the tank: means at the nodes within one plane, no means across an edge.
 ResultScene SceneOf(const consistent::Analysis &analysis, const consistent::CaseResult &result,
                     const Quantity &quantity, const PictureChoice &choice);
+
+// Steel that the zones of a face ask for in a direction (1 or 2), least steel included, cm2/m.
+ResultScene SceneOfSteel(const consistent::Tank &tank, const std::vector<design::SteelRow> &rows, design::Face face,
+                         int direction, const PictureChoice &choice);
+
+// The value in the middle of a mesh, by its number; none where the result has none there.
+std::optional<double> ValueAt(const consistent::Analysis &analysis, const consistent::CaseResult &result,
+                              const Quantity &quantity, int mesh);
 
 // A result of one load column of the files of the run (columns from 1), corner values as they stand: of the results
 // above those that the files hold (UX UY UZ U; N11.. and M11.. in the axes of each element). Reads the store and

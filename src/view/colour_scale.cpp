@@ -9,7 +9,7 @@ namespace havuz {
 namespace {
 
 constexpr int kSmoothSteps = 128;
-constexpr int kWantedBands = 10;
+constexpr int kWantedBands = 12;
 
 struct Lab {
     double L, a, b;

@@ -37,7 +37,7 @@ private:
     std::vector<Colour> colours_;
 };
 
-// A map with round limits (steps of 1, 2, 2.5 or 5 times a power of ten) that holds least..greatest in about ten
+// A map with round limits (steps of 1, 2, 2.5 or 5 times a power of ten) that holds least..greatest in about twelve
 // bands. Signed quantities get limits on both sides of zero alike. Nothing but one value: a step of its own size.
 ColourMap RoundMap(double least, double greatest, bool isSigned, bool smooth);
 

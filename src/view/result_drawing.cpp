@@ -121,6 +121,10 @@ void DrawLegend(ResultCanvas &canvas, const ResultScene &scene, const ColourMap 
     const double x = canvas.width() - kFromRight;
     const double height = std::max(std::min(canvas.height() - kTop - 40.0, 360.0), 20.0);
     const double each = height / map.steps();
+    const std::array<ScreenPoint, 4> plate = {
+        ScreenPoint{x - 8.0, kTop - 30.0}, ScreenPoint{canvas.width(), kTop - 30.0},
+        ScreenPoint{canvas.width(), kTop + height + 14.0}, ScreenPoint{x - 8.0, kTop + height + 14.0}};
+    canvas.Fill(plate, {0xFFFFFF});
     for (int step = 0; step < map.steps(); ++step) {
         const double bottom = kTop + height - each * step, top = bottom - each;
         const std::array<ScreenPoint, 4> box = {ScreenPoint{x, top}, ScreenPoint{x + kBar, top},

@@ -1,0 +1,74 @@
+#include "report/answer_report.h"
+
+#include "fea/result_summary.h"
+#include "fea/run_warnings.h"
+#include "model/analysed_project.h"
+#include "model/failure.h"
+#include "model/store.h"
+#include "report/chapters.h"
+#include "report/sha256.h"
+
+#include <filesystem>
+
+namespace havuz {
+
+namespace {
+
+void TakeFiles(const TankAnswer &answer, report::ReportInput &input) {
+    if (!answer.hasFiles)
+        return;
+    try {
+        for (const ColumnSummary &c : SummariseResults(answer.stem))
+            input.literal.push_back({LoadCodeInTurkish(c.code), c.settlement.value * 1000.0, c.mx.value, c.my.value,
+                                     c.verticalLoad, c.springForce});
+        for (const Warning &w : RunWarnings(answer.stem))
+            input.warnings.push_back(w.turkish);
+    } catch (const RuntimeFailure &failure) {
+        input.literal.clear();
+        input.notices.push_back(".SON okunamadı: " + FailureInTurkish(failure));
+    }
+}
+
+report::ReportInput InputOf(const TankAnswer &answer) {
+    report::ReportInput input;
+    input.title = ProjeIsmi;
+    input.name = std::filesystem::path(answer.stem).filename().string();
+    if (answer.changed)
+        input.notices.emplace_back(report::kModelChanged);
+    if (!answer.hasFiles)
+        input.notices.emplace_back(report::kNoStresses);
+    if (!answer.settings.turkish.empty())
+        input.notices.push_back(answer.settings.turkish);
+    TakeFiles(answer, input);
+    input.facts = report::ProjectFacts(answer.design.basis);
+    return input;
+}
+
+} // namespace
+
+std::string AnswerReportHtml(const TankAnswer &answer, const std::string &date, const std::string &version) {
+    report::ReportInput input = InputOf(answer);
+    input.date = report::TurkishDate(date);
+    input.version = version;
+    input.hash = report::Sha256(AnalysedText());
+    return report::ReportHtml(input, *answer.analysis, answer.design);
+}
+
+std::string SummaryHtml(const TankAnswer &answer) {
+    const report::ReportInput input = InputOf(answer);
+    const report::Source source{input, *answer.analysis, answer.design};
+    report::Html html("Özet");
+    report::VerdictChapter(html, source);
+    report::ProofChapter(html, source);
+    report::LoadChapter(html, source);
+    report::SoilChapter(html, source);
+    report::FlotationChapter(html, source);
+    report::WarningChapter(html, source);
+    return html.file();
+}
+
+std::string AnswerReportTitle(const TankAnswer &answer, const std::string &date) {
+    return "Hesap Raporu: " + std::filesystem::path(answer.stem).filename().string() + ", " + report::TurkishDate(date);
+}
+
+} // namespace havuz
