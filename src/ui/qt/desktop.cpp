@@ -27,7 +27,7 @@ static std::string CommandLine(const std::string &project) {
     return project.substr(0, project.size() - 4);
 }
 
-static void SpeakTurkish(QApplication &application) {
+void SpeakTurkish(QApplication &application) {
     QLocale::setDefault(QLocale(QLocale::Turkish, QLocale::Turkey));
     auto *texts = new QTranslator(&application);
     if (texts->load(QStringLiteral("qtbase_tr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
@@ -60,18 +60,17 @@ static int RunRecorded(QtWindow &window, const DesktopOptions &options) {
     return status;
 }
 
-static bool HasDisplay() {
+bool HasDisplay(const char *program) {
     for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
         if (!qEnvironmentVariableIsEmpty(name))
             return true;
+    std::fprintf(stderr, "%s: no display: the window needs an X or Wayland session\n", program);
     return false;
 }
 
 int RunDesktop(int &argc, char **argv, const std::string &executable, const DesktopOptions &options) {
-    if (!HasDisplay()) { // Qt would abort the process
-        std::fprintf(stderr, "havuz: no display: the window needs an X or Wayland session\n");
+    if (!HasDisplay("havuz")) // Qt would abort the process
         return 1;
-    }
     QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C"); // Qt takes the locale of the system
     QApplication::setApplicationName(QStringLiteral("havuz"));

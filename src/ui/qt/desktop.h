@@ -3,6 +3,8 @@
 
 #include <string>
 
+class QApplication;
+
 namespace havuz {
 
 struct DesktopOptions {
@@ -12,5 +14,11 @@ struct DesktopOptions {
 
 // argc, argv: Qt's own options are taken out. executable: path of the program. The status that the program ends with.
 int RunDesktop(int &argc, char **argv, const std::string &executable, const DesktopOptions &options);
+
+// False, with a line on standard error, without an X or Wayland session.
+bool HasDisplay(const char *program);
+
+// Turkish texts of Qt's own dialogs, Turkish numbers.
+void SpeakTurkish(QApplication &application);
 
 } // namespace havuz

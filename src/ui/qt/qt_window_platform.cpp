@@ -1,6 +1,8 @@
 // The platform around the forms: drawing surfaces, the pointer, the screen, files, programs, the end.
 #include "model/failure.h"
+#include "model/files.h"
 #include "ui/kit/vek_form.h"
+#include "ui/qt/programs.h"
 #include "ui/qt/qt_window.h"
 #include "ui/qt/settings.h"
 #include "ui/qt/text.h"
@@ -11,7 +13,6 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
-#include <QProcess>
 #include <QScreen>
 #include <QStandardPaths>
 #include <QUrl>
@@ -93,9 +94,18 @@ std::string QtWindow::AskSaveName(const SaveQuestion &question) {
     return answer;
 }
 
+// A name of the older platform stands for the file of that name where there is one, else for our own output program.
+static std::string ProgramOf(const std::string &program) {
+    const std::string found = FindFile(program);
+    if (FileExists(found) || !ToQt(program).endsWith(QLatin1String("RAPORCU.EXE"), Qt::CaseInsensitive))
+        return found;
+    return FromQt(QCoreApplication::applicationDirPath()) + "/havuz-raporcu";
+}
+
 void QtWindow::StartProgram(const std::string &program, const std::string &argument) {
-    if (!QProcess::startDetached(ToQt(program), {ToQt(argument)}))
-        ReportError("havuz: " + program + ": cannot be started");
+    const std::string own = ProgramOf(program);
+    if (!StartDetached(own, {argument}))
+        ReportError("havuz: " + own + ": cannot be started");
 }
 
 void QtWindow::OpenHelp(const std::string &path) {

@@ -1,0 +1,207 @@
+#include "ui/raporcu/raporcu_window.h"
+
+#include "consistent/failure.h"
+#include "model/failure.h"
+#include "ui/kit/vek_top_bar.h"
+#include "ui/qt/text.h"
+
+#include <QComboBox>
+#include <QFileInfo>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace havuz {
+
+RaporcuWindow::RaporcuWindow(RaporcuServices services) : services_(std::move(services)) {
+    setObjectName(QStringLiteral("RAPORCU"));
+    setWindowTitle(QStringLiteral("RAPORCU"));
+    layOut();
+    resize(1180, 760);
+}
+
+RaporcuWindow::~RaporcuWindow() {
+    if (thread_.joinable())
+        thread_.join();
+}
+
+void RaporcuWindow::layOutTop(VekTopBar *top) {
+    top->put(bag::kCaption, QStringLiteral("HAVUZ  RAPORCU^sonuçlar, kontroller ve hesap raporu"));
+    source_ = new QComboBox;
+    source_->setObjectName(QStringLiteral("source"));
+    source_->addItem(QStringLiteral("tutarlı hesap"));
+    source_->addItem(QStringLiteral(".SON dosyası"));
+    edit_ = new QPushButton(QStringLiteral("HAVUZ'da aç"));
+    edit_->setObjectName(QStringLiteral("edit"));
+    anew_ = new QPushButton(QStringLiteral("yeniden analiz et"));
+    anew_->setObjectName(QStringLiteral("analyseAnew"));
+    anew_->hide();
+    top->add(new QLabel(QStringLiteral("kaynak:")));
+    top->add(source_);
+    top->add(anew_);
+    top->add(edit_);
+    connect(source_, &QComboBox::currentIndexChanged, this, [this](int at) { picture_->takeSource(at == 1); });
+    connect(edit_, &QPushButton::clicked, this, [this] {
+        if (!services_.edit(stem_))
+            tell("HAVUZ BASLATILAMADI");
+    });
+    connect(anew_, &QPushButton::clicked, this, [this] { analyseAnew(); });
+}
+
+void RaporcuWindow::layOut() {
+    auto *top = new VekTopBar(this);
+    tabs_ = new QTabWidget;
+    tabs_->setObjectName(QStringLiteral("tabs"));
+    tabs_->addTab(summary_ = new SummaryPage, QStringLiteral("Özet"));
+    tabs_->addTab(picture_ = new PicturePage, QStringLiteral("Resim"));
+    tabs_->addTab(tables_ = new TablesPage, QStringLiteral("Tablolar"));
+    tabs_->addTab(combinations_ = new CombinationPage, QStringLiteral("Kombinasyonlar"));
+    tabs_->addTab(steel_ = new SteelPage, QStringLiteral("Donatı"));
+    tabs_->addTab(report_ = new ReportPage, QStringLiteral("Rapor"));
+    layOutTop(top);
+    state_ = new QLabel;
+    state_->setObjectName(QStringLiteral("state"));
+    state_->setWordWrap(true);
+    status_ = new QLabel;
+    status_->setObjectName(QStringLiteral("status"));
+    progress_ = new QProgressBar;
+    progress_->setRange(0, 0);
+    progress_->setFixedWidth(160);
+    progress_->hide();
+    auto *foot = new QHBoxLayout;
+    foot->addWidget(status_, 1);
+    foot->addWidget(progress_);
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(top);
+    column->addWidget(state_);
+    column->addWidget(tabs_, 1);
+    column->addLayout(foot);
+    tabs_->setEnabled(false);
+    const auto show = [this](const ShownPlace &place) {
+        picture_->showAt(place);
+        tabs_->setCurrentWidget(picture_);
+    };
+    tables_->showPlace = show;
+    steel_->showPlace = show;
+    tables_->tell = report_->tell = [this](const std::string &words) { tell(words); };
+    combinations_->changed = [this](const std::vector<design::DesignCombination> &c) { takeCombinations(c); };
+}
+
+void RaporcuWindow::tell(const std::string &words) { status_->setText(ToQt(words)); }
+
+void RaporcuWindow::failed(const QString &words) {
+    tabs_->setEnabled(false);
+    state_->setText(QStringLiteral("<b>%1</b>").arg(words.toHtmlEscaped()));
+    status_->clear();
+}
+
+void RaporcuWindow::load(const std::string &stem) {
+    stem_ = stem;
+    setWindowTitle(QFileInfo(ToQt(stem)).fileName() + QStringLiteral(" - RAPORCU"));
+    try {
+        start(std::make_shared<TankAnswer>(ReadAnswer(stem, services_.open)));
+    } catch (const RuntimeFailure &failure) {
+        failed(ToQt(FailureInTurkish(failure)));
+    } catch (const consistent::AnalysisFailure &failure) {
+        failed(ToQt(failure.turkish()));
+    }
+}
+
+// The analysis works on the answer alone: the window stays free.
+void RaporcuWindow::start(std::shared_ptr<TankAnswer> answer) {
+    if (thread_.joinable())
+        thread_.join();
+    progress_->show();
+    edit_->setEnabled(false);
+    anew_->setEnabled(false);
+    thread_ = std::thread([this, answer] {
+        QString failure;
+        try {
+            AnalyseAnswer(*answer, [this](const std::string &words) {
+                QMetaObject::invokeMethod(
+                    this, [this, text = ToQt(words)] { step(text); }, Qt::QueuedConnection);
+            });
+        } catch (const consistent::AnalysisFailure &f) {
+            failure = ToQt(f.turkish());
+        } catch (const RuntimeFailure &f) {
+            failure = ToQt(FailureInTurkish(f));
+        } catch (const std::exception &f) {
+            failure = QString::fromUtf8(f.what());
+        }
+        QMetaObject::invokeMethod(
+            this, [this, answer, failure] { finish(answer, failure); }, Qt::QueuedConnection);
+    });
+}
+
+void RaporcuWindow::step(const QString &words) { status_->setText(words + QStringLiteral(" ...")); }
+
+void RaporcuWindow::finish(const std::shared_ptr<TankAnswer> &answer, const QString &failure) {
+    thread_.join();
+    progress_->hide();
+    edit_->setEnabled(true);
+    anew_->setEnabled(true);
+    if (!failure.isEmpty()) {
+        failed(failure);
+        return;
+    }
+    answer_ = answer;
+    tabs_->setEnabled(true);
+    for (Page *page : {static_cast<Page *>(summary_), static_cast<Page *>(picture_), static_cast<Page *>(tables_),
+                       static_cast<Page *>(combinations_), static_cast<Page *>(steel_), static_cast<Page *>(report_)})
+        page->show(answer_);
+    source_->setEnabled(answer_->hasFiles);
+    if (!answer_->hasFiles)
+        source_->setCurrentIndex(0);
+    tellState();
+}
+
+// Where the model comes from, and what is missing or old.
+void RaporcuWindow::tellState() {
+    QStringList words;
+    words << (answer_->origin == ModelOrigin::Analysed ? QStringLiteral("Model: analiz edildiği hali (.HSP)")
+                                                       : QStringLiteral("Model: projenin kendisi; .HSP yok"));
+    if (answer_->changed)
+        words << QStringLiteral("<b>Model bu analizden sonra değişti</b>");
+    if (!answer_->hasFiles)
+        words << QStringLiteral(".SON yok");
+    if (!answer_->settings.turkish.empty())
+        words << ToQt(answer_->settings.turkish).toHtmlEscaped();
+    state_->setText(words.join(QStringLiteral("   |   ")));
+    anew_->setVisible(answer_->changed || !answer_->hasFiles);
+    status_->setText(QStringLiteral("%1 nokta, %2 mesh, %3 denklem")
+                         .arg(answer_->tank.nodes.size() - 1)
+                         .arg(answer_->tank.meshes.size())
+                         .arg(answer_->analysis->facts().equations));
+}
+
+// Kept beside the project; where that cannot be written the calculation goes on with them all the same.
+void RaporcuWindow::takeCombinations(const std::vector<design::DesignCombination> &combinations) {
+    if (!answer_ || busy())
+        return;
+    auto next = std::make_shared<TankAnswer>(*answer_);
+    next->settings.settings.combinations = combinations;
+    try {
+        design::WriteSettings(stem_ + ".RAP", next->settings.settings);
+        next->settings = design::ReadSettings(stem_ + ".RAP");
+    } catch (const RuntimeFailure &failure) {
+        next->settings.turkish = FailureInTurkish(failure);
+    }
+    try {
+        next->basis = design::MakeBasis(next->settings.settings);
+        start(next);
+    } catch (const RuntimeFailure &failure) {
+        tell(FailureInTurkish(failure));
+    }
+}
+
+void RaporcuWindow::analyseAnew() {
+    const std::string words = services_.analyse(stem_);
+    if (!words.empty())
+        tell(words);
+    else
+        load(stem_);
+}
+
+} // namespace havuz
