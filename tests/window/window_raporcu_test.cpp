@@ -1,0 +1,152 @@
+// The output program's window on a project that was analysed: its pages, the picture by mouse, combinations, old
+// models.
+#include "app/project.h"
+#include "model/store.h"
+#include "program_folder.h"
+#include "support.h"
+#include "ui/raporcu/raporcu_window.h"
+#include "x_hand.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTableView>
+#include <QTableWidget>
+#include <QTextBrowser>
+#include <cstdlib>
+#include <gtest/gtest.h>
+
+namespace havuz {
+
+namespace {
+
+constexpr int kWhile = 20000; // ms
+
+struct RaporcuDesk {
+    ProgramFolder program;
+    TemporaryFolder folder;
+    std::string stem = folder.file("Havuz");
+    std::unique_ptr<RaporcuWindow> window;
+
+    RaporcuDesk() {
+        shell("pool rectangular -o Havuz.POL --set Lx=6 --set Ly=4 --set UstKot=2 --set SiviKotu=2");
+        shell("mesh Havuz.POL");
+    }
+    void shell(const std::string &arguments) const {
+        const std::string command = "cd " + folder.path() + " && " + HAVUZ_CLI + " " + arguments + " >out 2>error";
+        ASSERT_EQ(std::system(command.c_str()), 0) << command << ReadBytes(folder.file("error"));
+    }
+    void open() {
+        RaporcuServices services;
+        services.open = [](const std::string &path) { OpenProject(path); };
+        services.edit = [](const std::string &) { return false; };
+        services.analyse = [](const std::string &) { return "no"; };
+        window = std::make_unique<RaporcuWindow>(services);
+        window->show();
+        load();
+    }
+    void load() {
+        window->load(stem);
+        wait([this] { return !window->busy(); });
+    }
+    static bool wait(const std::function<bool()> &holds) {
+        QElapsedTimer clock;
+        clock.start();
+        while (!holds() && clock.elapsed() < kWhile)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        return holds();
+    }
+    template <class Widget>
+    Widget *find(const char *name) const {
+        return window->findChild<Widget *>(QLatin1String(name));
+    }
+    QString words(const char *name) const { return find<QLabel>(name)->text(); }
+    void turnTo(int page) const {
+        find<QTabWidget>("tabs")->setCurrentIndex(page);
+        QCoreApplication::processEvents();
+    }
+};
+
+} // namespace
+
+TEST(raporcu, ShowsTheModelAsItWasAnalysedAndSaysWhenItIsOld) {
+    RaporcuDesk desk;
+    desk.open();
+    EXPECT_TRUE(desk.words("state").contains(QStringLiteral(".HSP yok")));
+    EXPECT_TRUE(desk.words("state").contains(QStringLiteral(".SON yok")));
+    EXPECT_FALSE(desk.find<QComboBox>("source")->isEnabled());
+    desk.shell("run Havuz.POL --quiet");
+    desk.load();
+    EXPECT_TRUE(desk.words("state").contains(QStringLiteral("analiz edildiği hali")));
+    EXPECT_TRUE(desk.find<QComboBox>("source")->isEnabled());
+    EXPECT_TRUE(desk.find<QTextBrowser>("summary")->toPlainText().contains(QStringLiteral("Zemin gerilmesi")));
+    EXPECT_TRUE(desk.find<QTextBrowser>("report")->toPlainText().contains(QStringLiteral("Hesap Raporu")));
+    desk.shell("set Havuz.POL ZeminKo=1500");
+    WriteBytes(desk.stem + ".RAP", "{ damaged");
+    desk.load();
+    EXPECT_TRUE(desk.words("state").contains(QStringLiteral("Model bu analizden sonra değişti")));
+    EXPECT_TRUE(desk.words("state").contains(QStringLiteral(".RAP")));
+    EXPECT_EQ(ReadBytes(desk.stem + ".RAP"), "{ damaged");
+}
+
+TEST(raporcu, ATankThatCannotBeReadOrAnalysedIsSaid) {
+    RaporcuDesk desk;
+    desk.shell("set Havuz.POL ZeminKo=0");
+    desk.open();
+    EXPECT_FALSE(desk.find<QTabWidget>("tabs")->isEnabled());
+    EXPECT_FALSE(desk.words("state").isEmpty());
+    desk.stem = desk.folder.file("Yok");
+    desk.load();
+    EXPECT_TRUE(desk.words("state").contains(QStringLiteral("Yok.POL")));
+}
+
+TEST(raporcu, ThePictureTurnsByTheMouseAndFollowsTheTables) {
+    RaporcuDesk desk;
+    desk.shell("run Havuz.POL --quiet");
+    desk.open();
+    desk.turnTo(1);
+    auto *view = static_cast<ResultView *>(desk.find<QWidget>("picture"));
+    ASSERT_TRUE(RaporcuDesk::wait([&] { return view->isVisible() && !view->picture().isNull(); }));
+    EXPECT_NE(view->scene().title.find("tutarlı hesap"), std::string::npos);
+    const double before = ViewAngleB;
+    const QPoint middle = view->mapToGlobal(view->rect().center());
+    hand::MoveTo(middle.x(), middle.y());
+    hand::Press(1);
+    hand::MoveTo(middle.x() + 40, middle.y());
+    hand::Release(1);
+    EXPECT_TRUE(RaporcuDesk::wait([&] { return ViewAngleB != before; }));
+    EXPECT_NEAR(ViewAngleB, before - 0.4, 1e-9);
+    desk.find<QComboBox>("source")->setCurrentIndex(1);
+    EXPECT_NE(view->scene().title.find(".SON"), std::string::npos);
+    desk.find<QComboBox>("source")->setCurrentIndex(0);
+    desk.turnTo(2);
+    auto *table = desk.find<QTableView>("tableView");
+    ASSERT_GT(table->model()->rowCount(), 0);
+    const int panel = table->model()->index(1, 0).data().toInt();
+    emit table->clicked(table->model()->index(1, 0));
+    EXPECT_EQ(desk.find<QTabWidget>("tabs")->currentIndex(), 1);
+    EXPECT_EQ(desk.find<QComboBox>("look")->currentData().toInt(), panel);
+}
+
+TEST(raporcu, AFactorThatIsChangedIsCalculatedAndKept) {
+    RaporcuDesk desk;
+    desk.open();
+    const QString before = desk.find<QTextBrowser>("summary")->toPlainText();
+    auto *table = desk.find<QTableWidget>("combinations");
+    const int liquid = 3 + consistent::kLiquid;
+    table->item(0, liquid)->setText(QStringLiteral("3,0"));
+    desk.find<QPushButton>("applyCombinations")->click();
+    RaporcuDesk::wait([&] { return !desk.window->busy(); });
+    EXPECT_NE(desk.find<QTextBrowser>("summary")->toPlainText(), before);
+    EXPECT_NE(ReadBytes(desk.stem + ".RAP"), "");
+    desk.load();
+    EXPECT_EQ(table->item(0, liquid)->text(), QStringLiteral("3,00"));
+    desk.find<QPushButton>("defaultCombinations")->click();
+    RaporcuDesk::wait([&] { return !desk.window->busy(); });
+    EXPECT_EQ(table->item(0, liquid)->text(), QStringLiteral("1,00"));
+}
+
+} // namespace havuz
