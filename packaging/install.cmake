@@ -14,7 +14,7 @@ function(havuz_install_compressed source name destination)
   set(HAVUZ_COMPRESSED ${HAVUZ_COMPRESSED} ${compressed} PARENT_SCOPE)
 endfunction()
 
-install(TARGETS havuz havuz-cli)
+install(TARGETS havuz havuz-cli havuz-raporcu)
 install(DIRECTORY programdir/ DESTINATION ${CMAKE_INSTALL_DATADIR}/havuz)
 install(FILES packaging/WORKING.DIR DESTINATION ${CMAKE_INSTALL_DATADIR}/havuz)
 if(HAVUZ_CMARK_GFM)
@@ -25,7 +25,7 @@ endif()
 # The desktop: menu entry, file type, icons, software catalogue.
 set(icons src/ui/qt/icons)
 set(hicolor ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable)
-install(FILES packaging/havuz.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES packaging/havuz.desktop packaging/havuz-raporcu.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES packaging/havuz.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
 install(FILES ${icons}/havuz.svg DESTINATION ${hicolor}/apps)
 install(FILES ${icons}/application-x-havuz.svg DESTINATION ${hicolor}/mimetypes)
@@ -33,6 +33,7 @@ install(FILES packaging/localhost.havuz.havuz.metainfo.xml DESTINATION ${CMAKE_I
 
 # Documents and the shell.
 havuz_install_compressed(packaging/havuz.1 havuz.1 ${CMAKE_INSTALL_MANDIR}/man1)
+havuz_install_compressed(packaging/havuz-raporcu.1 havuz-raporcu.1 ${CMAKE_INSTALL_MANDIR}/man1)
 havuz_install_compressed(packaging/havuz-cli.1 havuz-cli.1 ${CMAKE_INSTALL_MANDIR}/man1)
 havuz_install_compressed(CHANGELOG.md changelog ${CMAKE_INSTALL_DOCDIR})
 havuz_install_compressed(packaging/debian-changelog changelog.Debian ${CMAKE_INSTALL_DOCDIR})
