@@ -138,8 +138,8 @@ std::vector<std::string> SteelCells(const Source &s, const SteelRow &row) {
             Verdict(row.strengthMet())};
 }
 
-const std::vector<std::string> kSteelHead = {"Bölge, yüz, yön", "Komb.", "M*",         "N*",   "As",
-                                             "As,min",          "Seçilen",     "Seçilen As", "Sonuç"};
+const std::vector<std::string> kSteelHead = {"Bölge, yüz, yön", "Komb.",   "M*",         "N*",   "As",
+                                             "As,min",          "Seçilen", "Seçilen As", "Sonuç"};
 
 void PanelSteel(Html &html, const Source &s, int panel) {
     html.heading(3, PanelName(s.tank(), panel));
