@@ -70,8 +70,10 @@ END {
     status = 0
     for (i = 1; i <= steps; i++) {
         k = key[i]
-        printf "  %-2s displacement %9.5f mm, differs by %5.2f %%; moment %8.4f t.m/m, differs by %5.2f %%, %5.2f %% in the mean\n", k,
-            1000 * greatest[k], 100 * farthest[k] / greatest[k], mgreat[k], 100 * mfar[k] / mgreat[k], 100 * sqrt(sum2[k] / all2[k])
+        printf "  %-2s displacement %9.5f mm, differs by %5.2f %%; ", k, 1000 * greatest[k], 100 * farthest[k] / greatest[k]
+        if (mgreat[k] < 1e-9) print "no moment"
+        else printf "moment %8.4f t.m/m, differs by %5.2f %%, %5.2f %% in the mean\n", mgreat[k],
+            100 * mfar[k] / mgreat[k], 100 * sqrt(sum2[k] / all2[k])
         if (100 * farthest[k] / greatest[k] > limit) status = 1
     }
     exit status
