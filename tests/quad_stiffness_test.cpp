@@ -1,5 +1,4 @@
-// The general quadrilateral's stiffness: rigid motions, exact energies, a patch of distorted elements, what is dropped.
-#include "fea/matrix_invert.h"
+// The general quadrilateral's stiffness: rigid motions, exact energies, what is dropped.
 #include "fea/quad_stiffness.h"
 #include "fea/quad_stress.h"
 #include "quad_support.h"

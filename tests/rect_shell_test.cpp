@@ -236,31 +236,6 @@ TEST(RectShell, StressesAreThoseOfTheInterpolatedPolynomials) {
     }
 }
 
-// Entries of node 1 in closed form, worked out by hand for the corner (x, y).
-TEST(RectShell, ClosedFormsOfNodeOne) {
-    const double a = 2.5, b = 0.7, E = 2.85e6, v = 0.25, t = 0.3;
-    Matrix<24, 24> S;
-    RectShellStress(S, a, b, E, v, t);
-    const double D = E * t * t * t / (12 * (1 - v * v)), Dv = v * D, Dk = (1 - v) * D / 2;
-    for (int k = 0; k < 4; ++k) {
-        const double x = kCorner[k][0] * a, y = kCorner[k][1] * b;
-        const double r = a * a * a * b * b * b;
-        EXPECT_NEAR(S(6 * k + 4, 3),
-                    6 *
-                        (D * a * b * b * b - D * a * b * b * y - 2 * D * b * b * b * x + 2 * D * b * b * x * y +
-                         a * a * a * b * Dv - 2 * a * a * a * y * Dv - a * a * b * x * Dv + 2 * a * a * x * y * Dv) /
-                        r,
-                    1e-6);
-        EXPECT_NEAR(S(6 * k + 4, 4), -2 * Dv * (2 * a * b - 3 * a * y - 2 * b * x + 3 * x * y) / (a * b * b), 1e-6);
-        EXPECT_NEAR(S(6 * k + 4, 5), 2 * D * (2 * a * b - 2 * a * y - 3 * b * x + 3 * x * y) / (a * a * b), 1e-6);
-        EXPECT_NEAR(
-            S(6 * k + 6, 3),
-            -2 * Dk * (a * a * b * b - 6 * a * a * b * y + 6 * a * a * y * y - 6 * a * b * b * x + 6 * b * b * x * x) /
-                r,
-            1e-6);
-    }
-}
-
 TEST(RectShell, ConstantStatesAreExact) {
     const Section s = kSections[1];
     Matrix<24, 24> S;
