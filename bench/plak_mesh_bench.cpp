@@ -47,7 +47,7 @@ void MeshOne(benchmark::State &state, const std::vector<PlanPoint> &outline) {
     PutOutline(outline);
     for (auto _ : state) {
         NoktaCount = MeshCount = 0;
-        PlakMeshle(1);
+        PlakMeshle(1, MeshGenisligi);
     }
     state.counters["nodes"] = NoktaCount;
     state.counters["meshes"] = MeshCount;
@@ -69,7 +69,7 @@ void BM_WholeModel(benchmark::State &state) {
     MeshWindow none;
     std::size_t warnings = 0;
     for (auto _ : state) {
-        OtoMesh(none);
+        OtoMesh(MeshGenisligi, none);
         warnings = MeshReport().size();
     }
     state.counters["nodes"] = NoktaCount;

@@ -46,6 +46,66 @@ TEST(Cli, FromParametersToResults) {
     EXPECT_EQ(ReadBytes(folder.file("P.SON")), son);
 }
 
+// The figures that an engineer reads, of a pool away from the origin: extents, sums, places of the extremes.
+TEST(Cli, InfoAndSummaryOfAPoolOffTheOrigin) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(Cli(folder, "polygon -o P.POL --points '13,-7 19,-7 19,-3 13,-3' --dp 25 --ds 40 --top 4.5 --bottom 1.5")
+                  .status,
+              0);
+    ASSERT_EQ(Cli(folder, "mesh P.POL").status, 0);
+    ASSERT_EQ(Cli(folder,
+                  "set P.POL SiviKotu=4 ToprakKotu=3 YeraltiSuKotu=2 'Mesnet(1)=5' 'Mesnet(2)=3' 'FX(5)=-1.5' "
+                  "'FZ(7)=2.25' 'YukDurum(2)=0' 'YukKombinasyon(1)=1' 'KenarMesnet(2,3)=1' 'Sil(4)=1' 'G(2)=0.625'")
+                  .status,
+              0);
+    std::string text = Cli(folder, "info P.POL").out;
+    ASSERT_EQ(Cli(folder, "set P.POL 'Mesnet(1)=1'").status, 0); // a held translation goes with two load columns only
+    const Ended run = Cli(folder, "run P.POL");
+    EXPECT_EQ(run.status, 0) << run.error;
+    text += "\n" + run.out.substr(0, run.out.find("\nwarning ")); // warnings have tests of their own
+    for (std::size_t at; (at = text.find(folder.path())) != std::string::npos;)
+        text.replace(at, folder.path().size(), "FOLDER");
+    EXPECT_TRUE(MatchesGolden("info_and_summary.txt", text));
+}
+
+// Each name at the end of its table and one past it, both ways.
+TEST(Cli, NamesAreBoundByTheirTables) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(Cli(folder, "polygon -o P.POL --points '0,0 4,0 4,3 0,3' --dp 20 --ds 30 --top 3 --bottom 0").status, 0);
+    ASSERT_EQ(Cli(folder, "mesh P.POL").status, 0);
+    const std::string json = Cli(folder, "info P.POL --json").out;
+    const auto count = [&json](const std::string &key) {
+        return std::atoi(json.c_str() + json.find("\"" + key + "\": ") + key.size() + 4);
+    };
+    const struct {
+        const char *name, *table, *behind;
+        int first, last;
+    } names[] = {{"X", "NoktaTable", "", 1, count("nodes")},
+                 {"Mesnet", "NoktaTable", "", 1, count("nodes")},
+                 {"FY", "NokYukTable", "", 1, count("nodes")},
+                 {"Sil", "MeshTable", "", 1, count("meshes")},
+                 {"G", "PanelTable", "", 1, 4},
+                 {"Tip", "PanelTable", "", 1, 4},
+                 {"KenarMesnet", "PanelTable", ",1", 1, 4},
+                 {"Kalinlik", "PlakTable", "", 1, 1},
+                 {"YukDurum", "YukDurum", "", 0, 3},
+                 {"YukKombinasyon", "YukKombinasyon", "", 0, 2},
+                 {"DonatiCaplari", "DonatiCaplari", "", 1, 13}};
+    for (const auto &n : names) {
+        const auto set = [&](int place) {
+            return Cli(folder, std::string("set P.POL '") + n.name + "(" + std::to_string(place) + n.behind + ")=1'");
+        };
+        EXPECT_EQ(set(n.first).status, 0) << n.name;
+        EXPECT_EQ(set(n.last).status, 0) << n.name;
+        EXPECT_EQ(set(n.last + 1).error, std::string("havuz-cli: P.POL: ") + n.table + "(" +
+                                             std::to_string(n.last + 1) + ") lies outside " + std::to_string(n.first) +
+                                             ".." + std::to_string(n.last) + "\n");
+        EXPECT_EQ(set(0).status, n.first) << n.name; // 0 is a place of the lists that begin there
+    }
+    for (const char *edge : {"0", "5"})
+        EXPECT_EQ(Cli(folder, std::string("set P.POL 'KenarMesnet(1,") + edge + ")=1'").status, 1);
+}
+
 // P.HSP is the project as it was analysed: results are current with it alone.
 TEST(Cli, ResultsAreOfThisModelOrOfAnOlderOne) {
     const TemporaryFolder folder;

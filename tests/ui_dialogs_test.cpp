@@ -294,6 +294,32 @@ TEST(OpenProject, ADroppedFileEndsWhatIsArmedAndIsReadAsFromTheDialog) {
 }
 
 // A new project and one that is read leave nothing pending and nothing hidden.
+TEST(OpenProject, EndsAPendingZoomAndShowsTheNodesAsANewProjectDoes) {
+    ResetAll();
+    Desk desk;
+    TemporaryFolder folder;
+    CalismaDizini = folder.path();
+    AddGrid(1, 1);
+    SaveProject(folder.file("depo.pol"), desk.main);
+    for (const int tool : {9, 10}) {
+        SCOPED_TRACE(tool);
+        desk.main.DrawMeshView();
+        desk.click(Check1(4));
+        desk.click(Command(1));
+        ASSERT_EQ(ZoomPending + NodesHidden, 2);
+        desk.main.EnableMainWindow();
+        desk.click(ChkButton(tool));
+        if (tool == 10) {
+            desk.window.Choose(Of("LOADFILE", "Dosya"), 0);
+            desk.click(Of("LOADFILE", "Tamam"));
+            EXPECT_EQ(MeshCount, 1);
+        }
+        EXPECT_EQ(ZoomPending, 0);
+        EXPECT_EQ(NodesHidden, 0);
+        EXPECT_FALSE(desk.window.Checked(Check1(4)));
+    }
+}
+
 TEST(EndConfirm, DeletesTheScratchFileAndEnds) {
     ResetAll();
     Desk desk;

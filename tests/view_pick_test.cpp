@@ -113,7 +113,6 @@ TEST(NodeMove, RubberLinesGoToAtMostFifteenNeighbours) {
 
 TEST(NodeMove, ANodeUnderThePointerIsTakenByTheMeshes) {
     BeginPlan();
-    RecordingSurface scr;
     LoggingWindow window;
     AddGrid(2, 2);
     KeepZoom = 1; // holds the transform through the redraws
@@ -128,12 +127,10 @@ TEST(NodeMove, ANodeUnderThePointerIsTakenByTheMeshes) {
     EXPECT_EQ(MeshTable[1].N3, 9);
     EXPECT_EQ(MeshTable[2].N4, 9);
     EXPECT_EQ(NoktaCount, 9) << "the node stays in the table";
-    EXPECT_NE(scr.log.find("polygon"), std::string::npos) << "the mesh view is drawn";
 }
 
 TEST(NodeMove, InPlanTheHeightComesFromThePanel) {
     BeginPlan();
-    RecordingSurface scr;
     LoggingWindow window;
     KeepZoom = 1;
     AddPanel(0, {0, 0, 0}, {10, 0, 2}, {10, 10, 6}, {0, 10, 4});
@@ -159,7 +156,6 @@ TEST(NodeMove, InPlanTheHeightComesFromThePanel) {
 
 TEST(NodeMove, RotatedItKeepsToTheDiagonal) {
     BeginPlan();
-    RecordingSurface scr;
     LoggingWindow window;
     KeepZoom = IsoView = 1;
     ViewAngleA = ViewAngleB = 0.0; // seen from below, y turned over
