@@ -48,8 +48,7 @@ TEST(Check, TablesHaveTheirColumnsAndTheirRows) {
         << ReadBytes(folder.file("error"));
     EXPECT_EQ(ReadBytes(folder.file("P.POL")), before);
     const auto nodes = ReadCsv(folder.file("T/nodes.csv"));
-    EXPECT_EQ(ReadBytes(folder.file("T/nodes.csv")).substr(0, 53),
-              "node,x,y,z,case,ux,uy,uz,rx,ry,rz,soil,reaction\n1,0,0");
+    EXPECT_EQ(ReadBytes(folder.file("T/nodes.csv")).rfind("node,x,y,z,case,ux,uy,uz,rx,ry,rz,soil,reaction\n", 0), 0U);
     const auto corners = ReadCsv(folder.file("T/corners.csv"));
     EXPECT_EQ(corners.front(), (std::vector<std::string>{"mesh", "corner", "node", "panel", "kind", "case", "N11",
                                                          "N22", "N12", "M11", "M22", "M12", "Q1", "Q2"}));
@@ -101,12 +100,12 @@ TEST(Check, JsonHasTheSameFigures) {
 // Literal and consistent values beside each other, the causes adding up to the difference.
 TEST(Check, CausesExplainTheDifference) {
     const TemporaryFolder folder;
-    MakePool(folder, "--set YeraltiSuKotu=1.5 --set ToprakKotu=1.5 --set SiviKotu=2");
+    MakePool(folder, "--set YeraltiSuKotu=1 --set ToprakKotu=1.5 --set SiviKotu=2.5");
     ASSERT_EQ(Cli(folder, "run P.POL --quiet"), 0);
     ASSERT_EQ(Cli(folder, "check P.POL --json"), 0);
     const auto report = nlohmann::json::parse(ReadBytes(folder.file("out")));
     ASSERT_FALSE(report["run"].empty());
-    double levelOnEdge = 0, uplift = 0, carried = 0;
+    double levelOnEdge = 0, carried = 0;
     for (const auto &row : report["run"]) {
         double sum = 0;
         for (const auto &[cause, amount] : row["causes"].items())
@@ -116,15 +115,12 @@ TEST(Check, CausesExplainTheDifference) {
         EXPECT_EQ(row["causes"].size(), 7U);
         EXPECT_EQ(row["causes"]["joining"], 0.0);
         levelOnEdge = std::max(levelOnEdge, std::fabs(row["causes"]["level-on-edge"].get<double>()));
-        if (row["cases"] == "W+U")
-            uplift = std::max(uplift, std::fabs(row["causes"]["uplift-short"].get<double>()));
         if (row["cases"] == "S")
             carried = std::max(carried, std::fabs(row["causes"]["carried-over"].get<double>()));
     }
-    EXPECT_GT(levelOnEdge, 0.01); // liquid level 2 on an edge
-    EXPECT_GT(uplift, 0.001);
-    EXPECT_GT(carried, 0.01); // liquid taken over by the soil above its level
-    ASSERT_EQ(Cli(folder, "set P.POL SiviKotu=2.5"), 0);
+    EXPECT_GT(levelOnEdge, 0.01); // groundwater at 1 m, on an edge
+    EXPECT_GT(carried, 0.01);     // liquid taken over by the soil above its level
+    ASSERT_EQ(Cli(folder, "set P.POL SiviKotu=2.6"), 0);
     ASSERT_EQ(Cli(folder, "check P.POL"), 0);
     EXPECT_NE(ReadBytes(folder.file("out")).find("the model has changed since the run"), std::string::npos);
 }
