@@ -2,13 +2,15 @@
 #include "app/check_report.h"
 #include "app/cli.h"
 #include "app/project.h"
+#include "app/result_tables.h"
 #include "consistent/tables.h"
-#include "model/files.h"
+#include "design/checks.h"
+#include "design/failure.h"
+#include "design/settings.h"
+#include "design/superpose.h"
 #include "model/store.h"
-#include "model/write_file.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iostream>
 #include <memory>
 
@@ -18,45 +20,43 @@ namespace {
 
 using consistent::Analysis;
 using consistent::CaseResult;
-using consistent::Combination;
 
 struct CheckOptions {
     std::string file, csv, combination;
     bool json = false, full = false, noTension = false;
 };
 
-// The situations of a tank in service. Factors in the order G P N L S W U Q.
-std::vector<Combination> ServiceCombinations() {
-    return {{"test", {1, 0, 1, 1, 0, 0, 0, 0}},
-            {"full", {1, 1, 1, 1, 1, 1, 1, 1}},
-            {"empty", {1, 0, 1, 0, 1, 0, 0, 1}},
-            {"empty-water", {1, 0, 1, 0, 1, 1, 1, 1}}};
-}
-
+// In the order of kAllCases.
 std::vector<CaseResult> SolveCases(const Analysis &analysis) {
     std::vector<CaseResult> cases;
     for (const consistent::Case c : consistent::kAllCases)
-        if (c != consistent::kSurcharge || analysis.active(c))
-            cases.push_back(analysis.solve(c));
+        cases.push_back(analysis.solve(c));
     return cases;
 }
 
-// Those in service, and the one that is named: a failure of that one is the command's, of another a note.
-void SolveCombinations(const CheckOptions &o, CheckReport &report) {
-    const std::vector<Combination> all = ServiceCombinations();
-    if (!o.combination.empty() &&
-        std::none_of(all.begin(), all.end(), [&](const Combination &c) { return c.key == o.combination; }))
+// All combinations with tension; without it those in service and the one that is named. A failure of that one is the
+// command's, of another a note.
+void SolveCombinations(const CheckOptions &o, const design::Basis &basis, CheckReport &report) {
+    const std::vector<CaseResult> cases = report.cases;
+    if (!report.analysis->active(consistent::kSurcharge))
+        report.cases.pop_back(); // the last
+    const auto isNamed = [&](const design::DesignCombination &c) { return c.sum.key == o.combination; };
+    const auto &all = basis.combinations;
+    if (!o.combination.empty() && std::none_of(all.begin(), all.end(), isNamed))
         throw UsageError("combination " + o.combination + ": there is none of that name");
-    for (const Combination &c : all) {
+    for (const design::DesignCombination &c : all) {
+        if (o.noTension && c.factored && !isNamed(c))
+            continue;
         try {
-            report.combinations.push_back(report.analysis->solve(c, !o.noTension));
+            report.combinations.push_back(o.noTension ? report.analysis->solve(c.sum, false)
+                                                      : design::Superpose(*report.analysis, cases, c.sum));
         } catch (const consistent::AnalysisFailure &failure) {
-            if (c.key == o.combination)
+            if (isNamed(c))
                 throw;
-            report.notes.push_back(c.key + ": " + failure.what());
+            report.notes.push_back(c.sum.key + ": " + failure.what());
             continue;
         }
-        if (c.key == o.combination)
+        if (isNamed(c))
             report.cases.push_back(report.combinations.back());
     }
 }
@@ -81,32 +81,43 @@ void CompareRun(CheckReport &report) {
         report.comparisons = consistent::CompareWithRun(*report.analysis, ProjeYolu);
 }
 
-void WriteCsv(const CheckReport &report, const std::string &directory) {
-    std::error_code error;
-    std::filesystem::create_directories(directory, error);
-    if (!DirectoryExists(directory))
-        throw RuntimeFailure({.fault = Fault::CannotCreate, .text = directory, .reason = error.value()});
+// Tables of the analysis and of the checks. What cannot be checked is a note, and its tables stay away.
+void WriteCsv(CheckReport &report, const design::Basis &basis, const std::string &directory) {
     const consistent::Tank &tank = report.analysis->tank();
-    for (const consistent::ResultTable &table :
-         {NodesTable(tank, report.cases), CornersTable(tank, report.cases), consistent::WallsTable(report.cases),
-          consistent::ProofTable(report.proved())})
-        WriteWholeFile(directory + "/" + table.name + ".csv", CsvText(table));
+    std::vector<design::NamedTable> tables = {{"nodes.csv", CsvText(NodesTable(tank, report.cases))},
+                                              {"corners.csv", CsvText(CornersTable(tank, report.cases))},
+                                              {"walls.csv", CsvText(consistent::WallsTable(report.cases))},
+                                              {"proof.csv", CsvText(consistent::ProofTable(report.proved()))}};
+    try {
+        for (design::NamedTable &table :
+             design::DesignTables(design::DesignTank(*report.analysis, basis), design::TableStyle::International))
+            tables.push_back(std::move(table));
+    } catch (const design::DesignFailure &failure) {
+        report.notes.push_back(std::string("no checks: ") + failure.what());
+    }
+    WriteTables(directory, tables);
 }
 
 void Check(const CheckOptions &o) {
     OpenProject(o.file);
+    const design::SettingsFile settings = design::ReadSettings(ProjectStem(o.file) + ".RAP");
+    if (!settings.english.empty())
+        std::cerr << settings.english << "\n";
+    const design::Basis basis = design::MakeBasis(settings.settings);
     consistent::Options options;
     options.threads = AllowedThreads();
+    options.loads.saturatedDensity = basis.settings.saturatedDensity;
+    options.loads.surcharge = basis.settings.surcharge;
     const Analysis analysis(consistent::ReadTank(), options);
     CheckReport report;
     report.file = o.file;
     report.analysis = &analysis;
     NoteAssumptions(report);
     report.cases = SolveCases(analysis);
-    SolveCombinations(o, report);
+    SolveCombinations(o, basis, report);
     CompareRun(report);
     if (!o.csv.empty())
-        WriteCsv(report, o.csv);
+        WriteCsv(report, basis, o.csv);
     if (o.json)
         PrintCheckAsJson(report, o.full, std::cout);
     else
@@ -121,8 +132,7 @@ void AddCheckCommand(CLI::App &parser, Job &job) {
     command->add_option("file", o->file, "project file")->required()->type_name("FILE.POL");
     command->add_flag("--json", o->json, "the same for programs");
     command->add_flag("--full", o->full, "with --json: also nodes, corners and walls");
-    command->add_option("--csv", o->csv, "directory for nodes.csv, corners.csv, walls.csv, proof.csv")
-        ->type_name("DIR");
+    command->add_option("--csv", o->csv, "directory for the tables of the analysis and the checks")->type_name("DIR");
     command->add_flag("--no-tension", o->noTension, "combinations on a bed that does not pull");
     command->add_option("--combination", o->combination, "also this combination, by its name")->type_name("NAME");
     command->callback([o, &job] { job = {o->file, [o] { Check(*o); }}; });
