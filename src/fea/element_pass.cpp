@@ -68,11 +68,17 @@ bool Differs(const Matrix<24, 24> &a, const Matrix<24, 24> &b) {
 }
 
 // Stiffness of the rectangular element in global axes. The product is kept for a mesh like the last transformed one:
-// the normal case on a regular panel. The tolerance is absolute.
+// the normal case on a regular panel. The tolerance is absolute. A mesh of the very section and axes of the one before
+// it takes the same product without a look.
 class RectGlobalStiffness {
 public:
     const Matrix<24, 24> &of(const MeshRecord &mesh, double E, const Matrix<24, 24> &ElementT) {
-        RectShellStiffness(LocalK, mesh.KenarA, mesh.KenarB, E, PoissonRatio, mesh.Kalinlik / 100.0);
+        const RectSection section(mesh);
+        if (section == before && ElementT == TBefore)
+            return GlobalK;
+        RectShellStiffness(LocalK, section.a, section.b, E, PoissonRatio, section.t);
+        before = section;
+        TBefore = ElementT;
         if (Differs(LocalK, LastK) || Differs(ElementT, LastT)) {
             ToGlobal(ElementT, LocalK, GlobalK);
             LastK = LocalK;
@@ -82,6 +88,8 @@ public:
     }
 
 private:
+    RectSection before;
+    Matrix<24, 24> TBefore;
     Matrix<24, 24> LocalK, LastK, LastT, GlobalK; // all begin as zero
 };
 
@@ -148,6 +156,7 @@ void ElementPass(double E, RecordFile &stif, AnalysisWindow &window) {
     RectGlobalStiffness rect;
     Matrix<24, 24> ElementT;
     ElementRecord record{};
+    RecordWriter<ElementRecord> records(stif);
     for (int i = 1; i <= MeshCount; ++i) {
         window.SetProgLab("Mesh eleman no:" + std::to_string(i));
         const MeshRecord &mesh = MeshTable[i];
@@ -164,8 +173,9 @@ void ElementPass(double E, RecordFile &stif, AnalysisWindow &window) {
             QuadShellStiffness(4);
             PackUpperTriangle(QuadK, record);
         }
-        stif.PutRecord(record, i);
+        records.put(record, i);
     }
+    records.flush();
 }
 
 } // namespace havuz

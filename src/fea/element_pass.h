@@ -19,6 +19,15 @@ MeshRecord AnalysedMesh(const MeshNodes &m);
 // elements 1..24, positive pushes down.
 std::array<double, 25> SurfaceLoad(const MeshRecord &mesh, const MeshNodes &m, const Matrix<24, 24> &ElementT);
 
+// What the matrices of the rectangular element follow from; meshes with the same have the same. Begins as that of no
+// mesh: none has a side below 0.
+struct RectSection {
+    double a = -1.0, b = -1.0, t = -1.0; // sides and thickness, m
+    RectSection() = default;
+    explicit RectSection(const MeshRecord &mesh) : a(mesh.KenarA), b(mesh.KenarB), t(mesh.Kalinlik / 100.0) {}
+    bool operator==(const RectSection &) const = default;
+};
+
 // Mean side lengths, thickness and area loads of every active mesh into its record; free flags of its nodes.
 void MeshPass();
 

@@ -25,7 +25,7 @@ int RecordFile::records() const {
 }
 
 void RecordFile::put(const void *bytes, std::size_t size, int record) {
-    assert(size == length_ && record >= 1);
+    assert(size % length_ == 0 && record >= 1);
     const auto at = static_cast<off_t>(static_cast<std::size_t>(record - 1) * length_);
     errno = 0;
     if (pwrite(channel_, bytes, size, at) != static_cast<ssize_t>(size))
@@ -33,7 +33,7 @@ void RecordFile::put(const void *bytes, std::size_t size, int record) {
 }
 
 void RecordFile::get(void *bytes, std::size_t size, int record) const {
-    assert(size == length_ && record >= 1);
+    assert(size % length_ == 0 && record >= 1);
     const auto at = static_cast<off_t>(static_cast<std::size_t>(record - 1) * length_);
     errno = 0;
     if (pread(channel_, bytes, size, at) != static_cast<ssize_t>(size))

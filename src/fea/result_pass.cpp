@@ -21,59 +21,106 @@ std::array<double, 25> ElementDisplacements(const std::array<int, 25> &MeshEqs, 
     return g;
 }
 
+// A * v, each sum from the first column to the last; columns outside, as A lies by columns.
 std::array<double, 25> Multiply(const Matrix<24, 24> &A, const std::array<double, 25> &v) {
     std::array<double, 25> product{};
-    for (int i = 1; i <= 24; ++i) {
-        double sum = 0.0;
-        for (int j = 1; j <= 24; ++j)
-            sum = sum + A(i, j) * v[static_cast<std::size_t>(j)];
-        product[static_cast<std::size_t>(i)] = sum;
+    for (std::size_t j = 0; j < 24; ++j) {
+        const double *column = A.data() + 24 * j;
+        for (std::size_t i = 0; i < 24; ++i)
+            product[i + 1] = product[i + 1] + column[i] * v[j + 1];
     }
     return product;
 }
 
-void PutCornerResults(int mesh, double E, SonRecord &record) {
-    const MeshRecord &m = MeshTable[mesh];
-    const MeshNodes nodes = MeshNodeData(mesh);
-    const std::array<int, 25> MeshEqs = MeshEquations(nodes);
-    Matrix<24, 24> ElementT;
-    Matrix<24, 24> StressMatrix;
-    if (ElementSwitch == 0) {
-        ElementAxes(ElementT, nodes);
-        RectShellStress(StressMatrix, m.KenarA, m.KenarB, E, PoissonRatio, m.Kalinlik / 100.0);
-    } else { // the step to local axes lies inside the matrix
-        PlaceQuad(m, nodes);
-        QuadShellStress(StressMatrix, 4, 4);
+// T * v where T has diagonal blocks of 3 by 3 alone: what lies outside them adds 0 to a sum that is never -0.
+std::array<double, 25> MultiplyBlocks(const Matrix<24, 24> &T, const std::array<double, 25> &v) {
+    std::array<double, 25> product{};
+    for (int i = 0; i < 24; ++i) {
+        const int block = i / 3 * 3;
+        double sum = 0.0;
+        for (int j = block + 1; j <= block + 3; ++j)
+            sum = sum + T(i + 1, j) * v[static_cast<std::size_t>(j)];
+        product[static_cast<std::size_t>(i + 1)] = sum;
     }
-    for (int c = 1; c <= YukSayisi; ++c) {
-        const std::array<double, 25> g = ElementDisplacements(MeshEqs, c);
-        const std::array<double, 25> s = Multiply(StressMatrix, ElementSwitch == 0 ? Multiply(ElementT, g) : g);
-        for (std::size_t r = 1; r <= 24; ++r)
-            record[static_cast<std::size_t>(c - 1) * 24 + r - 1] = s[r];
-    }
+    return product;
 }
+
+// Stress matrix of the rectangular element, once for meshes of one section that follow each other.
+class RectStressMatrix {
+public:
+    const Matrix<24, 24> &of(const MeshRecord &mesh, double E) {
+        const RectSection section(mesh);
+        if (!(section == before))
+            RectShellStress(S, section.a, section.b, E, PoissonRatio, section.t);
+        before = section;
+        return S;
+    }
+
+private:
+    RectSection before;
+    Matrix<24, 24> S;
+};
+
+class CornerResults {
+public:
+    explicit CornerResults(double E) : E_(E) {}
+
+    void put(int mesh, SonRecord &record) {
+        const MeshRecord &m = MeshTable[mesh];
+        const MeshNodes nodes = MeshNodeData(mesh);
+        const std::array<int, 25> MeshEqs = MeshEquations(nodes);
+        const Matrix<24, 24> &StressMatrix = matrixOf(m, nodes);
+        for (int c = 1; c <= YukSayisi; ++c) {
+            const std::array<double, 25> g = ElementDisplacements(MeshEqs, c);
+            const std::array<double, 25> s =
+                Multiply(StressMatrix, ElementSwitch == 0 ? MultiplyBlocks(ElementT_, g) : g);
+            for (std::size_t r = 1; r <= 24; ++r)
+                record[static_cast<std::size_t>(c - 1) * 24 + r - 1] = s[r];
+        }
+    }
+
+private:
+    const Matrix<24, 24> &matrixOf(const MeshRecord &m, const MeshNodes &nodes) {
+        if (ElementSwitch == 0) {
+            ElementAxes(ElementT_, nodes);
+            return rect_.of(m, E_);
+        }
+        PlaceQuad(m, nodes); // the step to local axes lies inside the matrix
+        QuadShellStress(quad_, 4, 4);
+        return quad_;
+    }
+
+    double E_;
+    Matrix<24, 24> ElementT_, quad_;
+    RectStressMatrix rect_;
+};
 
 } // namespace
 
 void WriteDisplacements(RecordFile &dep) {
     DepRecord record{};
+    RecordWriter<DepRecord> records(dep);
     for (int i = 1; i <= NoktaCount; ++i) {
         for (int d = 1; d <= 6; ++d) {
             const int e = NoktaTable[i].Denklem[d];
             for (int c = 1; c <= YukSayisi; ++c)
                 record[static_cast<std::size_t>(DepColumn(c) + d - 1)] = e > 0 ? SolutionValue(e, c) : 0.0;
         }
-        dep.PutRecord(record, i);
+        records.put(record, i);
     }
+    records.flush();
 }
 
 void StressPass(double E, RecordFile &son) {
+    CornerResults results(E);
+    RecordWriter<SonRecord> records(son);
     for (int i = 1; i <= MeshCount; ++i) {
         SonRecord record{};
         if (!IsSwitchedOff(MeshTable[i]))
-            PutCornerResults(i, E, record);
-        son.PutRecord(record, i);
+            results.put(i, record);
+        records.put(record, i);
     }
+    records.flush();
 }
 
 } // namespace havuz

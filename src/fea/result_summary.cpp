@@ -76,9 +76,9 @@ static void TakeGreater(NodeExtreme &extreme, double value, int node) {
 
 static void AddDisplacements(std::vector<ColumnSummary> &columns, const RecordFile &dep) {
     const std::vector<bool> isWall = WallNodes();
-    DepRecord record{};
+    RecordReader<DepRecord> records(dep);
     for (int i = 1; i <= NoktaCount; ++i) {
-        dep.GetRecord(record, i);
+        const DepRecord &record = records.get(i);
         for (std::size_t c = 0; c < columns.size(); ++c) {
             const double ux = record[6 * c];
             const double uy = record[6 * c + 1];
@@ -93,13 +93,13 @@ static void AddDisplacements(std::vector<ColumnSummary> &columns, const RecordFi
 }
 
 static void AddMoments(std::vector<ColumnSummary> &columns, const RecordFile &son) {
-    SonRecord record{};
+    RecordReader<SonRecord> records(son);
     for (int i = 1; i <= MeshCount; ++i) {
         const MeshRecord &mesh = MeshTable[i];
         if (IsSwitchedOff(mesh))
             continue;
         const std::array<int, 4> nodes = MeshCorners(mesh);
-        son.GetRecord(record, i);
+        const SonRecord &record = records.get(i);
         for (std::size_t c = 0; c < columns.size(); ++c)
             for (std::size_t k = 0; k < 4; ++k)
                 for (std::size_t r : {std::size_t{3}, std::size_t{4}}) {
