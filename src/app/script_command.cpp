@@ -5,7 +5,6 @@
 #include "model/failure.h"
 #include "model/files.h"
 #include "model/options.h"
-#include "ui/window/recovery.h"
 
 #include <filesystem>
 #include <fstream>
@@ -36,7 +35,6 @@ void Start(Stage &stage, const std::string &project) {
             CalismaDizini = CurrentDirectory();
         else
             TakeProjectPaths(FindFile(project));
-        stage.main.Prompt(RecoveryPrompt());
     } catch (const ProgramEnd &) {
         throw ScriptFailure(LastError(stage, "the program ended at its start"));
     }

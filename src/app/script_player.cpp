@@ -5,11 +5,14 @@
 #include "app/script_queries.h"
 #include "model/failure.h"
 #include "model/store.h"
+#include "ui/window/transactions.h"
 #include "model/write_file.h"
 #include "view/projection.h"
 
 #include <algorithm>
+#include <iostream>
 #include <optional>
+#include <utility>
 
 namespace havuz {
 
@@ -290,6 +293,16 @@ void OpenProject(Stage &stage, Words words) {
     Require(stage.person.OpenFile(path), "the main window cannot be reached");
 }
 
+void Undo(Stage &stage, Words words) {
+    words.done();
+    ClickReached(stage, kUndoButton);
+}
+
+void Redo(Stage &stage, Words words) {
+    words.done();
+    ClickReached(stage, kRedoButton);
+}
+
 void SavePicture(Stage &stage, Words words) {
     const std::string path = ScriptPath(words.take("PATH"));
     words.done();
@@ -337,6 +350,8 @@ constexpr VerbRow kVerbs[] = {
     {"timer", "[TIMES]", Timer, false},
     {"answer", "PATH", AnswerDialog, false},
     {"open", "FILE.POL", OpenProject, false},
+    {"undo", "", Undo, false},
+    {"redo", "", Redo, false},
     {"picture", "PATH", SavePicture, true},
     {"save", "FILE.POL", Save, false},
     {"print", "QUERY", PrintQuery, true},
@@ -352,6 +367,11 @@ const VerbRow &VerbOf(const std::string &word) {
 
 bool ExpectsEnd(const ScriptLine &line) { return line.words == std::vector<std::string>{"expect", "end"}; }
 
+// expect failure [WORDS]: the command before it failed, with these words in what it said.
+bool ExpectsFailure(const ScriptLine &line) {
+    return line.words.size() >= 2 && line.words[0] == "expect" && line.words[1] == "failure";
+}
+
 class Player {
 public:
     Player(Stage &stage, std::string file) : stage_(stage), file_(std::move(file)) {}
@@ -362,9 +382,12 @@ public:
         const bool tells = std::any_of(lines.begin(), lines.end(), ExpectsEnd);
         for (const ScriptLine &line : lines) {
             if (endLine_ > 0 && !tells)
-                return;
+                break;
             at(line, [&] { step(line); });
         }
+        tellFailure();
+        if (failures_ > 0)
+            throw ScriptFailure(file_ + ": " + std::to_string(failures_) + " of its commands failed");
     }
 
 private:
@@ -381,7 +404,28 @@ private:
         }
     }
 
+    // A command that failed is a line on standard error, unless the next line expects it; the script goes on.
+    void tellFailure() {
+        if (failure_.empty())
+            return;
+        std::cerr << "havuz-cli: " << ScriptPlace(file_, failureLine_) << std::exchange(failure_, {}) << "\n";
+        ++failures_;
+    }
+
+    void expectFailure(Words words) {
+        words.take("expect");
+        words.take("failure");
+        const std::string wanted = words.empty() ? "" : words.take("WORDS");
+        words.done();
+        Require(!failure_.empty(), "the command before did not fail");
+        const std::string said = std::exchange(failure_, {});
+        Require(said.find(wanted) != std::string::npos, "expected a failure with \"" + wanted + "\", got " + said);
+    }
+
     void step(const ScriptLine &line) {
+        if (ExpectsFailure(line))
+            return expectFailure(Words(line.words));
+        tellFailure();
         if (ExpectsEnd(line)) {
             Require(endLine_ > 0, "the program has not ended");
             endTold_ = true;
@@ -390,8 +434,11 @@ private:
         const VerbRow &verb = VerbOf(line.words[0]);
         Require(endLine_ == 0 || (endTold_ && verb.asks),
                 "not reached: the program ended in line " + std::to_string(endLine_));
+        stage_.main.steps().takeFailure();
         try {
             run(verb, Words({line.words.begin() + 1, line.words.end()}));
+            failure_ = stage_.main.steps().takeFailure();
+            failureLine_ = line.number;
         } catch (const ProgramEnd &end) {
             endLine_ = line.number;
             Require(end.status == 0, "the program ended: " + lastError());
@@ -413,6 +460,8 @@ private:
 
     Stage &stage_;
     std::string file_;
+    std::string failure_; // of the command before
+    int failureLine_ = 0, failures_ = 0;
     int endLine_ = 0; // where the program ended
     bool endTold_ = false;
 };

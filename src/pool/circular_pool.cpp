@@ -29,7 +29,8 @@ void PutSquare(PanelRecord &panel, double r) {
 }
 
 void PutNode(double x, double y, double z) {
-    NoktaRecord &node = NoktaTable[++NoktaCount];
+    NoktaRecord &node = NoktaTable[NoktaCount + 1]; // counted once it is there
+    ++NoktaCount;
     node = NoktaTable[0];
     node.X = x;
     node.Y = y;
@@ -45,7 +46,8 @@ void PutRing(int n, double r, double radius, double z) {
 }
 
 void PutMesh(int panel, int n1, int n2, int n3, int n4) {
-    MeshRecord &mesh = MeshTable[++MeshCount];
+    MeshRecord &mesh = MeshTable[MeshCount + 1];
+    ++MeshCount;
     mesh = MeshTable[0];
     mesh.N1 = n1;
     mesh.N2 = n2;

@@ -18,28 +18,28 @@ static void NoRelease(Workbench & /*bench*/) {}
 
 // clang-format off
 static constexpr ArmedRow kArmed[] = {
-    {kPointLoad,     kAnyStage, "NOKTA YUKU",          Edits::Nothing, PressPointLoad,    MoveOverNodes,   NoRelease},
-    {kSupport,       kAnyStage, "MESNET",              Edits::Nothing, PressSupport,      MoveOverNodes,   NoRelease},
-    {kMeshOnOff,     kAnyStage, "MESH ON/OFF",         Edits::ByPress, PressMeshOnOff,    MoveOverMeshes,  NoRelease},
-    {kNodeMove,      0,         "NOKTA KAYDIRMA",      Edits::ByPress, PressTakeNode,     MoveOverTakable, HidePol},
-    {kNodeMove,      1,         "NOKTA KAYDIRMA",      Edits::ByPress, PressPlaceNode,    MoveTakenNode,   HidePol},
-    {kPanelCopy,     0,         "PLAK KOPYALAMA",      Edits::ByPress, PressTakePanel,    PlakAraAt,       HideBand},
-    {kPanelCopy,     1,         "PLAK KOPYALAMA",      Edits::ByPress, PressFirstCorner,  MoveBand,        HideBand},
-    {kPanelCopy,     2,         "PLAK KOPYALAMA",      Edits::ByPress, PressSecondCorner, MoveBand,        HideBand},
-    {kPanelMove,     0,         "PLAK KAYDIRMA",       Edits::ByPress, PressTakePanel,    PlakAraAt,       HideBand},
-    {kPanelMove,     1,         "PLAK KAYDIRMA",       Edits::ByPress, PressFirstCorner,  MoveBand,        HideBand},
-    {kPanelMove,     2,         "PLAK KAYDIRMA",       Edits::ByPress, PressSecondCorner, MoveBand,        HideBand},
-    {kPanelDelete,   kAnyStage, "PLAK SILME",          Edits::ByPress, PressDeletePanel,  PlakAraAt,       NoRelease},
-    {kEdgeMove,      -1,        "KENAR KAYDIRMA",      Edits::ByPress, PressFixEdge,      HoverEdges,      ForgetEdges},
-    {kEdgeMove,      0,         "KENAR KAYDIRMA",      Edits::ByPress, PressTakeEdge,     HoverEdges,      ForgetEdges},
-    {kEdgeMove,      1,         "KENAR KAYDIRMA",      Edits::ByDrag,  NoPress,           MoveTakenEdge,   ForgetEdges},
-    {kEdgeSupport,   kAnyStage, "PLAK MESNETI",        Edits::ByPress, PressEdgeSupport,  KenarAraAt,      NoRelease},
-    {kVerticalPlate, 0,         "DUSEY PLAK CIZIMI",   Edits::ByPress, PressFirstEnd,     MoveLine,        HideLine},
-    {kVerticalPlate, 1,         "DUSEY PLAK CIZIMI",   Edits::ByPress, PressNextEnd,      MoveLine,        HideLine},
-    {kPolygon,       0,         "POLYGON PLAK CIZIMI", Edits::ByPress, PressFirstPoint,   MoveLine,        EndPolygon},
-    {kPolygon,       1,         "POLYGON PLAK CIZIMI", Edits::ByPress, PressNextPoint,    MoveLine,        EndPolygon},
-    {kPolygonCut,    0,         "POLYGON PLAK KESME",  Edits::ByPress, PressCutStart,     MoveLine,        NoRelease},
-    {kPolygonCut,    1,         "POLYGON PLAK KESME",  Edits::ByPress, PressCutEnd,       MoveLine,        NoRelease},
+    {kPointLoad,     kAnyStage, "NOKTA YUKU",          false, PressPointLoad,    MoveOverNodes,   NoRelease},
+    {kSupport,       kAnyStage, "MESNET",              false, PressSupport,      MoveOverNodes,   NoRelease},
+    {kMeshOnOff,     kAnyStage, "MESH ON/OFF",         false, PressMeshOnOff,    MoveOverMeshes,  NoRelease},
+    {kNodeMove,      0,         "NOKTA KAYDIRMA",      false, PressTakeNode,     MoveOverTakable, HidePol},
+    {kNodeMove,      1,         "NOKTA KAYDIRMA",      false, PressPlaceNode,    MoveTakenNode,   HidePol},
+    {kPanelCopy,     0,         "PLAK KOPYALAMA",      false, PressTakePanel,    PlakAraAt,       HideBand},
+    {kPanelCopy,     1,         "PLAK KOPYALAMA",      false, PressFirstCorner,  MoveBand,        HideBand},
+    {kPanelCopy,     2,         "PLAK KOPYALAMA",      false, PressSecondCorner, MoveBand,        HideBand},
+    {kPanelMove,     0,         "PLAK KAYDIRMA",       false, PressTakePanel,    PlakAraAt,       HideBand},
+    {kPanelMove,     1,         "PLAK KAYDIRMA",       false, PressFirstCorner,  MoveBand,        HideBand},
+    {kPanelMove,     2,         "PLAK KAYDIRMA",       false, PressSecondCorner, MoveBand,        HideBand},
+    {kPanelDelete,   kAnyStage, "PLAK SILME",          false, PressDeletePanel,  PlakAraAt,       NoRelease},
+    {kEdgeMove,      -1,        "KENAR KAYDIRMA",      false, PressFixEdge,      HoverEdges,      ForgetEdges},
+    {kEdgeMove,      0,         "KENAR KAYDIRMA",      false, PressTakeEdge,     HoverEdges,      ForgetEdges},
+    {kEdgeMove,      1,         "KENAR KAYDIRMA",      true,  NoPress,           MoveTakenEdge,   ForgetEdges},
+    {kEdgeSupport,   kAnyStage, "PLAK MESNETI",        false, PressEdgeSupport,  KenarAraAt,      NoRelease},
+    {kVerticalPlate, 0,         "DUSEY PLAK CIZIMI",   false, PressFirstEnd,     MoveLine,        HideLine},
+    {kVerticalPlate, 1,         "DUSEY PLAK CIZIMI",   false, PressNextEnd,      MoveLine,        HideLine},
+    {kPolygon,       0,         "POLYGON PLAK CIZIMI", false, PressFirstPoint,   MoveLine,        EndPolygon},
+    {kPolygon,       1,         "POLYGON PLAK CIZIMI", false, PressNextPoint,    MoveLine,        EndPolygon},
+    {kPolygonCut,    0,         "POLYGON PLAK KESME",  false, PressCutStart,     MoveLine,        NoRelease},
+    {kPolygonCut,    1,         "POLYGON PLAK KESME",  false, PressCutEnd,       MoveLine,        NoRelease},
 };
 // clang-format on
 
@@ -53,14 +53,14 @@ static const ArmedRow *ArmedNow() {
     return nullptr;
 }
 
-static void Run(Workbench &bench, const ArmedRow &row, void (*handler)(Workbench &, Pointer), bool writes, Pointer at) {
-    const auto job = [&] { handler(bench, at); };
-    if (row.edits == Edits::Nothing)
-        job();
-    else if (writes)
-        bench.RunEdit(row.name, job);
-    else
-        bench.RunLook(row.name, job);
+std::string ArmedName() {
+    const ArmedRow *row = ArmedNow();
+    return ZoomPending > 0 ? "ZOOM" : row != nullptr ? row->name : "GORUNUS";
+}
+
+bool MovesEdit(int buttonsHeld) {
+    const ArmedRow *row = ArmedNow();
+    return ZoomPending == 0 && row != nullptr && row->dragEdits && (buttonsHeld & kLeftButton) != 0;
 }
 
 // Window zoom
@@ -141,7 +141,7 @@ void OnSurfacePress(Workbench &bench, int button, int /*shift*/, double x, doubl
     if (ZoomPending > 0)
         PressZoom(bench, at);
     else if (const ArmedRow *row = ArmedNow())
-        Run(bench, *row, row->press, true, at);
+        row->press(bench, at);
 }
 
 void OnSurfaceMove(Workbench &bench, int button, int /*shift*/, double x, double y) {
@@ -151,7 +151,7 @@ void OnSurfaceMove(Workbench &bench, int button, int /*shift*/, double x, double
     else if (ZoomPending + CommandState == 0)
         MoveIdle(bench, at);
     else if (const ArmedRow *row = ArmedNow())
-        Run(bench, *row, row->move, row->edits == Edits::ByDrag, at);
+        row->move(bench, at);
 }
 
 void OnSurfaceRelease(Workbench &bench, int button, int /*shift*/, double /*x*/, double /*y*/) {

@@ -15,20 +15,21 @@ struct Pointer {
 
 constexpr int kAnyStage = -9;
 
-// Which handlers of a row write the model. A failure in a row that edits ends the command alone.
-enum class Edits { Nothing, ByPress, ByDrag };
-
 struct ArmedRow {
     int state;        // CommandState
     int stage;        // PickStage, or kAnyStage
-    const char *name; // in the prompt of a failure
-    Edits edits;
+    const char *name; // in the prompt of a failure and in the steps of undo
+    bool dragEdits;   // a move with the left button held changes the model
     void (*press)(Workbench &bench, Pointer at);
     void (*move)(Workbench &bench, Pointer at);
     void (*release)(Workbench &bench); // before the command ends
 };
 
 std::span<const ArmedRow> ArmedCommands();
+
+// What the pointer does now, in the words of the table; and whether its moves change the model.
+std::string ArmedName();
+bool MovesEdit(int buttonsHeld);
 
 void OnSurfacePress(Workbench &bench, int button, int shift, double x, double y);
 void OnSurfaceMove(Workbench &bench, int button, int shift, double x, double y);

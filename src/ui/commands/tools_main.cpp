@@ -20,7 +20,7 @@ static std::string OutputProgram() { return ProgramDizini + "/RAPORCU.EXE"; }
 
 void AutoMeshTool(Workbench &bench) {
     bench.window.SetItems(kDyukList, {});
-    bench.RunEdit("AUTO MESH", [&bench] { AutoMesh(bench.meshing); });
+    AutoMesh(bench.meshing);
 }
 
 // No other command can start while it runs, though it lets pending events through.

@@ -22,6 +22,7 @@ void AddPolygonDialog(Workbench &bench, Forms &forms);
 void AddPoolDataDialog(Workbench &bench, Forms &forms);
 void AddPoolLibraryDialog(Workbench &bench, Forms &forms);
 void AddProjectDialogs(Workbench &bench, Forms &forms);
+void AddRecoveryDialog(Workbench &bench, Forms &forms);
 void AddRowPopup(Workbench &bench, Forms &forms);
 
 template <class Dialog>

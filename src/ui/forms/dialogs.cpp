@@ -16,6 +16,7 @@ std::vector<std::unique_ptr<Form>> MakeForms(Workbench &bench) {
     AddNodeTable(bench, forms);
     AddRowPopup(bench, forms);
     AddProjectDialogs(bench, forms);
+    AddRecoveryDialog(bench, forms);
     AddNodeDialogs(bench, forms);
     AddPolygonDialog(bench, forms);
     AddPalettes(bench, forms);

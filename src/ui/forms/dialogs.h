@@ -30,6 +30,14 @@ void ShowSaveName(Workbench &bench);        // BILGI, with ProjeAdi in its box
 // and changes nothing.
 void OpenGivenProject(Workbench &bench, const std::string &path);
 
+// KURTAR, with what earlier sessions left unsaved; nothing when there is nothing. Opens a copy of it as a model without
+// a name: false when the file is none.
+void OfferRecovery(Workbench &bench);
+bool OpenRecovered(Workbench &bench, const std::string &file);
+
+// The window after a project was read: rotated view, nothing pending, no node hidden.
+void ShowReadProject(Workbench &bench);
+
 void ShowEndConfirm(Workbench &bench); // ENDKONT, at left (screen width - its width - 90), top 800
 
 // Of node SeciliNo, at left 950, top 1100; the main window is disabled.

@@ -36,6 +36,8 @@ public:
     virtual void OnScroll(Element /*element*/) {}
     virtual void OnHover(Element /*element*/) {}
     virtual void OnDeactivate() {}
+    // A handler of the element failed, and the model is as it was before: shows what the model holds.
+    virtual void OnFailed(Element /*element*/) {}
     // Closed by other means than TAMAM.
     virtual void OnClose() { close(); }
 

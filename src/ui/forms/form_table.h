@@ -9,6 +9,7 @@ namespace havuz {
 struct FormRow {
     std::string_view name;
     const char *caption; // "" where the opening says it
+    const char *command; // its name in the prompt line and in the steps; "" for that of its tool
     FormKind kind;
     Element tool;      // comes up again when the form closes; none: no name
     Place place;       // {} where the opening says it

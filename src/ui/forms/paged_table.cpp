@@ -239,6 +239,20 @@ bool PagedTable::OnKey(Element element, Key key) {
     return false;
 }
 
+// A cell that holds what cannot be stored shows its old value; another failure fills the page anew.
+void PagedTable::OnFailed(Element element) {
+    if (element.form != name() || !showAgain(element))
+        FillPage();
+}
+
+bool PagedTable::showAgain(Element element) {
+    const int c = columnOf(element);
+    if (c < 0 || !isText(c))
+        return false;
+    showCell(element.index, c);
+    return true;
+}
+
 // Row-menu
 
 void PagedTable::OnClick(Element element) {

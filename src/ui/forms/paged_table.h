@@ -44,6 +44,7 @@ public:
     void OnLostFocus(Element element) override;
     bool OnKey(Element element, Key key) override;
     void OnScroll(Element element) override;
+    void OnFailed(Element element) override;
 
     static constexpr double CellTop(int row) { return kFirstTop + row * kRowHeight; }
     static constexpr double CellLeft(int column) { return kFirstLeft + column * kColumnWidth; }
@@ -61,6 +62,8 @@ protected:
     virtual void storeChecks(int /*record*/, const std::vector<bool> & /*on*/) {}
     // The page or the focused row changed.
     virtual void rowShown() {}
+    // Whether an element shows a field of the model, and then shows it again.
+    virtual bool showAgain(Element element);
 
     const TableKind &kind_;
 

@@ -48,6 +48,11 @@ private:
             return i == 12 ? panel.G : panel.P;
         return i % 3 == 0 ? panel.X[corner] : i % 3 == 1 ? panel.Y[corner] : panel.Z[corner];
     }
+    bool showAgain(Element element) override {
+        if (element.name == "Deger")
+            showDetail(element.index);
+        return element.name == "Deger" || PagedTable::showAgain(element);
+    }
     void showDetail(int i) { setText("Deger", i, PictureText(detail(i), kDetailPicture)); }
 
     // Closed any other way the edits stand, and the gaps stay.

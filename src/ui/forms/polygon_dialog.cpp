@@ -40,11 +40,9 @@ private:
     }
 
     void confirm() override {
-        const bool built = bench.RunEdit("POLIGON HAVUZU", [this] { BuildPolygonPool(drawnPool()); });
-        if (built) {
-            bench.TakeRotated();
-            bench.DrawPlateView();
-        }
+        BuildPolygonPool(drawnPool());
+        bench.TakeRotated();
+        bench.DrawPlateView();
         close();
     }
 };

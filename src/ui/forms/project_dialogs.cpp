@@ -8,6 +8,7 @@
 #include "ui/forms/dialog_parts.h"
 #include "ui/forms/dialogs.h"
 #include "ui/window/command_state.h"
+#include "ui/window/transactions.h"
 #include "view/overview.h"
 
 #include <algorithm>
@@ -19,6 +20,13 @@ namespace havuz {
 namespace fs = std::filesystem;
 
 namespace {
+
+// A title with a comma or a quote is written as it stands, and breaks the file.
+std::string TitleWarning() {
+    return ProjeIsmi.find_first_of(",\"") == std::string::npos
+               ? ""
+               : " - PROJE ISMINDEKI VIRGUL VEYA TIRNAK YUZUNDEN DOSYA BIR DAHA OKUNAMAZ";
+}
 
 class SaveNameDialog : public Form {
 public:
@@ -40,9 +48,17 @@ private:
         const std::string name = CutBlanks(text("Tex"));
         if (name.empty())
             return;
+        if (name.find('/') != std::string::npos)
+            return bench.Prompt("SAKLANAMADI: PROJE ISMINDE / OLAMAZ");
+        if (UpToFirstDot(name).empty())
+            return;
         ProjeAdi = UpToFirstDot(name);
-        SaveProject(LocalPath(CalismaDizini + "\\" + ProjeAdi + ".POL"), bench.project);
+        const std::string path = LocalPath(CalismaDizini + "\\") + ProjeAdi + ".POL";
+        SaveProject(path, bench.project);
+        ProjeDosyasi = path;
+        bench.steps().saved();
         OnClose();
+        bench.Prompt("SAKLANDI: " + path + TitleWarning());
     }
 };
 
@@ -99,21 +115,13 @@ bool IsProject(const fs::path &file) {
     return extension == ".POL";
 }
 
-// As after a new project nothing is pending and no node is hidden.
 void ReadProject(Workbench &bench, const std::string &path) {
     ProjeAdi = UpToFirstDot(fs::path(path).filename().string());
     ProjeDosyasi = path;
     ClearModel();
     LoadProject(ProjeDosyasi, bench.project);
-    ZoomPending = 0; // the window is then as at the start, but for the view
-    NodesHidden = 0;
-    bench.TakeRotated();
-    bench.FitViews();
-    if (MeshCount > 0)
-        bench.DrawMeshView();
-    else
-        bench.DrawPlateView();
-    RefreshOverview(bench.view);
+    ShowReadProject(bench);
+    bench.steps().opened();
 }
 
 // A directory that cannot be read shows empty lists.
@@ -184,7 +192,22 @@ void ShowSaveName(Workbench &bench) { DialogOf<SaveNameDialog>(bench, "BILGI").s
 
 void ShowOpenProject(Workbench &bench) { DialogOf<OpenDialog>(bench, "LOADFILE").show(); }
 
+// As after a new project nothing is pending and no node is hidden.
+void ShowReadProject(Workbench &bench) {
+    ZoomPending = 0; // the window is then as at the start, but for the view
+    NodesHidden = 0;
+    bench.TakeRotated();
+    bench.FitViews();
+    if (MeshCount > 0)
+        bench.DrawMeshView();
+    else
+        bench.DrawPlateView();
+    RefreshOverview(bench.view);
+}
+
 void OpenGivenProject(Workbench &bench, const std::string &path) {
+    if (OpenRecovered(bench, path))
+        return;
     const std::string name = fs::path(path).filename().string();
     if (!IsProject(path))
         return bench.Prompt("ACILAMADI: " + name + " BIR .POL DOSYASI DEGIL");

@@ -17,6 +17,7 @@ constexpr Colour kHot = Rgb(0, 0, 192);
 // Copies each record from the one before it, from the new last one down to row: row keeps a copy of the one before.
 template <class Record, int Capacity>
 void MakeRoom(Table<Record, Capacity> &table, int &count, int row) {
+    static_cast<void>(table[count + 1]); // a full table fails before it is counted
     ++count;
     for (int i = count; i >= row; --i)
         table[i] = table[i - 1];
@@ -24,6 +25,8 @@ void MakeRoom(Table<Record, Capacity> &table, int &count, int row) {
 
 template <class Record, int Capacity>
 void CloseRow(Table<Record, Capacity> &table, int &count, int row) {
+    if (count == 0)
+        return;
     for (int i = row; i < Capacity; ++i)
         table[i] = table[i + 1];
     --count;

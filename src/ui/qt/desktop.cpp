@@ -3,9 +3,11 @@
 #include "model/failure.h"
 #include "model/working_directory.h"
 #include "ui/qt/qt_window.h"
+#include "ui/qt/signal_watch.h"
 #include "ui/qt/text.h"
 #include "ui/window/main_window.h"
 #include "ui/window/recorder.h"
+#include "ui/window/recovery.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -82,6 +84,8 @@ int RunDesktop(int &argc, char **argv, const std::string &executable, const Desk
     MainWindow main(window, executable);
     if (!MakeWorkingDirectory(executable))
         return 1;
+    main.recovery = std::make_unique<Recovery>(Recovery::UsualDirectory());
+    const SignalWatch watch([&](int signal) { window.endSoon([&main, signal] { main.EndFor(SignalName(signal), 128 + signal); }); });
     window.handle([&] { main.Start(CommandLine(options.project)); });
     return options.record.empty() ? window.run() : RunRecorded(window, options);
 }

@@ -125,7 +125,7 @@ void ShowButton(Button &button, Element element, const State &state) {
     button.put(bag::kValue, state.checked);
     button.put(bag::kBack, state.colour == kButtonColour ? QVariant() : ToneOf(state.colour, button.palette()));
     if (element.form == kMain && !picture.isEmpty())
-        button.setToolTip(ToQt(state.label));
+        button.setToolTip(Words(state));
     else if (!button.get(bag::kBare).toBool())
         button.put(bag::kCaption, Words(state));
 }

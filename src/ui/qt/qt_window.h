@@ -30,6 +30,9 @@ public:
     // Does what throws ProgramEnd when the program ends; the window takes note of it. False when it has ended.
     bool handle(const std::function<void()> &job);
 
+    // Does the last job of the program, at once or, while another runs, behind it.
+    void endSoon(std::function<void()> end);
+
     bool ended() const { return ended_; }
     int status() const { return status_; }
 
@@ -63,6 +66,7 @@ public:
     void StartProgram(const std::string &program, const std::string &argument) override;
     void OpenHelp(const std::string &path) override;
     void RememberProject(const std::string &path) override;
+    void OfferProjects(const std::vector<OfferedProject> &projects) override { offered_ = projects; }
     void ServeEvents() override;
     void ReportError(const std::string &line) override;
     [[noreturn]] void EndProgram(int status) override;
@@ -101,6 +105,7 @@ private:
     std::map<Element, SurfaceView *> views_;
     std::unique_ptr<QWidget> main_; // owns all forms
     Button *recent_ = nullptr;
+    std::vector<OfferedProject> offered_;
     QWidget *lastClicked_ = nullptr;
     QTimer timer_;
     QTimer fit_; // a while after the last change of size
@@ -108,6 +113,7 @@ private:
     Element typing_; // the box that a person is typing into
     bool busy_ = false, following_ = false, ended_ = false, started_ = false, running_ = false;
     int status_ = 0;
+    std::function<void()> end_; // waits for the job that runs
 };
 
 } // namespace havuz

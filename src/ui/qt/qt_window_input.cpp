@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <optional>
+#include <utility>
 
 namespace havuz {
 
@@ -30,9 +31,17 @@ bool QtWindow::handle(const std::function<void()> &job) {
             QCoreApplication::exit(end.status);
     }
     busy_ = false;
+    if (!ended_ && end_)
+        return handle(std::exchange(end_, {}));
     if (!ended_)
         settle();
     return !ended_;
+}
+
+void QtWindow::endSoon(std::function<void()> end) {
+    end_ = std::move(end);
+    if (!busy_)
+        handle(std::exchange(end_, {}));
 }
 
 // Without a focus of the state's own the keyboard is the surface's.
@@ -107,6 +116,8 @@ void QtWindow::fitSurface() {
 
 void QtWindow::showRecent() {
     QMenu menu;
+    for (const OfferedProject &project : offered_)
+        menu.addAction(ToQt(project.text), [this, path = project.path] { handle([&] { OpenFile(path); }); });
     for (const QString &path : RecentProjects())
         menu.addAction(QFileInfo(path).fileName() + QLatin1String("   ") + QFileInfo(path).path(),
                        [this, path] { handle([&] { OpenFile(FromQt(path)); }); });
@@ -232,6 +243,10 @@ static Element ShortcutOf(const QKeyEvent &key) {
         return kSaveTool;
     if (key.matches(QKeySequence::HelpContents))
         return kHelpButton;
+    if (key.matches(QKeySequence::Undo))
+        return kUndoButton;
+    if (key.matches(QKeySequence::Redo))
+        return kRedoButton;
     return {};
 }
 
@@ -266,7 +281,10 @@ bool QtWindow::eventFilter(QObject *object, QEvent *event) {
     if (event->type() == QEvent::KeyPress && at == QApplication::focusWidget()) {
         const auto &key = static_cast<QKeyEvent &>(*event);
         const Element element = elementOf(at);
-        if (const Element tool = ShortcutOf(key); !tool.name.empty() && formReachable(kMain)) {
+        const Element tool = ShortcutOf(key);
+        const bool own = (tool == kUndoButton || tool == kRedoButton) && !element.name.empty() &&
+                         state(element).kind == FieldKind::TextBox; // a box takes back what was typed into it
+        if (!tool.name.empty() && !own && formReachable(kMain)) {
             handle([&] { ClickTool(tool); });
             return true;
         }

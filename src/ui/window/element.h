@@ -60,6 +60,7 @@ inline constexpr Element kGeneralDataTool = ChkButton(0), kMaterialTool = ChkBut
     kNewTool = ChkButton(9), kOpenTool = ChkButton(10), kSaveTool = ChkButton(11), kSapTool = ChkButton(12),
     kStaadTool = ChkButton(13);
 inline constexpr Element kEndButton = TopBar(0), kMinimiseButton = TopBar(1), kHelpButton = TopBar(2);
+inline constexpr Element kRedoButton = TopBar(3), kUndoButton = TopBar(4);
 // clang-format on
 
 // Elements of the palettes and of the overview that the command machine itself reads or moves

@@ -27,6 +27,7 @@ public:
     std::deque<std::string> saveNames; // answers of the file dialog; none left: cancelled
     std::vector<SaveQuestion> questions;
     std::vector<Started> started;
+    std::vector<OfferedProject> offered;
     std::vector<std::string> helps, errors, remembered;
     PointerShape pointerShape = PointerShape::Default;
     bool confined = false;
@@ -55,6 +56,7 @@ public:
     bool AnotherInstanceRuns() override { return otherInstance; }
     std::string AskSaveName(const SaveQuestion &question) override;
     void StartProgram(const std::string &program, const std::string &argument) override;
+    void OfferProjects(const std::vector<OfferedProject> &projects) override { offered = projects; }
     void RememberProject(const std::string &path) override { remembered.push_back(path); }
     void OpenHelp(const std::string &path) override { helps.push_back(path); }
     void ServeEvents() override { ++served; }

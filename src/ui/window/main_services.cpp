@@ -245,7 +245,7 @@ FormFields MainFields() {
                    {.kind = FieldKind::Label, .name = "Label1", .shown = false, .look = FieldLook::Floating},
                    {.kind = FieldKind::Label, .name = "ProgLab", .shown = false, .look = FieldLook::Floating},
                    {.kind = FieldKind::Picture, .name = "VekProgBar", .shown = false}};
-    AddMany(form, {.kind = FieldKind::Button, .name = "TopBar", .look = FieldLook::Corner}, 2);
+    AddMany(form, {.kind = FieldKind::Button, .name = "TopBar", .look = FieldLook::Corner}, kUndoButton.index);
     AddTools(form);
     AddFrames(form);
     AddMany(form, {.kind = FieldKind::Line, .name = "pol", .shown = false}, kPolLast);

@@ -7,10 +7,16 @@
 #include "ui/forms/dialogs.h"
 #include "ui/window/command_state.h"
 #include "ui/window/recovery.h"
+#include "ui/window/transactions.h"
 #include "ui/window/view_habits.h"
+#include "ui/window/window_title.h"
 #include "view/overview.h"
 
+#include <cstdlib>
+
 namespace havuz {
+
+static constexpr std::chrono::seconds kPause{1}, kBetweenCopies{20};
 
 // The forms that are no dialogs: the overview window, and the list of a mesh run.
 static FormFields OverviewFields() {
@@ -35,35 +41,66 @@ MainWindow::MainWindow(Window &platform, std::string executable)
     for (const auto &form : forms_)
         window.MakeForm({form->name(), form->row().caption, form->fields(), form->row().kind});
     window.ShowForm(kMain, {}, Modality::Modeless, false);
+    steps().afterStep = [this] { showSteps(); };
+    steps().atEnd = [this](const std::string &command) { keepForNextStart(command); };
+}
+
+// Steps and copies
+
+void MainWindow::showSteps() {
+    const ModelHistory &history = steps().history();
+    const bool undo = history.canUndo(), redo = history.canRedo();
+    window.Enable(kUndoButton, undo);
+    window.SetText(kUndoButton, undo ? "geri al: " + history.undoName() : "");
+    window.Enable(kRedoButton, redo);
+    window.SetText(kRedoButton, redo ? "yinele: " + history.redoName() : "");
+    const char *home = std::getenv("HOME");
+    const bool changed = steps().changed();
+    window.SetCaption(kMain, WindowTitle(ProjeYolu, changed, home == nullptr ? "" : home));
+    uncopied_ = changed;
+    lastStep_ = std::chrono::steady_clock::now();
+    if (!changed && recovery != nullptr)
+        recovery->drop();
+}
+
+// While the person pauses, and not too often.
+void MainWindow::keepCopy() {
+    if (recovery == nullptr)
+        return;
+    if (const std::string error = recovery->takeError(); !error.empty())
+        Prompt("KURTARMA KOPYASI YAZILAMADI: " + error);
+    const auto now = std::chrono::steady_clock::now();
+    if (!uncopied_ || now - lastStep_ < kPause || (copied_ && now - lastCopy_ < kBetweenCopies))
+        return;
+    uncopied_ = false;
+    copied_ = true;
+    lastCopy_ = now;
+    recovery->keepLater();
+}
+
+void MainWindow::keepForNextStart(const std::string &reason) {
+    if (recovery == nullptr)
+        return;
+    if (!steps().changed())
+        return recovery->drop();
+    try {
+        recovery->keep(reason);
+    } catch (const RuntimeFailure &failure) {
+        ReportFailure(std::string(failure.what()) + "; the model is lost");
+    }
+}
+
+void MainWindow::EndFor(const std::string &reason, int status) {
+    keepForNextStart(reason);
+    EndProgram(status);
 }
 
 MainWindow::~MainWindow() { window.SetEvents(nullptr); }
 
 void MainWindow::Start(const std::string &commandLine) {
     havuz::StartProgram(commandLine, executable(), *this);
-    guard([this] { Prompt(RecoveryPrompt()); });
-}
-
-// Failures
-
-void MainWindow::endByFailure(const RuntimeFailure &failure) {
-    std::string line = failure.what();
-    try {
-        line += "; the model is in " + WriteRecoveryFile();
-    } catch (const RuntimeFailure &writing) {
-        line += "; the model is lost: " + std::string(writing.what());
-    }
-    ReportFailure(line);
-    EndProgram(1);
-}
-
-template <class Handler>
-void MainWindow::guard(Handler handler) {
-    try {
-        handler();
-    } catch (const RuntimeFailure &failure) {
-        endByFailure(failure);
-    }
+    steps().begin();
+    OfferRecovery(*this);
 }
 
 // Events
@@ -82,7 +119,11 @@ static void ClickMain(Workbench &bench, Element element) {
 static bool IsOwnForm(std::string_view form) { return form == kMain || form == kOverview || form == kDyuk; }
 
 void MainWindow::OnClick(Element element) {
-    guard([&] {
+    if (element == kUndoButton)
+        return steps().undo();
+    if (element == kRedoButton)
+        return steps().redo();
+    steps().edit(element, [&] {
         if (element.form == kMain)
             ClickMain(*this, element);
         else if (!IsOwnForm(element.form))
@@ -92,28 +133,28 @@ void MainWindow::OnClick(Element element) {
 
 void MainWindow::OnFocus(Element element) {
     if (!IsOwnForm(element.form))
-        guard([&] { form(element.form).OnFocus(element); });
+        steps().edit(element, [&] { form(element.form).OnFocus(element); });
 }
 
 void MainWindow::OnLostFocus(Element element) {
     if (!IsOwnForm(element.form))
-        guard([&] { form(element.form).OnLostFocus(element); });
+        steps().edit(element, [&] { form(element.form).OnLostFocus(element); });
 }
 
 bool MainWindow::OnKey(Element element, Key key) {
     bool kept = false;
     if (!IsOwnForm(element.form))
-        guard([&] { kept = form(element.form).OnKey(element, key); });
+        steps().edit(element, [&] { kept = form(element.form).OnKey(element, key); });
     return kept;
 }
 
 void MainWindow::OnScroll(Element element) {
     if (!IsOwnForm(element.form))
-        guard([&] { form(element.form).OnScroll(element); });
+        steps().edit(element, [&] { form(element.form).OnScroll(element); });
 }
 
 void MainWindow::OnHover(Element element) {
-    guard([&] {
+    steps().look(element, [&] {
         if (const ToolRow *tool = ToolOf(element))
             OnToolHover(*this, *tool);
         else if (!IsOwnForm(element.form))
@@ -122,7 +163,7 @@ void MainWindow::OnHover(Element element) {
 }
 
 void MainWindow::OnPress(Element surface, int button, int shift, double x, double y) {
-    guard([&] {
+    steps().edit(surface, [&] {
         if (surface == kScr)
             OnSurfacePress(*this, button, shift, x, y);
         else if (surface == kOverviewPicture)
@@ -131,16 +172,17 @@ void MainWindow::OnPress(Element surface, int button, int shift, double x, doubl
 }
 
 void MainWindow::OnMove(Element surface, int button, int shift, double x, double y) {
-    guard([&] {
+    const auto move = [&] {
         if (surface == kScr)
             OnSurfaceMove(*this, button, shift, x, y);
         else if (surface == kOverviewPicture)
             OnOverviewMove(x, y, *this);
-    });
+    };
+    MovesEdit(surface == kScr ? button : 0) ? steps().edit(surface, move) : steps().look(surface, move);
 }
 
 void MainWindow::OnRelease(Element surface, int button, int shift, double x, double y) {
-    guard([&] {
+    steps().edit(surface, [&] {
         if (surface == kScr)
             OnSurfaceRelease(*this, button, shift, x, y);
         else if (surface == kOverviewPicture)
@@ -150,20 +192,20 @@ void MainWindow::OnRelease(Element surface, int button, int shift, double x, dou
 
 void MainWindow::OnWheel(Element surface, int steps, double x, double y) {
     if (surface == kScr)
-        guard([&] { ZoomAbout(*this, steps, x, y); });
+        this->steps().look(surface, [&] { ZoomAbout(*this, steps, x, y); });
 }
 
 void MainWindow::OnPan(Element surface, double dx, double dy) {
     if (surface == kScr)
-        guard([&] { PanView(*this, dx, dy); });
+        steps().look(surface, [&] { PanView(*this, dx, dy); });
 }
 
 void MainWindow::OnOpen(const std::string &path) {
-    guard([&] { OpenGivenProject(*this, path); });
+    steps().edit(kOpenTool, [&] { OpenGivenProject(*this, path); });
 }
 
 void MainWindow::OnResize() {
-    guard([this] {
+    steps().look(kScr, [this] {
         TakeSurfaceSize(scr());
         RedrawView();
         SetUpDynamicView();
@@ -172,7 +214,7 @@ void MainWindow::OnResize() {
 
 // The end confirmation asks before the main window closes.
 void MainWindow::OnClose(std::string_view name) {
-    guard([&] {
+    steps().edit({name, {}, 0}, [&] {
         if (name == kMain)
             ShowEndConfirm(*this);
         else if (name == kOverview)
@@ -183,7 +225,7 @@ void MainWindow::OnClose(std::string_view name) {
 }
 
 void MainWindow::OnDeactivate(std::string_view name) {
-    guard([&] {
+    steps().look({name, {}, 0}, [&] {
         if (name == kOverview)
             OnOverviewDeactivate(*this);
         else if (!IsOwnForm(name))
@@ -192,7 +234,10 @@ void MainWindow::OnDeactivate(std::string_view name) {
 }
 
 void MainWindow::OnTimer() {
-    guard([this] { OnHoverTimer(*this); });
+    steps().look(kScr, [this] {
+        OnHoverTimer(*this);
+        keepCopy();
+    });
 }
 
 } // namespace havuz

@@ -1,11 +1,12 @@
 // The main window as logic: it takes the window's events to the handlers of the tools, the pointer, the dialogs; it
-// answers what the lower folders ask of a window; it keeps the rule for failures inside a handler.
+// answers what the lower folders ask of a window.
 #pragma once
 
 #include "model/startup.h"
 #include "ui/forms/form.h"
 #include "ui/window/workbench.h"
 
+#include <chrono>
 #include <map>
 #include <string>
 
@@ -25,12 +26,12 @@ public:
     MainWindow(Window &window, std::string executable);
     ~MainWindow() override;
 
-    // The start sequence, then the prompt line tells of a recovery file that an earlier run left behind. A failure ends
-    // the program (ProgramEnd).
+    // The start sequence, then what earlier sessions left unsaved is offered. A failure ends the program (ProgramEnd).
     void Start(const std::string &commandLine);
+    // Ends the program: unsaved work is kept for the next start, with the reason.
+    [[noreturn]] void EndFor(const std::string &reason, int status);
 
-    // WindowEvents. A RuntimeFailure that comes out of a handler ends the program with status 1, one line on standard
-    // error, and the model as it stands in KURTARMA.POL of the working directory.
+    // WindowEvents. Each handler is a transaction (transactions.h).
     void OnClick(Element element) override;
     void OnFocus(Element element) override;
     void OnLostFocus(Element element) override;
@@ -106,10 +107,12 @@ public:
     std::string AskSaveName(const std::string &title, const std::string &directory, const std::string &name) override;
 
 private:
-    template <class Handler>
-    void guard(Handler handler);
-    [[noreturn]] void endByFailure(const RuntimeFailure &failure);
+    void showSteps();
+    void keepCopy();
+    void keepForNextStart(const std::string &reason);
 
+    std::chrono::steady_clock::time_point lastStep_{}, lastCopy_{};
+    bool uncopied_ = false, copied_ = false; // steps that no copy has yet; one was made
     std::map<int, Colour> progressRows_;            // of the bar, as it was painted whole
     double overviewLeft_ = 0.0, overviewTop_ = 0.0; // where the overview opens next, twips
 };

@@ -1,33 +1,194 @@
 #include "ui/window/recovery.h"
 
+#include "model/failure.h"
 #include "model/files.h"
-#include "model/options.h"
 #include "model/project_file.h"
 #include "model/store.h"
 #include "model/write_file.h"
 
+#include <algorithm>
 #include <array>
+#include <chrono>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
 #include <filesystem>
-#include <string_view>
+#include <set>
+#include <utility>
+#include <sys/file.h>
+#include <unistd.h>
 
 namespace havuz {
 
-static constexpr std::array kRecoveryNames = {"KURTARMA", "KURTARMA2"};
+namespace fs = std::filesystem;
 
-static std::string RecoveryPath(std::string_view name) { return CalismaDizini + "/" + std::string(name); }
+namespace {
 
-std::string WriteRecoveryFile() {
-    const bool open = std::filesystem::path(ProjeAdi).filename() == kRecoveryNames[0];
-    const std::string path = RecoveryPath(kRecoveryNames[open ? 1 : 0]) + ".POL";
-    WriteWholeFile(path, ProjectText());
-    return path;
+constexpr const char *kMark = "\r\nKURTARMA\r\n"; // stands before the lines behind the last record
+constexpr const char *kCopy = ".POL", *kLock = ".lock";
+
+std::string OneLine(std::string text) {
+    std::replace_if(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return text + "\r\n";
 }
 
-std::string RecoveryPrompt() {
-    for (const char *name : kRecoveryNames)
-        if (FileExists(RecoveryPath(name) + ".POL"))
-            return "ONCEKI CALISMA HATA ILE SONLANDI, MODEL " + std::string(name) + ".POL DOSYASINDA";
-    return "";
+// A comma or a quote in the title would break the reading: the copy has its title behind the last record.
+std::string CopyText(const std::string &reason) {
+    const std::string title = std::exchange(ProjeIsmi, {});
+    std::string text = ProjectText();
+    ProjeIsmi = title;
+    text.resize(text.size() - 2); // the mark begins with the end of the last line
+    return text + kMark + OneLine(std::to_string(std::time(nullptr))) + OneLine(reason) +
+           OneLine(ProjeYolu.empty() ? "" : ProjeDosyasi.empty() ? ProjeYolu + ".POL" : ProjeDosyasi) + OneLine(title);
 }
+
+// The four lines behind the mark; none where the file has no mark.
+std::optional<std::array<std::string, 4>> LinesBehind(const std::string &text) {
+    std::size_t at = text.rfind(kMark);
+    if (at == std::string::npos)
+        return {};
+    at += std::strlen(kMark);
+    std::array<std::string, 4> lines;
+    for (std::string &line : lines) {
+        const std::size_t end = std::min(text.find("\r\n", at), text.size());
+        line = text.substr(at, end - at);
+        at = std::min(end + 2, text.size());
+    }
+    return lines;
+}
+
+// Whether the session is over: nobody holds its lock.
+bool IsOver(const std::string &lock) {
+    const int channel = open(lock.c_str(), O_RDWR | O_CLOEXEC);
+    if (channel < 0)
+        return errno == ENOENT;
+    const bool over = flock(channel, LOCK_EX | LOCK_NB) == 0;
+    close(channel);
+    return over;
+}
+
+void Remove(const std::string &file) {
+    std::error_code none;
+    fs::remove(file, none);
+}
+
+} // namespace
+
+std::string Recovery::UsualDirectory() {
+    if (const char *state = std::getenv("XDG_STATE_HOME"); state != nullptr && *state == '/')
+        return std::string(state) + "/havuz";
+    const char *home = std::getenv("HOME");
+    return home == nullptr || *home == '\0' ? "" : std::string(home) + "/.local/state/havuz";
+}
+
+Recovery::Recovery(std::string directory) : directory_(std::move(directory)) {}
+
+Recovery::~Recovery() {
+    finishWriting();
+    if (lock_ < 0)
+        return;
+    close(lock_);
+    Remove(stem() + kLock);
+}
+
+// Takes a name that no other session has.
+void Recovery::begin() {
+    if (lock_ >= 0)
+        return;
+    std::error_code none;
+    fs::create_directories(directory_, none);
+    const std::time_t now = std::time(nullptr);
+    std::tm parts{};
+    localtime_r(&now, &parts);
+    std::array<char, 32> text{};
+    std::strftime(text.data(), text.size(), "%Y%m%d-%H%M%S", &parts);
+    const std::string name = text.data() + ("-" + std::to_string(getpid()));
+    for (int i = 1; lock_ < 0 && i < 1000; ++i) {
+        session_ = i == 1 ? name : name + "-" + std::to_string(i);
+        lock_ = open((stem() + kLock).c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        if (lock_ < 0 && errno != EEXIST)
+            break;
+    }
+    if (lock_ < 0)
+        throw RuntimeFailure(File, directory_ + ": cannot be written (" + std::strerror(errno) + ")");
+    flock(lock_, LOCK_EX | LOCK_NB);
+}
+
+void Recovery::finishWriting() {
+    if (writing_.valid())
+        error_ = writing_.get();
+}
+
+std::string Recovery::takeError() {
+    if (writing_.valid() && writing_.wait_for(std::chrono::seconds(0)) == std::future_status::ready)
+        finishWriting();
+    return std::exchange(error_, {});
+}
+
+void Recovery::keep(const std::string &reason) {
+    finishWriting();
+    begin();
+    WriteWholeFile(stem() + kCopy, CopyText(reason));
+}
+
+void Recovery::keepLater() {
+    finishWriting();
+    begin();
+    writing_ = std::async(std::launch::async, [path = stem() + kCopy, text = CopyText("")]() -> std::string {
+        try {
+            WriteWholeFile(path, text);
+            return "";
+        } catch (const RuntimeFailure &failure) {
+            return failure.what();
+        }
+    });
+}
+
+void Recovery::drop() {
+    finishWriting();
+    if (lock_ >= 0)
+        Remove(stem() + kCopy);
+}
+
+std::optional<RecoveryCopy> ReadRecoveryCopy(const std::string &file) {
+    try {
+        const auto lines = LinesBehind(ReadWholeFile(file));
+        if (!lines)
+            return {};
+        return RecoveryCopy{file, (*lines)[2], (*lines)[1], (*lines)[3],
+                            static_cast<std::time_t>(std::atoll((*lines)[0].c_str()))};
+    } catch (const RuntimeFailure &) {
+        return {};
+    }
+}
+
+std::vector<RecoveryCopy> Recovery::left() const {
+    std::set<std::string> stems;
+    std::vector<fs::path> files;
+    std::error_code error;
+    for (fs::directory_iterator it(directory_, error), end; !error && it != end; it.increment(error)) {
+        files.push_back(it->path());
+        const std::string name = it->path().filename().string();
+        stems.insert(name.substr(0, name.find('.')));
+    }
+    std::vector<RecoveryCopy> copies;
+    for (const std::string &session : stems) {
+        const std::string own = directory_ + "/" + session;
+        if (session == session_ || session.empty() || !IsOver(own + kLock))
+            continue;
+        auto copy = ReadRecoveryCopy(own + kCopy);
+        for (const fs::path &file : files) // what it was writing when it was cut off, and its lock
+            if (file.string().rfind(own + ".", 0) == 0 && file.string() != own + kCopy)
+                Remove(file.string());
+        if (copy)
+            copies.push_back(std::move(*copy));
+    }
+    std::sort(copies.begin(), copies.end(),
+              [](const RecoveryCopy &a, const RecoveryCopy &b) { return a.time > b.time; });
+    return copies;
+}
+
+void Recovery::remove(const RecoveryCopy &copy) { Remove(copy.file); }
 
 } // namespace havuz

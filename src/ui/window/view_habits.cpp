@@ -96,13 +96,11 @@ void DrawMoved(Workbench &bench) {
     bench.RefreshSurface();
 }
 
-// A place that no pixel number can hold ends the command, as any look at the model that fails: the view is then fitted.
+// A place that no pixel number can hold is a failure, as of any look at the model: the view is then fitted.
 void MoveView(Workbench &bench, Transform to) {
-    bench.RunLook("ZOOM", [&] {
-        MovedView moved(bench, to);
-        DrawMoved(bench);
-        moved.keep();
-    });
+    MovedView moved(bench, to);
+    DrawMoved(bench);
+    moved.keep();
 }
 
 } // namespace

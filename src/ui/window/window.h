@@ -138,6 +138,12 @@ struct SaveQuestion {
     bool operator==(const SaveQuestion &) const = default;
 };
 
+// A project that stands before the recent ones.
+struct OfferedProject {
+    std::string path, text;
+    bool operator==(const OfferedProject &) const = default;
+};
+
 class Window {
 public:
     virtual ~Window() = default;
@@ -208,6 +214,7 @@ public:
     // program: the program ends all the same.
     virtual void StartProgram(const std::string &program, const std::string &argument) = 0;
     virtual void RememberProject(const std::string &path) = 0; // read or written just now: the first of the recent ones
+    virtual void OfferProjects(const std::vector<OfferedProject> &projects) = 0; // all that are offered now
     virtual void OpenHelp(const std::string &path) = 0;        // the viewer "hh", maximised
     virtual void ServeEvents() = 0;                            // lets pending events through
     virtual void ReportError(const std::string &line) = 0;     // standard error

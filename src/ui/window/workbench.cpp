@@ -2,9 +2,9 @@
 
 #include "model/failure.h"
 #include "model/store.h"
-#include "ui/commands/pointer.h"
 #include "ui/forms/form.h"
 #include "ui/window/recovery.h"
+#include "ui/window/transactions.h"
 #include "ui/window/view_habits.h"
 #include "view/fit.h"
 #include "view/mesh_drawing.h"
@@ -14,7 +14,8 @@
 namespace havuz {
 
 Workbench::Workbench(Window &platform, LowerWindows lower, std::string executable)
-    : LowerWindows(lower), window(platform), executable_(std::move(executable)) {}
+    : LowerWindows(lower), window(platform), executable_(std::move(executable)),
+      steps_(std::make_unique<Transactions>(*this)) {}
 
 Workbench::~Workbench() = default;
 
@@ -23,6 +24,13 @@ Form &Workbench::form(std::string_view name) {
         if (form->name() == name)
             return *form;
     throw RuntimeFailure({.fault = Fault::Unknown, .thing = Thing::Form, .text = std::string(name)});
+}
+
+Form *Workbench::openForm() {
+    for (const auto &form : forms_)
+        if ((form->row().disablesMain || form->row().modality == Modality::Modal) && window.FormShown(form->name()))
+            return form.get();
+    return nullptr;
 }
 
 // Shared operations
@@ -60,65 +68,6 @@ void Workbench::TakePlan() {
     IsoView = 0;
     window.Enable(kNodeMoveTool, true);
     window.SetPicture(kIsometricTool, 13);
-}
-
-// Failures
-
-namespace {
-
-// Tables and counts as they are before an edit.
-struct ModelCopy {
-    decltype(PlakTable) plak = PlakTable;
-    decltype(PanelTable) panel = PanelTable;
-    decltype(MeshTable) mesh = MeshTable;
-    decltype(NoktaTable) nokta = NoktaTable;
-    decltype(NokYukTable) yuk = NokYukTable;
-    int plakCount = PlakCount, panelCount = PanelCount, meshCount = MeshCount, noktaCount = NoktaCount;
-    int hamNoktaCount = HamNoktaCount, nodesHidden = NodesHidden;
-
-    void restore() const {
-        PlakTable = plak;
-        PanelTable = panel;
-        MeshTable = mesh;
-        NoktaTable = nokta;
-        NokYukTable = yuk;
-        PlakCount = plakCount;
-        PanelCount = panelCount;
-        MeshCount = meshCount;
-        NoktaCount = noktaCount;
-        HamNoktaCount = hamNoktaCount;
-        NodesHidden = nodesHidden;
-    }
-};
-
-} // namespace
-
-bool Workbench::RunEdit(const std::string &name, const std::function<void()> &job) {
-    const auto before = std::make_unique<ModelCopy>();
-    try {
-        job();
-        return true;
-    } catch (const RuntimeFailure &failure) {
-        before->restore();
-        endCommand(name, failure);
-        return false;
-    }
-}
-
-bool Workbench::RunLook(const std::string &name, const std::function<void()> &job) {
-    try {
-        job();
-        return true;
-    } catch (const RuntimeFailure &failure) {
-        endCommand(name, failure);
-        return false;
-    }
-}
-
-void Workbench::endCommand(const std::string &name, const RuntimeFailure &failure) {
-    AbandonCommand(*this);
-    RedrawView();
-    Prompt(name + " YAPILAMADI, " + FailureInTurkish(failure));
 }
 
 } // namespace havuz

@@ -10,7 +10,6 @@
 #include "ui/window/window.h"
 #include "view/view_window.h"
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,6 +17,8 @@
 namespace havuz {
 
 class Form;
+class Recovery;
+class Transactions;
 
 // What the lower folders ask, for the one who calls them.
 struct LowerWindows {
@@ -55,20 +56,19 @@ public:
     void RefreshSurface() { scr().Refresh(); }
     void ClearTool(Element tool) { window.SetChecked(tool, false); } // a main tool whose dialog has closed
 
-    // Runs a meshing or plate editing job: a RuntimeFailure inside it ends the command, not the program. The tables and
-    // counts are then as they were before, nothing is armed, the current view is drawn, and the prompt line says what
-    // failed. name: what the command is called there. Returns whether the job came to its end.
-    bool RunEdit(const std::string &name, const std::function<void()> &job);
-    // The same for a job that looks at the model and writes nothing of it: no copy is taken.
-    bool RunLook(const std::string &name, const std::function<void()> &job);
+    // The dialog or the table that a person works in, whose end ends a step; none: nullptr.
+    Form *openForm();
+    // The door that every command goes through.
+    Transactions &steps() { return *steps_; }
+
+    std::unique_ptr<Recovery> recovery; // none: no copies of unsaved work are kept
 
 protected:
     std::vector<std::unique_ptr<Form>> forms_;
 
 private:
-    void endCommand(const std::string &name, const RuntimeFailure &failure);
-
     std::string executable_;
+    std::unique_ptr<Transactions> steps_;
 };
 
 } // namespace havuz

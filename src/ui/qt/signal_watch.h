@@ -1,0 +1,27 @@
+// The signals by which a system ends a program, taken as events: SIGTERM, SIGHUP, SIGINT.
+#pragma once
+
+#include <QObject>
+#include <functional>
+
+class QSocketNotifier;
+
+namespace havuz {
+
+// One at a time. A second signal of the same kind ends the process as if nobody watched.
+class SignalWatch : public QObject {
+public:
+    explicit SignalWatch(std::function<void(int signal)> told);
+    ~SignalWatch() override;
+
+private:
+    void read();
+
+    std::function<void(int)> told_;
+    QSocketNotifier *notifier_ = nullptr;
+};
+
+// "SIGTERM".
+const char *SignalName(int signal);
+
+} // namespace havuz
