@@ -141,11 +141,10 @@ TEST(Recorder, AnActThatEndsTheProgramIsWritten) {
     desk.window.Hover(ChkButton(8));
     EXPECT_EQ(EndStatus([&] { desk.click(ChkButton(8)); }), 0);
     EXPECT_EQ(desk.lines(), "hover MAIN ChkButton 8\nclick MAIN ChkButton 8\n");
-    desk.click(ChkButton(3));
+    desk.click(kEndButton);
     desk.lines();
-    desk.window.Type({"FEAPLAK", "Nx", 0}, "99999");
-    EXPECT_EQ(EndStatus([&] { desk.window.Press(Key::Down); }), 1);
-    EXPECT_EQ(desk.lines(), "field FEAPLAK Nx 0 99999\nkey FEAPLAK Nx 0 Down\n");
+    EXPECT_EQ(EndStatus([&] { desk.click({"ENDKONT", "Tamam", 0}); }), 0);
+    EXPECT_EQ(desk.lines(), "click ENDKONT Tamam\n");
 }
 
 TEST(Recorder, OfHoversTheLastBeforeAnActStays) {

@@ -1,5 +1,5 @@
 // Scripts as a shell sees them: each example runs to its end, wrong words and failed expectations end with file and
-// line, a failure inside a handler leaves the recovery file and the next start tells of it.
+// line, a command that fails changes nothing and is told of.
 #include "support.h"
 
 #include <algorithm>
@@ -185,23 +185,29 @@ TEST(Script, CaretSizeAndDroppedProjects) {
     EXPECT_EQ(unwritten.out, ""); // not played
 }
 
-// Text that is no number reads as 0; a number that no field can hold ends the program.
-TEST(Script, AFailureInsideAHandlerLeavesTheModel) {
+// Text that is no number reads as 0; a number that no field can hold fails, and the script plays on.
+TEST(Script, AFailedCommandChangesNothingAndTheScriptPlaysOn) {
     const TemporaryFolder folder;
     fs::copy_file(kExamples / "sample_pool.POL", folder.file("P.POL"));
     const std::string before = ReadBytes(folder.file("P.POL"));
-    const Ended ended = PlayText(folder,
-                                 "click \"panel bilgisi\"\nfield FEAPLAK D 0 abc\nkey Down\nexpect model D(1) 0\n"
-                                 "field FEAPLAK Nx 1 99999\nkey Down\nprint prompt\n",
-                                 "--project P.POL");
-    EXPECT_EQ(ended.status, 1);
-    EXPECT_EQ(ended.out, "");
-    EXPECT_EQ(ended.error.rfind("havuz-cli: s.txt:6: the program ended: ", 0), 0U) << ended.error;
-    EXPECT_NE(ended.error.find("KURTARMA.POL"), std::string::npos) << ended.error;
+    const std::string fails = "click \"panel bilgisi\"\nfield FEAPLAK D 0 abc\nkey Down\nexpect model D(1) 0\n"
+                              "field FEAPLAK Nx 1 99999\nkey Down\n";
+    const std::string after = "print prompt\nprint field FEAPLAK Nx 1\nclose FEAPLAK\nundo\nprint model D(1)\nredo\n"
+                              "print model D(1)\n";
+    const Ended unnamed = PlayText(folder, fails + after, "--project P.POL");
+    EXPECT_EQ(unnamed.status, 1);
+    EXPECT_EQ(unnamed.error.rfind("havuz-cli: s.txt:6: ", 0), 0U) << unnamed.error;
+    EXPECT_NE(unnamed.error.find("1 of its commands failed"), std::string::npos) << unnamed.error;
+    const Ended named = PlayText(folder, fails + "expect failure 99999\n" + after, "--project P.POL");
+    EXPECT_EQ(named.status, 0) << named.error;
+    EXPECT_EQ(named.error, "");
+    EXPECT_EQ(named.out, unnamed.out);
+    EXPECT_EQ(named.out.rfind("PANEL BILGISI YAPILAMADI, ", 0), 0U) << named.out;
+    EXPECT_NE(named.out.find("\n5\n30\n0\n"), std::string::npos) << named.out;
     EXPECT_EQ(ReadBytes(folder.file("P.POL")), before);
-    const Ended next = PlayText(folder, "print prompt\n");
-    EXPECT_EQ(next.out, "ONCEKI CALISMA HATA ILE SONLANDI, MODEL KURTARMA.POL DOSYASINDA\n") << next.error;
-    EXPECT_EQ(PlayText(folder, "expect count nodes 194\n", "--project KURTARMA.POL").status, 0);
+    const Ended wrong = PlayText(folder, "click \"zoom all\"\nexpect failure\n", "--project P.POL");
+    EXPECT_EQ(wrong.status, 1);
+    EXPECT_EQ(PlayText(folder, fails + "expect failure \"no such words\"\n", "--project P.POL").status, 1);
 }
 
 // The output program of a results button ends the program: what follows is left out, or told of.

@@ -68,7 +68,8 @@ TEST(Start, AProjectOfTheCommandLineLosesItsPoolParameters) {
     EXPECT_EQ(Lx, 10);
     EXPECT_EQ(Bk, 1);
     EXPECT_EQ(IsoView, 1);
-    EXPECT_EQ(ProjeAdi, program.file("P"));
+    EXPECT_EQ(ProjeAdi, "P");
+    EXPECT_EQ(ProjeYolu, program.file("P"));
 }
 
 TEST(Start, FailuresEndTheProgramWithStatusOneAndOneLine) {

@@ -121,7 +121,8 @@ TEST(Paging, KeysWalkTheColumnsOfARow) {
     desk.window.Press(Key::Left);
     desk.window.Press(Key::Left);
     EXPECT_EQ(desk.window.focused(), Cell("KOORBIL", "X"));
-    desk.window.Press(Key::Right); // 12.5 from its start
+    desk.window.Select(Cell("KOORBIL", "X"), 0, 0);
+    desk.window.Press(Key::Right); // 1 from its start
     EXPECT_EQ(desk.window.focused(), Cell("KOORBIL", "X"));
     for (int i = 0; i < 3; ++i)
         desk.window.Press(Key::Enter);

@@ -6,7 +6,7 @@
 #include "ui/commands/pointer.h"
 #include "ui/commands/tools.h"
 #include "ui/window/help_page.h"
-#include "ui/window/recovery.h"
+#include "ui/window/transactions.h"
 #include "ui_support.h"
 
 #include <algorithm>
@@ -284,7 +284,6 @@ TEST(Tools, AnOutputProgramThatCannotBeStartedIsTold) {
     desk.main.EnableResults(true);
     EXPECT_EQ(EndStatus([&] { desk.click(ChkButton(8)); }), 0);
     EXPECT_EQ(desk.window.errors, std::vector{"havuz: " + desk.program.path() + "/RAPORCU.EXE: cannot be started"});
-    EXPECT_TRUE(ReadBytes(CalismaDizini + "/KURTARMA.POL").empty());
 }
 
 TEST(Tools, AToolThatIsStillDownRunsAgainByItsKey) {
@@ -487,68 +486,20 @@ TEST(MainWindow, AnEditThatFailsHalfWayIsUndone) {
     Desk desk;
     AddSmallPool();
     const std::string before = ProjectText();
-    desk.click(Check2(5));
-    EXPECT_FALSE(desk.main.RunEdit("X", [] {
+    desk.click(kVerticalPlateTool);
+    desk.main.steps().edit(kScr, [] {
         NodesHidden = 1;
         AddWall();
         AddGrid(2, 2);
         HamNoktaCount = 5;
         PanelTable[1001].No = 1;
-    }));
+    });
     EXPECT_EQ(ProjectText(), before);
     EXPECT_EQ(NodesHidden + HamNoktaCount + CommandState, 0);
-    EXPECT_FALSE(desk.window.Checked(Check2(5)));
+    EXPECT_FALSE(desk.window.Checked(kVerticalPlateTool));
     EXPECT_FALSE(desk.window.FormShown(kTool1));
-    EXPECT_TRUE(desk.main.RunEdit("X", AddWall));
+    desk.main.steps().edit(kScr, AddWall);
     EXPECT_EQ(PanelCount, 2);
-}
-
-TEST(MainWindow, AnyOtherFailureEndsTheProgramAndTheNextStartTells) {
-    ResetAll();
-    Desk desk;
-    AddSmallPool();
-    HavuzTip = 1;
-    desk.click(ChkButton(4));
-    WriteBytes(CalismaDizini + "/HAVUZ.POL", "the project");
-    SaveProject(CalismaDizini + "/P.POL", desk.main);
-    ZeminKo = 123;
-    NoktaTable[1].Yay = 7; // the model as it stands: springs are not rebuilt
-    const auto fail = [&desk] {
-        desk.main.EnableMainWindow();
-        desk.window.HideForm("FEAPLAK");
-        desk.window.ClickTool(ChkButton(3));
-        desk.window.Type({"FEAPLAK", "Nx", 0}, "99999");
-        desk.window.Press(Key::Down);
-    };
-    EXPECT_EQ(EndStatus(fail), 1);
-    const std::string recovery = CalismaDizini + "/KURTARMA.POL";
-    EXPECT_EQ(desk.window.errors,
-              std::vector{"havuz: a 16-bit field cannot hold 99999.000000; the model is in " + recovery});
-    EXPECT_EQ(ReadBytes(recovery), ProjectText());
-    EXPECT_EQ(ReadBytes(CalismaDizini + "/HAVUZ.POL"), "the project");
-    EXPECT_NE(ReadBytes(CalismaDizini + "/P.POL"), ReadBytes(recovery));
-
-    desk.main.Start("");
-    EXPECT_EQ(desk.prompt(), "ONCEKI CALISMA HATA ILE SONLANDI, MODEL KURTARMA.POL DOSYASINDA");
-    ProjeAdi = "KURTARMA"; // the recovery file itself is the project now
-    WriteBytes(recovery, "kept");
-    EXPECT_EQ(EndStatus(fail), 1);
-    EXPECT_EQ(ReadBytes(recovery), "kept");
-    EXPECT_FALSE(ReadBytes(CalismaDizini + "/KURTARMA2.POL").empty());
-    CalismaDizini += "/NONE";
-    EXPECT_EQ(EndStatus(fail), 1);
-    EXPECT_NE(desk.window.errors.back().find("; the model is lost: "), std::string::npos);
-}
-
-TEST(MainWindow, AFailureOfTheAnalysisEndsTheProgram) {
-    ResetAll();
-    Desk desk;
-    AddNode(0, 0, 0);
-    AddMesh(1, 1, 1, 1);
-    SaveProject(desk.program.file("P.POL"), desk.main);
-    EXPECT_EQ(EndStatus([&] { desk.click(ChkButton(7)); }), 1);
-    EXPECT_FALSE(ReadBytes(CalismaDizini + "/KURTARMA.POL").empty());
-    EXPECT_TRUE(desk.window.started.empty());
 }
 
 } // namespace havuz

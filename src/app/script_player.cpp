@@ -274,6 +274,11 @@ void ResizeSurface(Stage &stage, Words words) {
 
 // The rest
 
+void Leave(Stage &stage, Words words) {
+    words.done();
+    stage.window.Leave();
+}
+
 void Timer(Stage &stage, Words words) {
     const int times = words.empty() ? 1 : words.takeWhole("TIMES");
     words.done();
@@ -347,6 +352,7 @@ constexpr VerbRow kVerbs[] = {
     {"wheel", "[FORM] STEPS PLACE", TurnWheel, false},
     {"pan", "[FORM] DX DY", Pan, false},
     {"surface", "W H", ResizeSurface, false},
+    {"leave", "", Leave, false},
     {"timer", "[TIMES]", Timer, false},
     {"answer", "PATH", AnswerDialog, false},
     {"open", "FILE.POL", OpenProject, false},

@@ -327,6 +327,11 @@ std::optional<std::string> TitleAsRead() {
     return whole ? std::optional(title) : std::nullopt;
 }
 
+std::string ProjectPath(const std::string &file) {
+    const std::size_t name = file.rfind('/') + 1; // 0 without a directory
+    return file.substr(0, name) + UpToFirstDot(file.substr(name));
+}
+
 std::string ProjectText() {
     Saver c;
     c.line(ToCodePage(ProjeIsmi)); // as it stands: a comma in it breaks the reading of the file, and is written
@@ -344,7 +349,7 @@ void SaveProject(const std::string &path, ProjectWindow &window) {
     if (WithoutTrailingBlanks(KartAdi).size() < 3 || KartAdi.find(".VK9") == std::string::npos)
         KartAdi = ".VK9";
     WriteWholeFile(path, ProjectText(), Backup::Kept);
-    ProjeYolu = UpToFirstDot(path);
+    ProjeYolu = ProjectPath(path);
     window.EnableAnalysis();
     if (const std::optional<std::string> title = TitleAsRead(); title != ProjeIsmi)
         window.TellTitle(title);
@@ -356,7 +361,7 @@ void LoadProject(const std::string &path, ProjectWindow &window) {
     RebuildLoadList();
     FieldReader reader(path, ReadWholeFile(path));
     reader.read([&reader] { ReadRecords(reader); });
-    ProjeYolu = UpToFirstDot(path);
+    ProjeYolu = ProjectPath(path);
     window.EnableAnalysis();
     window.EnableResults(FileExists(ProjeYolu + ".SON"));
     GorunusModu = MeshCount > 0 ? 2 : 1;

@@ -13,7 +13,7 @@ namespace havuz {
 // Reads the file into the model, which has been cleared before. A file that ends after a whole line leaves the rest of
 // the model as it was. A file that cannot be opened, or ends inside a line, is File; a field that is no number is
 // BadNumber; a number that its field cannot hold is Overflow; a count or number that leaves its table is Subscript:
-// each names path, line and field. Sets ProjeYolu (cut at the first "."), GorunusModu and the window's commands.
+// each names path, line and field. Sets ProjeYolu, GorunusModu and the window's commands.
 void LoadProject(const std::string &path, ProjectWindow &window);
 
 // Rebuilds the springs and writes the file, replacing one that exists, which becomes PATH~ unless it is the same; a
@@ -22,6 +22,9 @@ void SaveProject(const std::string &path, ProjectWindow &window);
 
 // The title as the file gives it back: nothing when it breaks the reading of the whole file, as a comma does.
 std::optional<std::string> TitleAsRead();
+
+// ProjeYolu of a file: its directory and its name up to the first "." in the name.
+std::string ProjectPath(const std::string &file);
 
 // The same bytes as text, for a comparison without a file.
 std::string ProjectText();

@@ -7,9 +7,23 @@
 #include "model/project_file.h"
 #include "model/store.h"
 
+#include <filesystem>
+
 namespace havuz {
 
 void StartWindow::EndProgram(int status) { throw ProgramEnd{status}; }
+
+static std::string FullPath(const std::string &path) {
+    return std::filesystem::absolute(path).lexically_normal().string();
+}
+
+static void TakeNames(const std::string &commandLine) {
+    ProjeYolu = ProjeAdi = "";
+    if (commandLine.empty())
+        return;
+    ProjeYolu = ProjectPath(FullPath(commandLine));
+    ProjeAdi = std::filesystem::path(ProjeYolu).filename().string();
+}
 
 static void ReadOptions() {
     ReadCard();
@@ -54,7 +68,7 @@ static void OpenCommandLine(const std::string &commandLine, StartWindow &window)
         window.DrawPlates();
         return;
     }
-    ProjeDosyasi = commandLine + ".POL";
+    ProjeDosyasi = FullPath(commandLine) + ".POL";
     LoadProject(FindFile(ProjeDosyasi), window);
     window.ComputeExtents();
     window.DrawMeshes();
@@ -63,7 +77,7 @@ static void OpenCommandLine(const std::string &commandLine, StartWindow &window)
 // The steps in their order. The pool parameters take what the pool library shows at first only at the very end, so a
 // project of the command line loses its saved ones: wanted.
 static void RunSequence(const std::string &commandLine, const std::string &executable, StartWindow &window) {
-    ProjeYolu = ProjeAdi = commandLine;
+    TakeNames(commandLine);
     ProgramDizini = FindProgramDirectory(executable);
     ReadWorkingDirectory();
     ReadOptions();

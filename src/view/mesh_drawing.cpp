@@ -53,7 +53,10 @@ static void DrawNodeCircle(Surface &scr, ScreenPoint p, int colour) {
 
 // Rotated view
 
-static double MeshDistance(const MeshRecord &mesh) {
+static double MeshDistance(int no) {
+    if (!Drawable(no))
+        return 0.0;
+    const MeshRecord &mesh = MeshTable[no];
     const NoktaRecord &a = NoktaTable[mesh.N1];
     const NoktaRecord &c = NoktaTable[mesh.N3];
     return Distance3((a.X + c.X) / 2.0 - ViewerX, (a.Y + c.Y) / 2.0 - ViewerY, (a.Z + c.Z) / 2.0 - ViewerZ);
@@ -64,7 +67,7 @@ static void SortMeshes() {
     std::vector<std::pair<double, int>> order;
     order.reserve(static_cast<std::size_t>(MeshCount));
     for (int i = 1; i <= MeshCount; ++i)
-        order.emplace_back(Float32(MeshDistance(MeshTable[i])), i);
+        order.emplace_back(Float32(MeshDistance(i)), i);
     SortFarToNear(order);
     for (int k = 1; k <= MeshCount; ++k) {
         MeshTable[k].Derinlik = order[static_cast<std::size_t>(k - 1)].first;
@@ -77,7 +80,7 @@ static int MeshFill(int owner) { return !OwnerIsPlate(owner) && PanelTable[owner
 static void DrawMeshesRotated(Surface &scr) {
     for (int k = 1; k <= MeshCount; ++k) {
         const int mesh = MeshTable[k].Sira;
-        if (IsSwitchedOff(MeshTable[mesh]))
+        if (IsSwitchedOff(MeshTable[mesh]) || !Drawable(mesh))
             continue;
         const std::array<ScreenPoint, 5> ring = MeshRing(mesh);
         DrawMesh(scr, mesh, ring, MeshFill(MeshTable[mesh].PanelNo));
@@ -114,7 +117,7 @@ static void DrawNodesRotated(Surface &scr, const std::optional<LoadCase> &result
 
 static void DrawMeshesPlan(Surface &scr) {
     for (int i = 1; i <= MeshCount; ++i)
-        if (!IsSwitchedOff(MeshTable[i]))
+        if (!IsSwitchedOff(MeshTable[i]) && Drawable(i))
             DrawMesh(scr, i, MeshRing(i), kQbLightBlue);
 }
 
@@ -144,6 +147,13 @@ static LoadCase CurrentLoadCase(int column, ViewWindow &window) {
     return state == ResultState::Current ? ReadLoadCase(column) : none;
 }
 
+int FirstUndrawnMesh() {
+    for (int i = 1; i <= MeshCount; ++i)
+        if (!Drawable(i))
+            return i;
+    return 0;
+}
+
 void DrawMeshView(Surface &scr, ViewWindow &window) {
     scr.Clear();
     TakeView(2, window);
@@ -167,6 +177,8 @@ void QuickMeshOutline(Surface &scr) {
     scr.Clear();
     FitMeshView();
     for (int i = 1; i <= MeshCount; ++i) {
+        if (!Drawable(i))
+            continue;
         const std::array<ScreenPoint, 5> ring = MeshRing(i);
         for (std::size_t k = 0; k < 4; ++k)
             DrawSide(scr, ring[k], ring[k + 1], kQbWhite);

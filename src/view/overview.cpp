@@ -22,6 +22,8 @@ void ZoomWindow(double left, double top, double width, double height, Surface &s
 }
 
 void RefreshOverview(ViewWindow &window) {
+    if (DynStage != 0)
+        OnOverviewDeactivate(window);
     window.ShowOverview(false);
     window.CopySurfaceToOverview();
 }

@@ -4,6 +4,7 @@
 #include "model/store.h"
 #include "view/view_state.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 #include <vector>
@@ -52,6 +53,12 @@ bool RingEncloses(std::span<const ScreenPoint> ring, double x, double y, double 
     return d1 + d2 < d + slack;
 }
 
+bool Drawable(int mesh) {
+    const std::array<int, 4> n = MeshNodes(mesh);
+    return MeshTable[mesh].PanelNo >= 0 &&
+           std::all_of(n.begin(), n.end(), [](int node) { return node >= 1 && node <= NoktaCount; });
+}
+
 static bool MeshEncloses(int mesh, double x, double y) {
     const std::array<int, 4> n = MeshNodes(mesh);
     const std::array<ScreenPoint, 5> ring = {NodePixels(n[0]), NodePixels(n[1]), NodePixels(n[2]), NodePixels(n[3]),
@@ -63,7 +70,7 @@ void PickMesh(double x, double y, std::string &text) {
     SeciliNo = 0;
     text.clear();
     for (int i = 1; i <= MeshCount; ++i) {
-        if (!MeshEncloses(i, x, y))
+        if (!Drawable(i) || !MeshEncloses(i, x, y))
             continue;
         const std::array<int, 4> n = MeshNodes(i);
         text = "Mesh:" + std::to_string(n[0]) + "-" + std::to_string(n[1]) + "-" + std::to_string(n[2]) + "-" +

@@ -23,4 +23,7 @@ bool RingEncloses(std::span<const ScreenPoint> ring, double x, double y, double 
 // The four corners of a mesh.
 std::array<int, 4> MeshNodes(int mesh);
 
+// Whether each corner is a node of the model and the owner one that can be: what is not so is neither drawn nor picked.
+bool Drawable(int mesh);
+
 } // namespace havuz

@@ -24,7 +24,7 @@ struct Machine {
     std::unique_ptr<QProcess> start(const QStringList &arguments, const QStringList &without = {}) const {
         auto process = std::make_unique<QProcess>();
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"})
+        for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR", "XDG_STATE_HOME"})
             environment.insert(name, QString::fromStdString(home.path()));
         for (const QString &name : without)
             environment.remove(name);
@@ -83,6 +83,57 @@ TEST(program, RecordsWhatIsDoneAndOneInstanceRuns) {
     replay.start(HAVUZ_CLI, {"script", QString::fromStdString(record), "--project", QString::fromStdString(project)});
     EXPECT_EQ(StatusOf(replay), 0) << replay.readAllStandardError().toStdString() << ReadBytes(record);
     EXPECT_EQ(ReadBytes(machine.home.file("YENI.POL")), ReadBytes(machine.program.file("VEK9DATA/YENI.POL")));
+}
+
+// Ctrl+Z and Ctrl+Shift+Z; a signal leaves the unsaved model, and the next start offers it: Enter opens.
+TEST(program, TakesBackByKeysAndLeavesItsWorkToTheNextStart) {
+    const Machine machine;
+    const std::string project = machine.home.file("P.POL"), record = machine.home.file("kayit.txt");
+    std::filesystem::copy_file(std::string(HAVUZ_SOURCE_DIR) + "/examples/sample_pool.POL", project);
+    const auto written = [&](const std::string &words) {
+        return Comes([&] { return ReadBytes(record).find(words) != std::string::npos; });
+    };
+    const auto copies = [&] {
+        int count = 0;
+        std::error_code none;
+        for (const auto &entry : std::filesystem::directory_iterator(machine.home.file("havuz"), none))
+            count += entry.path().extension() == ".POL" ? 1 : 0;
+        return count;
+    };
+    for (const bool killed : {false, true}) {
+        const auto process =
+            machine.start({QString::fromStdString(project), "--record", QString::fromStdString(record)});
+        ASSERT_TRUE(written("surface 1010 600\n"));
+        ASSERT_TRUE(Comes([] { return hand::FocusWindow() != 0; }));
+        hand::Key("n", true);
+        ASSERT_TRUE(written("click MAIN ChkButton 9\n"));
+        hand::Key("z", true);
+        ASSERT_TRUE(written("click MAIN TopBar 4\n"));
+        hand::Key("z", true, true);
+        ASSERT_TRUE(written("click MAIN TopBar 3\n"));
+        if (killed) {
+            ASSERT_TRUE(Comes([&] { return copies() == 1; })); // while the person pauses
+            process->kill();
+        } else {
+            process->terminate();
+        }
+        EXPECT_EQ(StatusOf(*process), killed ? -1 : 128 + 15);
+        EXPECT_EQ(copies(), 1);
+        const auto next = machine.start({"--record", QString::fromStdString(record)});
+        ASSERT_TRUE(written("# no project\nsurface 1010 600\n"));
+        ASSERT_TRUE(Comes([] { return hand::FocusWindow() != 0; }));
+        QThread::msleep(300);
+        hand::Key("Return");
+        EXPECT_TRUE(written("key KURTAR Kopya Enter\n")) << ReadBytes(record);
+        EXPECT_TRUE(Comes([&] { return copies() == 1; }));
+        hand::Key("s", true); // saved, nothing is left
+        ASSERT_TRUE(written("click MAIN ChkButton 11\n"));
+        QThread::msleep(300);
+        hand::Key("Return");
+        EXPECT_TRUE(Comes([&] { return copies() == 0; })) << ReadBytes(record);
+        next->terminate();
+        next->waitForFinished(kWhile);
+    }
 }
 
 TEST(program, AStartThatFailsEndsWithOneLineAndStatusOne) {

@@ -60,11 +60,17 @@ void Release(int button) {
     Send();
 }
 
-void Key(const std::string &name, bool control) {
+void Key(const std::string &name, bool control, bool shift) {
     const KeySym symbol = XStringToKeysym(name.c_str());
     if (symbol == NoSymbol)
         throw std::runtime_error("no key " + name);
+    const KeyCode held = shift ? XKeysymToKeycode(TheDisplay(), XK_Shift_L) : 0;
+    if (shift)
+        XTestFakeKeyEvent(TheDisplay(), held, True, CurrentTime);
     PressCode(symbol, control);
+    if (shift)
+        XTestFakeKeyEvent(TheDisplay(), held, False, CurrentTime);
+    XFlush(TheDisplay());
 }
 
 void Write(const std::string &text) {

@@ -9,8 +9,8 @@ namespace havuz::hand {
 void MoveTo(int x, int y);
 void Press(int button);
 void Release(int button);
-// A key by its X name ("Return", "Next", "a"), with the control key held or without.
-void Key(const std::string &name, bool control = false);
+// A key by its X name ("Return", "Next", "a"), with the control and the shift key held or without.
+void Key(const std::string &name, bool control = false, bool shift = false);
 void Write(const std::string &text); // ASCII
 
 // The window that the keyboard goes to, 0 when it goes to none.

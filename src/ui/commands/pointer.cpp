@@ -134,6 +134,14 @@ static void MoveIdle(Workbench &bench, Pointer at) {
 
 // Events
 
+// A command that ended at a press leaves the button down: a drag that follows turns the view from here.
+static void AnchorWhenIdle(Pointer at) {
+    if (ZoomPending + CommandState != 0)
+        return;
+    AnchorX = at.x;
+    AnchorY = at.y;
+}
+
 void OnSurfacePress(Workbench &bench, int button, int /*shift*/, double x, double y) {
     if (button != kLeftButton)
         return;
@@ -142,6 +150,7 @@ void OnSurfacePress(Workbench &bench, int button, int /*shift*/, double x, doubl
         PressZoom(bench, at);
     else if (const ArmedRow *row = ArmedNow())
         row->press(bench, at);
+    AnchorWhenIdle(at);
 }
 
 void OnSurfaceMove(Workbench &bench, int button, int /*shift*/, double x, double y) {
@@ -154,7 +163,7 @@ void OnSurfaceMove(Workbench &bench, int button, int /*shift*/, double x, double
         row->move(bench, at);
 }
 
-void OnSurfaceRelease(Workbench &bench, int button, int /*shift*/, double /*x*/, double /*y*/) {
+void OnSurfaceRelease(Workbench &bench, int button, int /*shift*/, double x, double y) {
     if (button != kRightButton)
         return;
     if (ZoomPending > 0)
@@ -165,6 +174,7 @@ void OnSurfaceRelease(Workbench &bench, int button, int /*shift*/, double /*x*/,
             break;
         }
     DisarmCommand(bench);
+    AnchorWhenIdle({false, x, y});
 }
 
 void AbandonCommand(Workbench &bench) {

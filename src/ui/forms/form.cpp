@@ -3,6 +3,8 @@
 #include "model/number_text.h"
 #include "ui/window/workbench.h"
 
+#include <algorithm>
+
 namespace havuz {
 
 Form::Form(Workbench &workbench, std::string_view name)
@@ -33,7 +35,13 @@ void Form::OnClick(Element element) {
 
 bool Form::greys(Element element) const { return row_.greysBoxes && window.Kind(element) == FieldKind::TextBox; }
 
+// The text is selected, so that typing replaces it.
 void Form::OnFocus(Element element) {
+    if (window.Kind(element) == FieldKind::TextBox) {
+        const std::string text = window.Text(element);
+        const auto letters = std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; });
+        window.SelectText(element, 0, static_cast<int>(letters));
+    }
     if (greys(element))
         window.SetColour(element, kWindowColour);
 }
@@ -55,7 +63,8 @@ void Form::open(Place place) {
 
 void Form::close() {
     window.HideForm(name_);
-    window.EnableForm(kMain, true);
+    if (row_.kind != FormKind::Palette) // a palette has taken nothing of it
+        window.EnableForm(kMain, true);
     if (row_.tool.name.empty())
         return;
     bench.ClearTool(row_.tool);

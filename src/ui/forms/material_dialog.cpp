@@ -18,12 +18,10 @@ constexpr int kUsualConcrete = 3, kUsualSteel = 1; // entries taken for a streng
 // Buttons are numbered from 1: 6 mm to 30 mm.
 constexpr int Diameter(int button) { return 2 * button + 4; }
 
-// The button of a diameter. One that no button has is Subscript.
+// The button of a diameter, 0 for one that no button has.
 int DiameterButton(double diameter) {
     const double button = std::nearbyint((diameter - 4.0) / 2.0);
-    if (!(button >= 1.0 && button <= kDiameters))
-        throw RuntimeFailure({.fault = Fault::Unknown, .thing = Thing::DiameterButton, .text = NumberText(diameter)});
-    return static_cast<int>(button);
+    return button >= 1.0 && button <= kDiameters ? static_cast<int>(button) : 0;
 }
 
 int Entry(const Row<double, kStrengths> &table, double strength, int otherwise) {
@@ -91,9 +89,14 @@ private:
     void showDiameters() {
         for (int button = 1; button <= kDiameters; ++button)
             setChecked("Cap", button, false);
+        std::string without;
         for (int i = 1; i <= kDiameters; ++i)
-            if (DonatiCaplari[i] > 0.0)
-                setChecked("Cap", DiameterButton(DonatiCaplari[i]), true);
+            if (const int button = DiameterButton(DonatiCaplari[i]); button > 0)
+                setChecked("Cap", button, true);
+            else if (DonatiCaplari[i] > 0.0)
+                without += " " + NumberText(DonatiCaplari[i]);
+        if (!without.empty())
+            bench.Prompt("DUGMESI OLMAYAN CAP SECILMEDI:" + without + " mm");
         for (int button = 1; button <= kDiameters; ++button)
             showTick(button);
     }

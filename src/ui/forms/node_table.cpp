@@ -6,6 +6,7 @@
 #include "ui/forms/paged_table.h"
 
 #include <cmath>
+#include <utility>
 
 namespace havuz {
 
@@ -33,11 +34,17 @@ private:
         return column == 0 ? node.X : column == 1 ? node.Y : node.Z;
     }
     double value(int record, int column) const override { return coordinate(record, column); }
-    void store(int record, int column, double value) override { coordinate(record, column) = value; }
+    void store(int record, int column, double value) override {
+        Float32 &kept = coordinate(record, column);
+        moved_ = moved_ || std::fabs(value - kept) > kMoved;
+        kept = value;
+    }
     void storeCell(int record, int column, double value) override {
-        const double before = coordinate(record, column);
         store(record, column, value);
-        if (std::fabs(value - before) > kMoved)
+        pageSaved();
+    }
+    void pageSaved() override {
+        if (std::exchange(moved_, false))
             bench.DrawMeshView();
     }
     std::vector<bool> checks(int record) const override {
@@ -49,6 +56,8 @@ private:
             (on[0] ? kRotationXHeld : 0) + (on[1] ? kRotationYHeld : 0) + (on[2] ? kTranslationHeld : 0);
     }
     static void rebuildCount();
+
+    bool moved_ = false; // since the last drawing
 };
 
 // The first row of zeros ends the model; record 1 is never looked at, and a full table counts none: wanted.

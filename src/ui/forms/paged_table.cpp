@@ -114,9 +114,11 @@ void PagedTable::SavePage() {
             on.push_back(window.Checked(cell(row, c)));
         storeChecks(RecordOf(row), on);
     }
+    pageSaved();
 }
 
 void PagedTable::pageTo(int top) {
+    pageTurns();
     SavePage();
     TabloUst = std::clamp(top, 0, lastTop());
     FillPage();
@@ -132,14 +134,14 @@ void PagedTable::OnScroll(Element element) {
 void PagedTable::FocusRow() { window.Focus(cell(TabloSatir, 0)); }
 
 void PagedTable::OnFocus(Element element) {
-    Form::OnFocus(element);
     const int c = columnOf(element);
     if (c < 0)
-        return;
+        return Form::OnFocus(element);
     const bool changed = TabloSatir != element.index;
     TabloSatir = element.index;
     if (isText(c))
         showCell(TabloSatir, c);
+    Form::OnFocus(element);
     window.Move(at("Isaret"), kMarkerLeft, CellTop(TabloSatir) + kMarkerDrop);
     window.Show(at("Isaret"), true);
     if (changed)
@@ -187,8 +189,6 @@ void PagedTable::goNext(int row, int c) {
         return;
     }
     window.Focus(cell(row, c + 1));
-    if (isText(c + 1))
-        window.SelectText(cell(row, c + 1), 0, static_cast<int>(window.Text(cell(row, c + 1)).size()));
 }
 
 void PagedTable::goPrevious(int row, int c) {

@@ -60,6 +60,9 @@ protected:
     // Check boxes of a row, columns in their order.
     virtual std::vector<bool> checks(int /*record*/) const { return {}; }
     virtual void storeChecks(int /*record*/, const std::vector<bool> & /*on*/) {}
+    // The whole page was stored; a page is about to be stored and to turn.
+    virtual void pageSaved() {}
+    virtual void pageTurns() {}
     // The page or the focused row changed.
     virtual void rowShown() {}
     // Whether an element shows a field of the model, and then shows it again.

@@ -16,7 +16,13 @@ public:
 
 private:
     static Field box(int index, const char *label, const char *text) {
-        return {.kind = FieldKind::TextBox, .name = "Tex", .index = index, .label = label, .text = text, .row = index};
+        return {.kind = FieldKind::TextBox,
+                .name = "Tex",
+                .index = index,
+                .label = label,
+                .text = text,
+                .row = index,
+                .look = FieldLook::Point};
     }
 };
 

@@ -53,6 +53,11 @@ private:
             showDetail(element.index);
         return element.name == "Deger" || PagedTable::showAgain(element);
     }
+    // The box that a person is typing into is stored before its row goes.
+    void pageTurns() override {
+        if (typing_ >= 0)
+            detail(typing_) = number("Deger", typing_);
+    }
     void showDetail(int i) { setText("Deger", i, PictureText(detail(i), kDetailPicture)); }
 
     // Closed any other way the edits stand, and the gaps stay.
@@ -62,6 +67,8 @@ private:
         bench.FitViews();
         bench.DrawPlateView();
     }
+
+    int typing_ = -1; // box of the second frame with the focus
 };
 
 std::vector<Field> PanelTableForm::fields() const {
@@ -101,15 +108,19 @@ void PanelTableForm::store(int record, int column, double value) {
 }
 
 void PanelTableForm::OnFocus(Element element) {
-    PagedTable::OnFocus(element);
-    if (element.name == "Deger")
+    if (element.name == "Deger") {
         showDetail(element.index);
+        typing_ = element.index;
+    }
+    PagedTable::OnFocus(element);
 }
 
 void PanelTableForm::OnLostFocus(Element element) {
     PagedTable::OnLostFocus(element);
-    if (element.name == "Deger")
-        detail(element.index) = ParseNumber(window.Text(element));
+    if (element.name != "Deger")
+        return;
+    typing_ = -1;
+    detail(element.index) = ParseNumber(window.Text(element));
 }
 
 bool PanelTableForm::OnKey(Element element, Key key) {

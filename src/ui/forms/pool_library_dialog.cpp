@@ -65,7 +65,7 @@ public:
         for (int i = 0; i <= kYukKombinasyonLast; ++i)
             setChecked("YukKombinasyon", i, YukKombinasyon[i] != 0.0);
         open();
-        turnTo(HavuzTip == 1.0 ? 1 : HavuzTip == 2.0 ? 2 : 0);
+        turnTo(HavuzTip == 2.0 ? 2 : 1);
     }
 
     // Numbers of the pages below the one on top stay unread, but for the cells.

@@ -69,7 +69,7 @@ public:
     std::vector<Field> fields() const override {
         return {{.kind = FieldKind::List, .name = "Surucu", .label = "Surucu", .row = 0},
                 {.kind = FieldKind::Label, .name = "Yol", .row = 1},
-                {.kind = FieldKind::List, .name = "Dizin", .label = "Dizin", .row = 2, .look = FieldLook::Open},
+                {.kind = FieldKind::List, .name = "Dizin", .label = "Dizin", .row = 2, .look = FieldLook::Folders},
                 {.kind = FieldKind::List,
                  .name = "Dosya",
                  .label = "*.POL",
@@ -140,6 +140,7 @@ void OpenDialog::setDirectory(const std::string &path) {
     std::sort(files.begin(), files.end());
     directories.insert(directories.begin(), "..");
     setText("Yol", 0, path);
+    setText("Secilen", 0, "");
     window.SetItems(at("Dizin"), directories);
     window.SetItems(at("Dosya"), files);
 }

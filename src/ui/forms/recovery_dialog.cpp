@@ -46,8 +46,10 @@ public:
 
     void show() {
         fill();
-        if (!copies_.empty())
-            open();
+        if (copies_.empty())
+            return;
+        open();
+        window.Focus(at("Kopya"));
     }
     void OnClick(Element element) override {
         if (element == at("Sil"))

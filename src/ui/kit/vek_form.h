@@ -12,6 +12,7 @@ public:
     // owner: the main window, none for itself. flags: what kind of window it is.
     VekForm(const QString &name, QWidget *owner, Qt::WindowFlags flags);
 
+    bool leavesWithActivation = false; // goes when another window is activated
     std::function<void()> closeAsked;
     std::function<void()> activated;
     std::function<void()> restored;                   // no longer minimised

@@ -85,7 +85,8 @@ int RunDesktop(int &argc, char **argv, const std::string &executable, const Desk
     if (!MakeWorkingDirectory(executable))
         return 1;
     main.recovery = std::make_unique<Recovery>(Recovery::UsualDirectory());
-    const SignalWatch watch([&](int signal) { window.endSoon([&main, signal] { main.EndFor(SignalName(signal), 128 + signal); }); });
+    const SignalWatch watch(
+        [&](int signal) { window.endSoon([&main, signal] { main.EndFor(SignalName(signal), 128 + signal); }); });
     window.handle([&] { main.Start(CommandLine(options.project)); });
     return options.record.empty() ? window.run() : RunRecorded(window, options);
 }

@@ -100,7 +100,8 @@ ElementWidget MakeLabel(const Field &field, Element element, QWidget *form, Pers
                 label->setAutoFillBackground(tinted || state.colour != kButtonColour);
                 if (label->autoFillBackground())
                     Tint(label, QPalette::Window, QPalette::WindowText, state);
-                label->adjustSize();
+                if (!tinted)
+                    label->adjustSize();
             }};
 }
 
@@ -149,13 +150,54 @@ ElementWidget MakeCombo(QWidget *form, QLabel *beside, Element element, PersonIn
             }};
 }
 
-ElementWidget MakePlainList(QWidget *form, QLabel *beside, Element element, PersonInput &input) {
-    auto *list = new QListWidget(form);
+// A list that does not take the second click of two quick ones for another choice: the first has filled it anew.
+class PlainList : public QListWidget {
+public:
+    using QListWidget::QListWidget;
+
+protected:
+    void mouseDoubleClickEvent(QMouseEvent *event) override {
+        if (chosenByClick)
+            event->accept();
+        else
+            QListWidget::mouseDoubleClickEvent(event);
+    }
+    void mouseReleaseEvent(QMouseEvent *event) override {
+        const bool second = chosenByClick && !pressed_;
+        pressed_ = false;
+        if (!second)
+            QListWidget::mouseReleaseEvent(event);
+    }
+    void mousePressEvent(QMouseEvent *event) override {
+        pressed_ = true;
+        QListWidget::mousePressEvent(event);
+    }
+
+public:
+    bool chosenByClick = false;
+
+private:
+    bool pressed_ = false;
+};
+
+ElementWidget MakePlainList(const Field &field, QWidget *form, QLabel *beside, Element element, PersonInput &input) {
+    auto *list = new PlainList(form);
+    const bool folders = field.look == FieldLook::Folders;
+    list->chosenByClick = folders;
     list->setMinimumSize(190, 220);
     QObject::connect(list, &QListWidget::itemClicked, list,
                      [element, list, &input](QListWidgetItem *item) { input.chosen(element, list->row(item)); });
-    QObject::connect(list, &QListWidget::itemActivated, list,
-                     [element, list, &input](QListWidgetItem *item) { input.confirmed(element, list->row(item)); });
+    if (folders) // Enter; a double click has chosen already
+        QObject::connect(list, &QListWidget::itemActivated, list,
+                         [element, list, &input](QListWidgetItem *item) { input.chosen(element, list->row(item)); });
+    else
+        QObject::connect(list, &QListWidget::itemActivated, list,
+                         [element, list, &input](QListWidgetItem *item) { input.confirmed(element, list->row(item)); });
+    if (!folders)
+        QObject::connect(list, &QListWidget::currentRowChanged, list, [element, list, &input](int row) {
+            if (row >= 0 && list->hasFocus())
+                input.chosen(element, row);
+        });
     return {list, beside, [list](const State &state) {
                 const QSignalBlocker silent(list);
                 QStringList items;
@@ -176,8 +218,8 @@ ElementWidget MakePlainList(QWidget *form, QLabel *beside, Element element, Pers
 ElementWidget MakeList(const Field &field, Element element, QWidget *form, PersonInput &input) {
     auto *beside = new QLabel(ToQt(field.label), form);
     beside->setTextFormat(Qt::PlainText);
-    if (field.look == FieldLook::Open)
-        return MakePlainList(form, beside, element, input);
+    if (field.look == FieldLook::Open || field.look == FieldLook::Folders)
+        return MakePlainList(field, form, beside, element, input);
     return MakeCombo(form, beside, element, input);
 }
 

@@ -1,11 +1,13 @@
 #include "ui/qt/form_layout.h"
 
 #include "ui/kit/button.h"
+#include "ui/qt/text.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <algorithm>
 #include <map>
 
@@ -60,6 +62,18 @@ bool StandsInALine(const PlacedField &placed, const std::vector<PlacedField> &fi
            });
 }
 
+// What stands on one page of several keeps its room on the others, so that the rest stands still.
+void KeepItsRoom(const PlacedField &placed) {
+    if (placed.field.group == 0)
+        return;
+    for (QWidget *widget : {placed.made.widget, static_cast<QWidget *>(placed.made.beside)})
+        if (widget != nullptr) {
+            QSizePolicy policy = widget->sizePolicy();
+            policy.setRetainSizeWhenHidden(true);
+            widget->setSizePolicy(policy);
+        }
+}
+
 void LayOutDialog(FormKind kind, QWidget &window, const std::vector<PlacedField> &fields) {
     auto *column = new QVBoxLayout(&window);
     auto *grid = new QGridLayout;
@@ -69,6 +83,7 @@ void LayOutDialog(FormKind kind, QWidget &window, const std::vector<PlacedField>
     for (const PlacedField &placed : fields) {
         if (placed.made.widget == nullptr || IsClosingButton(placed))
             continue;
+        KeepItsRoom(placed);
         if (placed.field.kind == FieldKind::TextBox)
             placed.made.widget->setFixedWidth(placed.field.look == FieldLook::Name ? kTitleWidth : kBoxWidth);
         if (!StandsInALine(placed, fields)) {
@@ -99,6 +114,22 @@ int TableRows(const std::vector<PlacedField> &fields) {
     return last;
 }
 
+// A heading over several columns: its last words stand each over one of them.
+void AddHeading(QGridLayout &grid, const PlacedField &placed, int column) {
+    QWidget *widget = placed.made.widget;
+    const int span = placed.field.span;
+    QStringList words = ToQt(placed.field.label).split(QRegularExpression(QStringLiteral("\\s{3,}")));
+    if (span == 1 || words.size() < span) {
+        grid.addWidget(widget, 0, column, 1, span, Qt::AlignCenter);
+        return;
+    }
+    widget->hide();
+    while (words.size() > span)
+        words[0] += QLatin1String("   ") + words.takeAt(1);
+    for (int k = 0; k < span; ++k)
+        grid.addWidget(new QLabel(words[k], widget->parentWidget()), 0, column + k, Qt::AlignCenter);
+}
+
 void AddToTable(QGridLayout &grid, const PlacedField &placed, int rows) {
     QWidget *widget = placed.made.widget;
     const int row = placed.field.row, column = placed.field.column + 1;
@@ -108,7 +139,7 @@ void AddToTable(QGridLayout &grid, const PlacedField &placed, int rows) {
     } else if (placed.field.kind == FieldKind::ScrollBar) {
         grid.addWidget(widget, 1, column, rows, 1);
     } else if (placed.field.look == FieldLook::Heading) {
-        grid.addWidget(widget, 0, column, 1, placed.field.span, Qt::AlignCenter);
+        AddHeading(grid, placed, column);
     } else {
         if (placed.made.beside != nullptr)
             placed.made.beside->setFixedSize(0, 0); // the heading says it

@@ -12,6 +12,7 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QScreen>
+#include <algorithm>
 
 static void LoadPictures() { Q_INIT_RESOURCE(icons); }
 
@@ -27,6 +28,10 @@ QtWindow::QtWindow() {
     connect(&timer_, &QTimer::timeout, this, [this] { handle([this] { Tick(); }); });
     fit_.setSingleShot(true);
     fit_.setInterval(kFitDelay);
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+        if (state == Qt::ApplicationInactive && leavesBehind())
+            handle([this] { Leave(); });
+    });
     connect(&fit_, &QTimer::timeout, this, [this] { handle([this] { fitSurface(); }); });
 }
 
@@ -34,6 +39,12 @@ QtWindow::~QtWindow() {
     qApp->removeEventFilter(this);
     if (main_ != nullptr)
         RememberPlace(main_->saveGeometry());
+}
+
+// Popup and overview, which hide when the program is left.
+bool QtWindow::leavesBehind() const {
+    const auto shown = [](const auto &form) { return form.second->isVisible() && form.second->leavesWithActivation; };
+    return started_ && std::any_of(forms_.begin(), forms_.end(), shown);
 }
 
 void QtWindow::begin() {
@@ -76,7 +87,8 @@ void QtWindow::MakeForm(const FormFields &form) {
     auto *window = new VekForm(ToQt(form.name), main_.get(), FlagsOf(form.kind));
     if (form.kind == FormKind::Main)
         main_.reset(window);
-    else if (form.kind == FormKind::Palette)
+    window->leavesWithActivation = form.kind == FormKind::Popup || form.kind == FormKind::Overview;
+    if (form.kind == FormKind::Palette)
         window->setAttribute(Qt::WA_ShowWithoutActivating);
     forms_[form.name] = window;
     window->setWindowTitle(form.caption.empty() ? QStringLiteral("HAVUZ") : ToQt(form.caption));

@@ -85,6 +85,7 @@ private:
     bool keyPressed(Element element, int key, bool plain);
     void focusTaken(Element element);
     void pressed(const QWidget &at);
+    void selectTaken(QWidget &at);
     Element elementOf(const QWidget *widget) const; // no name: none of ours
 
     void show(Element element);
@@ -93,6 +94,7 @@ private:
     void followFocus();
     void fitSurface();
     void settle();
+    bool leavesBehind() const;
 
     SurfaceView *makeView(Element picture, QWidget *form);
     void takePointer(Element picture, SurfaceView &view);
@@ -107,6 +109,7 @@ private:
     Button *recent_ = nullptr;
     std::vector<OfferedProject> offered_;
     QWidget *lastClicked_ = nullptr;
+    const QWidget *taken_ = nullptr; // box that takes the focus by the click that is going on
     QTimer timer_;
     QTimer fit_; // a while after the last change of size
     std::unique_ptr<QLockFile> instance_;

@@ -172,8 +172,19 @@ void QtWindow::pressed(const QWidget &at) {
     if (element.name.empty())
         return;
     const FieldKind kind = state(element).kind;
+    if (kind == FieldKind::TextBox && !at.hasFocus())
+        taken_ = &at;
     if (kind == FieldKind::TextBox || kind == FieldKind::List)
         focusTaken(element);
+}
+
+// The text of a box that took the focus by a click is selected, so that typing replaces it; one that a person marked or
+// clicked into again is left.
+void QtWindow::selectTaken(QWidget &at) {
+    auto *line = qobject_cast<QLineEdit *>(&at);
+    if (line != nullptr && line == taken_ && !line->hasSelectedText())
+        line->selectAll();
+    taken_ = nullptr;
 }
 
 Element QtWindow::elementOf(const QWidget *widget) const {
@@ -219,6 +230,8 @@ bool QtWindow::keyPressed(Element element, int qtKey, bool plain) {
     const std::optional<Key> key = KeyOf(qtKey);
     if (!key || !plain || element.name.empty() || !TakesKey(state(element).kind, *key))
         return false;
+    if (*key == Key::Enter && state(element).look == FieldLook::Folders)
+        return false; // the list itself takes it
     handle([&] {
         GoTo(element);
         const auto *line = qobject_cast<QLineEdit *>(widget(element));
@@ -275,8 +288,16 @@ bool QtWindow::eventFilter(QObject *object, QEvent *event) {
     auto *at = static_cast<QWidget *>(object);
     if (IsInput(event->type())) {
         const auto *form = dynamic_cast<VekForm *>(at->window());
-        if (form != nullptr && !formReachable(FromQt(form->objectName())))
+        const std::string name = form == nullptr ? "" : FromQt(form->objectName());
+        if (form != nullptr && formState(name).minimised)
+            handle([&] { Restore(name); }); // without a window manager it never went
+        if (form != nullptr && !formReachable(name))
             return true;
+        if (event->type() == QEvent::KeyPress && form != nullptr && form->leavesWithActivation &&
+            static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+            handle([&] { CloseForm(name); });
+            return true;
+        }
     }
     if (event->type() == QEvent::KeyPress && at == QApplication::focusWidget()) {
         const auto &key = static_cast<QKeyEvent &>(*event);
@@ -288,11 +309,19 @@ bool QtWindow::eventFilter(QObject *object, QEvent *event) {
             handle([&] { ClickTool(tool); });
             return true;
         }
+        if (auto *line = qobject_cast<QLineEdit *>(at);
+            line != nullptr && key.key() == Qt::Key_Comma && state(element).look == FieldLook::Point) {
+            line->insert(QStringLiteral("."));
+            typed(element, FromQt(line->text()));
+            return true;
+        }
         const Qt::KeyboardModifiers held = key.modifiers() & ~Qt::KeypadModifier;
         return keyPressed(element, key.key(), held == Qt::NoModifier);
     }
     if (event->type() == QEvent::MouseButtonPress)
         pressed(*at);
+    if (event->type() == QEvent::MouseButtonRelease)
+        selectTaken(*at);
     if (event->type() == QEvent::FocusIn)
         if (const auto reason = static_cast<QFocusEvent *>(event)->reason();
             reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason)

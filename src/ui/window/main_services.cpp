@@ -64,8 +64,7 @@ void MainWindow::EndProgram(int status) {
 
 // Project files
 
-// A project that was read or written has a file. One below a directory with a "." in its name has its results
-// elsewhere, and is not found by the name that leads to them.
+// A project that was read or written has a file.
 void MainWindow::EnableAnalysis() {
     window.Enable(kAnalysisTool, true);
     const std::string file = FindFile(ProjeYolu + ".POL");

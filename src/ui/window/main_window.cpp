@@ -192,12 +192,12 @@ void MainWindow::OnRelease(Element surface, int button, int shift, double x, dou
 
 void MainWindow::OnWheel(Element surface, int steps, double x, double y) {
     if (surface == kScr)
-        this->steps().look(surface, [&] { ZoomAbout(*this, steps, x, y); });
+        this->steps().look(kScr1, [&] { ZoomAbout(*this, steps, x, y); });
 }
 
 void MainWindow::OnPan(Element surface, double dx, double dy) {
     if (surface == kScr)
-        steps().look(surface, [&] { PanView(*this, dx, dy); });
+        steps().look(kScr1, [&] { PanView(*this, dx, dy); });
 }
 
 void MainWindow::OnOpen(const std::string &path) {

@@ -112,7 +112,7 @@ private:
     void keepForNextStart(const std::string &reason);
 
     std::chrono::steady_clock::time_point lastStep_{}, lastCopy_{};
-    bool uncopied_ = false, copied_ = false; // steps that no copy has yet; one was made
+    bool uncopied_ = false, copied_ = false;        // steps that no copy has yet; one was made
     std::map<int, Colour> progressRows_;            // of the bar, as it was painted whole
     double overviewLeft_ = 0.0, overviewTop_ = 0.0; // where the overview opens next, twips
 };

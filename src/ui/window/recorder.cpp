@@ -141,6 +141,8 @@ std::string Recorder::lineOf(const Act &act) const {
         return "close " + std::string(act.element.form);
     case Act::Restore:
         return "restore " + std::string(act.element.form);
+    case Act::Leave:
+        return "leave";
     case Act::Answer:
         return "answer " + PathWord(act.text);
     case Act::Tick:

@@ -8,16 +8,16 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <set>
-#include <utility>
 #include <sys/file.h>
 #include <unistd.h>
+#include <utility>
 
 namespace havuz {
 
@@ -29,7 +29,8 @@ constexpr const char *kMark = "\r\nKURTARMA\r\n"; // stands before the lines beh
 constexpr const char *kCopy = ".POL", *kLock = ".lock";
 
 std::string OneLine(std::string text) {
-    std::replace_if(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
     return text + "\r\n";
 }
 
@@ -40,7 +41,10 @@ std::string CopyText(const std::string &reason) {
     ProjeIsmi = title;
     text.resize(text.size() - 2); // the mark begins with the end of the last line
     return text + kMark + OneLine(std::to_string(std::time(nullptr))) + OneLine(reason) +
-           OneLine(ProjeYolu.empty() ? "" : ProjeDosyasi.empty() ? ProjeYolu + ".POL" : ProjeDosyasi) + OneLine(title);
+           OneLine(ProjeYolu.empty()      ? ""
+                   : ProjeDosyasi.empty() ? ProjeYolu + ".POL"
+                                          : ProjeDosyasi) +
+           OneLine(title);
 }
 
 // The four lines behind the mark; none where the file has no mark.
@@ -106,12 +110,14 @@ void Recovery::begin() {
     const std::string name = text.data() + ("-" + std::to_string(getpid()));
     for (int i = 1; lock_ < 0 && i < 1000; ++i) {
         session_ = i == 1 ? name : name + "-" + std::to_string(i);
+        if (fs::exists(stem() + kCopy, none))
+            continue;
         lock_ = open((stem() + kLock).c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
         if (lock_ < 0 && errno != EEXIST)
             break;
     }
     if (lock_ < 0)
-        throw RuntimeFailure(File, directory_ + ": cannot be written (" + std::strerror(errno) + ")");
+        FailFile(Fault::CannotWrite, directory_, errno);
     flock(lock_, LOCK_EX | LOCK_NB);
 }
 

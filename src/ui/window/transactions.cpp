@@ -8,7 +8,6 @@
 #include "ui/commands/tools.h"
 #include "ui/forms/form.h"
 #include "ui/window/command_state.h"
-#include "ui/window/failure_words.h"
 #include "view/overview.h"
 
 #include <exception>
@@ -61,6 +60,8 @@ std::string Capitals(std::string text) {
 std::string NameOf(Element element) {
     if (element == kScr)
         return ArmedName();
+    if (element == kScr1) // wheel and middle button too
+        return "ZOOM";
     if (element.form != kMain && element.form != kOverview && element.form != kDyuk) {
         const FormRow &form = RowOfForm(element.form);
         if (form.tool.name.empty())
@@ -188,6 +189,7 @@ bool Transactions::underWay() const {
 }
 
 void Transactions::settle(const std::string &name) {
+    bench_.window.SetChecked(kHideNodesTool, NodesHidden != 0); // its mark tells the state
     const File file = std::exchange(file_, File::Untouched);
     if (file == File::Saved)
         history_.amend();

@@ -21,8 +21,8 @@ public:
     void begin();
 
     // Runs the handler of an element's event, that may change the model. The element says what the command is called
-    // in the prompt line and in the steps. A RuntimeFailure does not come out of it; ProgramEnd does. Inside a handler that
-    // runs already, the inner one fails and is undone alone.
+    // in the prompt line and in the steps. A RuntimeFailure does not come out of it; ProgramEnd does. Inside a handler
+    // that runs already, the inner one fails and is undone alone.
     void edit(Element element, const std::function<void()> &handler);
     // The same for a handler that only looks at the model: no copy is taken.
     void look(Element element, const std::function<void()> &handler);
@@ -37,12 +37,13 @@ public:
     void redo();
 
     bool changed() const; // against the project's file; a true comparison
-    bool busy() const { return depth_ > 0; }
+    // A step has begun and not ended: a dialog or a table is open, a drag is under way.
+    bool underWay() const;
     const ModelHistory &history() const { return history_; }
     // What failed since it was last asked for, in English; "" for nothing.
     std::string takeFailure();
 
-    std::function<void()> afterStep; // the model, the steps or the project's names changed
+    std::function<void()> afterStep;                       // the model, the steps or the project's names changed
     std::function<void(const std::string &command)> atEnd; // a command ends the program
 
 private:
@@ -53,11 +54,9 @@ private:
     };
     bool attempt(const Command &command, const std::function<void()> &handler, const ModelState *before,
                  const WindowMemory *window);
-    void fail(const Command &command, const std::string &turkish, const ModelState *before,
-              const WindowMemory *window);
+    void fail(const Command &command, const std::string &turkish, const ModelState *before, const WindowMemory *window);
     void showFailed(Element element);
     void settle(const std::string &name);
-    bool underWay() const;
     void showCrossed(const std::string &prompt);
 
     Workbench &bench_;

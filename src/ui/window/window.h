@@ -60,11 +60,13 @@ enum class FieldKind {
 enum class FieldLook {
     Usual,
     Name,      // a text box for words
+    Point,     // a text box in which the comma key writes a point
     RowNumber, // tables
     Heading,   // over the columns of a table
     Marker,    // of the row with the focus
     MenuRow,   // of the popup
-    Open,      // a list that shows its items without dropping down
+    Open,      // a list that shows its items without dropping down; the row that a key goes to is chosen
+    Folders,   // the same, and only Enter or a click chooses
     Tab,       // an option that turns to a page
     Tool,      // a button in the frame of its group
     TopBar,    // the main form's parts
@@ -215,10 +217,10 @@ public:
     virtual void StartProgram(const std::string &program, const std::string &argument) = 0;
     virtual void RememberProject(const std::string &path) = 0; // read or written just now: the first of the recent ones
     virtual void OfferProjects(const std::vector<OfferedProject> &projects) = 0; // all that are offered now
-    virtual void OpenHelp(const std::string &path) = 0;        // the viewer "hh", maximised
-    virtual void ServeEvents() = 0;                            // lets pending events through
-    virtual void ReportError(const std::string &line) = 0;     // standard error
-    [[noreturn]] virtual void EndProgram(int status) = 0;      // throws ProgramEnd
+    virtual void OpenHelp(const std::string &path) = 0;                          // the viewer "hh", maximised
+    virtual void ServeEvents() = 0;                                              // lets pending events through
+    virtual void ReportError(const std::string &line) = 0;                       // standard error
+    [[noreturn]] virtual void EndProgram(int status) = 0;                        // throws ProgramEnd
 };
 
 } // namespace havuz

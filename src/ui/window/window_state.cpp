@@ -391,6 +391,13 @@ void WindowState::TakeSize(int width, int height) {
     act({.kind = Act::Resize, .element = kScr, .first = width, .second = height}, [&] { events_->OnResize(); });
 }
 
+void WindowState::Leave() {
+    act({.kind = Act::Leave, .element = {}}, [&] {
+        for (const std::string &form : std::vector(stack_))
+            events_->OnDeactivate(forms_.find(form)->first);
+    });
+}
+
 void WindowState::Tick() {
     act({.kind = Act::Tick, .element = {}}, [&] { events_->OnTimer(); });
 }

@@ -34,6 +34,7 @@ struct Act {
         Open,           // text: path of a project
         CloseForm,
         Restore, // a form that was minimised
+        Leave,   // to another program
         Tick,
         Answer // text: what a file dialog gave
     };
@@ -99,6 +100,7 @@ public:
     bool CloseForm(std::string_view form) override;
     bool Restore(std::string_view form) override;
     void Tick() override;
+    void Leave();                         // every form loses its activation
     void TakeSize(int width, int height); // of SCR, after it changed
 
     // What it shows. An element that was never made is Subscript.

@@ -45,12 +45,21 @@ void Workbench::RedrawView() {
     if (GorunusModu == 1)
         SettlePlateView(*this);
     Redraw(scr(), view);
+    tellUndrawn();
 }
 void Workbench::DrawPlateView() {
     SettlePlateView(*this);
     havuz::DrawPlateView(scr(), view);
 }
-void Workbench::DrawMeshView() { havuz::DrawMeshView(scr(), view); }
+void Workbench::DrawMeshView() {
+    havuz::DrawMeshView(scr(), view);
+    tellUndrawn();
+}
+
+void Workbench::tellUndrawn() {
+    if (const int mesh = GorunusModu == 2 ? FirstUndrawnMesh() : 0; mesh > 0)
+        Prompt("MESH " + std::to_string(mesh) + " CIZILEMEDI: KOSELERI NOKTA DEGIL");
+}
 void Workbench::RefreshBounds() { PlateBoundsAndDepth(scr()); }
 
 void Workbench::FitViews() {

@@ -67,6 +67,8 @@ protected:
     std::vector<std::unique_ptr<Form>> forms_;
 
 private:
+    void tellUndrawn(); // a mesh that the drawing leaves out
+
     std::string executable_;
     std::unique_ptr<Transactions> steps_;
 };
