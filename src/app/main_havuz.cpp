@@ -10,6 +10,7 @@ int main(int argc, char **argv) {
     CLI::App parser("Pools and tanks of reinforced concrete: made, meshed, analysed.", "havuz");
     parser.set_version_flag("--version", "havuz " HAVUZ_VERSION);
     parser.add_option("project", options.project, "project to open")->type_name("FILE.POL");
+    parser.add_flag("--open", options.open, "start empty, then open the project as the open dialog does");
     parser.add_option("--record", options.record, "write what is done as a script for havuz-cli script")
         ->type_name("FILE");
     try {

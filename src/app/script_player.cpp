@@ -298,6 +298,13 @@ void OpenProject(Stage &stage, Words words) {
     Require(stage.person.OpenFile(path), "the main window cannot be reached");
 }
 
+void TypePoint(Stage &stage, Words words) {
+    const std::string point = words.take("POINT");
+    words.done();
+    RequireReach(stage, kPointEntry);
+    Require(stage.person.Type(kPointEntry, point) && stage.person.Press(Key::Enter), "no point is awaited");
+}
+
 void Undo(Stage &stage, Words words) {
     words.done();
     ClickReached(stage, kUndoButton);
@@ -356,6 +363,7 @@ constexpr VerbRow kVerbs[] = {
     {"timer", "[TIMES]", Timer, false},
     {"answer", "PATH", AnswerDialog, false},
     {"open", "FILE.POL", OpenProject, false},
+    {"type", "POINT", TypePoint, false},
     {"undo", "", Undo, false},
     {"redo", "", Redo, false},
     {"picture", "PATH", SavePicture, true},

@@ -1,7 +1,6 @@
 #include "export/export_file.h"
 
 #include "model/code_page.h"
-#include "model/failure.h"
 #include "model/options.h"
 #include "model/store.h"
 #include "model/write_file.h"
@@ -34,16 +33,13 @@ void WriteExport(const std::string &path, ExportText text) {
 }
 
 void RunExport(FileDialog &dialog, const char *title, ExportText text) {
+    ResetExport();
     if (NothingToExport())
         return;
     ExportPath = dialog.AskSaveName(title, "", ProjeAdi);
     if (ExportPath.empty())
         return;
-    try {
-        WriteExport(ExportPath, text);
-    } catch (const RuntimeFailure &) {
-        return; // an export that fails ends silently: wanted
-    }
+    WriteExport(ExportPath, text);
 }
 
 } // namespace havuz

@@ -32,7 +32,7 @@ using ExportText = std::string (*)();
 // Writes beside the file and renames over it; a failure (File) leaves an older export whole.
 void WriteExport(const std::string &path, ExportText text);
 
-// Asks for a path and writes there. A cancelled dialog ends it, and so does any failure, with no word: wanted.
+// Asks for a path and writes there; ExportPath is "" when nothing was written.
 void RunExport(FileDialog &dialog, const char *title, ExportText text);
 
 } // namespace havuz

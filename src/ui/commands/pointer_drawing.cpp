@@ -57,7 +57,7 @@ void PressFirstEnd(Workbench &bench, Pointer at) {
 
 // Each panel in turn can take the point to one of its upper corners, a later one from where an earlier one took it.
 static void SnapToUpperCorners(ModelPoint &p) {
-    for (int i = 1; i <= PanelCount; ++i)
+    for (int i = 1; SnapsToCorners == 1 && i <= PanelCount; ++i)
         for (const int k : {1, 2})
             if (Distance2(p.x - PanelTable[i].X[k], p.y - PanelTable[i].Y[k]) < kNear)
                 p = {PanelTable[i].X[k], PanelTable[i].Y[k]};

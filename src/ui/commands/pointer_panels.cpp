@@ -24,7 +24,7 @@ ModelPoint ToModel(ScreenPoint p) {
 ScreenPoint ToScreen(ModelPoint m) { return {PlateOffsetX + PlateScale * m.x, PlateOffsetY + PlateScale * m.y}; }
 
 void SnapToPanelCorner(double &mx, double &my) {
-    for (int i = 1; i <= PanelCount; ++i)
+    for (int i = 1; SnapsToCorners == 1 && i <= PanelCount; ++i)
         for (int k = 1; k <= 4; ++k) {
             const double X = PanelTable[i].X[k], Y = PanelTable[i].Y[k];
             if (std::fabs(mx - X) < kSnap && std::fabs(my - Y) < kSnap) {

@@ -37,6 +37,8 @@ inline constexpr const char *kFixedPrompt = "SABIT PLAK KENARI veya SABIT NOKTA 
 // A tool was clicked; a button of the top bar; an option of the palette Tool2.
 void OnTool(Workbench &bench, const ToolRow &tool);
 void OnTopBar(Workbench &bench, Element button);
+// A result was chosen; the one that is chosen already is switched off.
+void OnResultOption(Workbench &bench, Element option);
 void OnTool2Option(Workbench &bench, int index);
 
 // Runs first in every handler of a tool. Clears the prompt, the rubber band's first two lines, the note, the palettes

@@ -1,7 +1,9 @@
 // Main tools that run a job at once, the top bar and the hot colour of the buttons.
+#include "export/export_file.h"
 #include "export/sap90.h"
 #include "export/staad.h"
 #include "fea/analysis.h"
+#include "mesh/mesh_report.h"
 #include "mesh/oto_mesh.h"
 #include "model/analysed_project.h"
 #include "model/files.h"
@@ -18,9 +20,19 @@ static std::string OutputProgram() { return ProgramDizini + "/RAPORCU.EXE"; }
 
 // Jobs
 
+// Nodes, meshes, and how many places the report of the mesh names; a click on the prompt lists them.
+static void TellMesh(Workbench &bench) {
+    const std::vector<std::string> report = MeshReport();
+    bench.window.SetItems(kMeshWarnings, report);
+    bench.Prompt("MESH TAMAM: " + std::to_string(NoktaCount) + " NOKTA, " + std::to_string(MeshCount) + " MESH, " +
+                 (report.empty() ? "UYARI YOK" : std::to_string(report.size()) + " UYARI (LISTE ICIN TIKLAYIN)") +
+                 (GorunusModu == 1 && MeshCount > 0 ? " - GORMEK ICIN plak/mesh" : ""));
+}
+
 void AutoMeshTool(Workbench &bench) {
     bench.window.SetItems(kDyukList, {});
     AutoMesh(bench.meshing);
+    TellMesh(bench);
 }
 
 // No other command can start while it runs, though it lets pending events through.
@@ -53,14 +65,21 @@ void SaveProjectAs(Workbench &bench) {
     ShowSaveName(bench);
 }
 
+static void TellExport(Workbench &bench) {
+    if (!ExportPath.empty())
+        bench.Prompt("YAZILDI: " + ExportPath);
+}
+
 void ExportSapTool(Workbench &bench) {
     ExportSap(bench.files);
     bench.ClearTool(kSapTool);
+    TellExport(bench);
 }
 
 void ExportStaadTool(Workbench &bench) {
     ExportStaad(bench.files);
     bench.ClearTool(kStaadTool);
+    TellExport(bench);
 }
 
 // Top bar

@@ -1,6 +1,7 @@
 // View commands, and what the mesh and plate tools do besides arming a command.
 #include "ui/commands/tools.h"
 #include "ui/forms/dialogs.h"
+#include "ui/window/view_habits.h"
 #include "view/overview.h"
 
 #include <cstdlib>
@@ -16,7 +17,10 @@ static void RedrawAll(Workbench &bench) {
 
 // View commands
 
-void ZoomAll(Workbench &bench) { RedrawAll(bench); }
+void ZoomAll(Workbench &bench) {
+    FitMovedViews(bench);
+    RedrawAll(bench);
+}
 
 void ZoomWin(Workbench & /*bench*/) {
     ZoomPending = 1;
@@ -61,6 +65,16 @@ void SwitchView(Workbench &bench) {
 // Mesh tools
 
 void ShowResultOptions(Workbench &bench) { bench.view.ShowFrame(3, true); }
+
+void OnResultOption(Workbench &bench, Element option) {
+    if (ShownResult == option.index) {
+        bench.window.SetChecked(option, false);
+        ShownResult = -1;
+    } else {
+        ShownResult = option.index;
+    }
+    bench.RedrawView();
+}
 
 void HideNodes(Workbench &bench) {
     NodesHidden = std::abs(NodesHidden - 1);

@@ -35,6 +35,9 @@ void OpenGivenProject(Workbench &bench, const std::string &path);
 void OfferRecovery(Workbench &bench);
 bool OpenRecovered(Workbench &bench, const std::string &file);
 
+// MESHRAP, the warnings of the last mesh; nothing without any.
+void ShowMeshWarnings(Workbench &bench);
+
 // The window after a project was read: rotated view, nothing pending, no node hidden.
 void ShowReadProject(Workbench &bench);
 

@@ -25,6 +25,7 @@ static constexpr FormRow kForms[] = {
     {"MESTIP",   "",                                         "MESNET",         kDialog,  kNoTool,          kNodePlace, kModeless, true,  false},
     {"NOKYUK",   "",                                         "NOKTA YUKU",     kDialog,  kNoTool,          kNodePlace, kModeless, true,  false},
     {"yesno",    "POLIGON HAVUZU ONAYLIYORMUSUNUZ",          "POLIGON HAVUZU", kDialog,  kNoTool,          kNodePlace, kModeless, true,  false},
+    {"MESHRAP",  "MESH UYARILARI",                            "MESH UYARILARI", kDialog,  kNoTool,          kToolPlace, kModeless, false, false},
     {"KURTAR",   "KURTARILAN ÇALIŞMALAR",                     "KURTARMA",       kDialog,  kNoTool,          kToolPlace, kModeless, false, false},
     {kTool1,     "",                                         "PALET",          kPalette, kNoTool,          {},         kModeless, false, false},
     {kTool2,     "",                                         "PALET",          kPalette, kNoTool,          {},         kModeless, false, false},

@@ -39,7 +39,7 @@ public:
         std::vector<Field> fields = {
             {.kind = FieldKind::Frame, .name = "Frame", .index = 0, .label = "ANALIZ OPSIYONLARI", .row = 0}};
         int i = 0;
-        for (const char *label : {"zemin ve sivi", "sivi", "zemin", "yeralti suyu"}) {
+        for (const char *label : {"zemin ve sıvı", "sıvı", "zemin", "yeraltı suyu"}) {
             fields.push_back(
                 {.kind = FieldKind::CheckBox, .name = "Yuk", .index = i, .label = label, .row = 1, .column = i});
             ++i;
@@ -53,7 +53,7 @@ public:
                           .row = 3,
                           .column = 1});
         fields.push_back({.kind = FieldKind::List, .name = "Beton", .label = "Beton", .row = 4});
-        fields.push_back({.kind = FieldKind::List, .name = "Celik", .label = "Celik", .row = 4, .column = 1});
+        fields.push_back({.kind = FieldKind::List, .name = "Celik", .label = "Çelik", .row = 4, .column = 1});
         for (int button = 1; button <= kDiameters; ++button)
             fields.push_back({.kind = FieldKind::Toggle,
                               .name = "Cap",
@@ -61,6 +61,8 @@ public:
                               .label = std::to_string(Diameter(button)),
                               .row = 5,
                               .column = button});
+        fields.push_back(
+            {.kind = FieldKind::Label, .name = "Birim", .label = "mm", .row = 5, .column = kDiameters + 1});
         fields.push_back(OkButton(6));
         fields.push_back(CancelButton(6));
         return fields;

@@ -15,7 +15,11 @@ enum { kDp = 0, kUst = 1, kAlt = 2, kDs = 3 };
 class PolygonDialog : public Form {
 public:
     explicit PolygonDialog(Workbench &owner) : Form(owner, "yesno") {}
-    std::vector<Field> fields() const override { return {OkButton(0), CancelButton(0)}; }
+    std::vector<Field> fields() const override {
+        return {{.kind = FieldKind::Label, .name = "Soru", .label = "POLİGON HAVUZU ONAYLIYOR MUSUNUZ?"},
+                OkButton(1),
+                CancelButton(1)};
+    }
     void show() { open(); }
 
     void OnClose() override {

@@ -67,7 +67,7 @@ class OpenDialog : public Form {
 public:
     explicit OpenDialog(Workbench &owner) : Form(owner, "LOADFILE") {}
     std::vector<Field> fields() const override {
-        return {{.kind = FieldKind::List, .name = "Surucu", .label = "Surucu", .row = 0},
+        return {{.kind = FieldKind::List, .name = "Surucu", .label = "Sürücü", .row = 0},
                 {.kind = FieldKind::Label, .name = "Yol", .row = 1},
                 {.kind = FieldKind::List, .name = "Dizin", .label = "Dizin", .row = 2, .look = FieldLook::Folders},
                 {.kind = FieldKind::List,
@@ -159,6 +159,16 @@ void OpenDialog::confirm() {
     OnClose();
 }
 
+// What the report of the last mesh says, a line each; the command fills the list.
+class MeshWarnings : public Form {
+public:
+    explicit MeshWarnings(Workbench &owner) : Form(owner, "MESHRAP") {}
+    std::vector<Field> fields() const override {
+        return {{.kind = FieldKind::List, .name = "Uyari", .look = FieldLook::Open}, OkButton(1)};
+    }
+    void show() { open(); }
+};
+
 class EndDialog : public Form {
 public:
     explicit EndDialog(Workbench &owner) : Form(owner, "ENDKONT") {}
@@ -186,6 +196,7 @@ private:
 void AddProjectDialogs(Workbench &bench, Forms &forms) {
     forms.push_back(std::make_unique<SaveNameDialog>(bench));
     forms.push_back(std::make_unique<OpenDialog>(bench));
+    forms.push_back(std::make_unique<MeshWarnings>(bench));
     forms.push_back(std::make_unique<EndDialog>(bench));
 }
 
@@ -217,6 +228,11 @@ void OpenGivenProject(Workbench &bench, const std::string &path) {
     AbandonCommand(bench);
     UncheckMainTools(bench);
     ReadProject(bench, fs::absolute(FindFile(path)).string());
+}
+
+void ShowMeshWarnings(Workbench &bench) {
+    if (!bench.window.Items(kMeshWarnings).empty())
+        DialogOf<MeshWarnings>(bench, "MESHRAP").show();
 }
 
 void ShowEndConfirm(Workbench &bench) {

@@ -3,6 +3,7 @@
 #include "model/failure.h"
 #include "model/working_directory.h"
 #include "ui/qt/qt_window.h"
+#include "ui/qt/settings.h"
 #include "ui/qt/signal_watch.h"
 #include "ui/qt/text.h"
 #include "ui/window/main_window.h"
@@ -29,6 +30,8 @@ static std::string CommandLine(const std::string &project) {
     return project.substr(0, project.size() - 4);
 }
 
+static std::string FullPath(const std::string &path) { return FromQt(QFileInfo(ToQt(path)).absoluteFilePath()); }
+
 void SpeakTurkish(QApplication &application) {
     QLocale::setDefault(QLocale(QLocale::Turkish, QLocale::Turkey));
     auto *texts = new QTranslator(&application);
@@ -52,7 +55,9 @@ static int RunRecorded(QtWindow &window, const DesktopOptions &options) {
     std::ofstream out(options.record, std::ios::binary);
     int status = 1;
     if (out) {
-        const Recorder recorder(window, out, options.project);
+        Recorder recorder(window, out, options.open ? "" : options.project);
+        if (options.open && !options.project.empty())
+            recorder.WritePath("open", FullPath(options.project));
         status = window.run();
     }
     if (!out) {
@@ -87,7 +92,14 @@ int RunDesktop(int &argc, char **argv, const std::string &executable, const Desk
     main.recovery = std::make_unique<Recovery>(Recovery::UsualDirectory());
     const SignalWatch watch(
         [&](int signal) { window.endSoon([&main, signal] { main.EndFor(SignalName(signal), 128 + signal); }); });
-    window.handle([&] { main.Start(CommandLine(options.project)); });
+    const bool opens = options.open && !options.project.empty();
+    window.handle([&] {
+        main.Start(opens ? "" : CommandLine(options.project));
+        if (options.project.empty() && RecentProjects().isEmpty())
+            main.Prompt("BASLAMAK ICIN havuz kutuphanesi, SONRA auto mesh - YARDIM F1");
+    });
+    if (opens)
+        window.handle([&] { main.OpenAtStart(FullPath(options.project)); });
     return options.record.empty() ? window.run() : RunRecorded(window, options);
 }
 

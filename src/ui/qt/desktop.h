@@ -9,6 +9,7 @@ namespace havuz {
 
 struct DesktopOptions {
     std::string project; // path, with or without its extension; none: ""
+    bool open = false;   // starts empty and reads the project as the open dialog does
     std::string record;  // file that the person's acts are written to; none: ""
 };
 

@@ -129,6 +129,8 @@ void ShowButton(Button &button, Element element, const State &state) {
         button.setToolTip(Words(state));
     else if (!button.get(bag::kBare).toBool())
         button.put(bag::kCaption, Words(state));
+    if (state.look == FieldLook::Tool && picture.isEmpty())
+        button.setToolTip(ToQt(state.label));
 }
 
 ElementWidget Reporting(Button *button, Element element, PersonInput &input) {

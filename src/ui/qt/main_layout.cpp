@@ -19,6 +19,7 @@ struct Parts {
     std::array<ButFrm *, kFrames> frames{};
     QWidget *topBar = nullptr, *overview = nullptr, *prompt = nullptr;
     std::vector<QWidget *> corner; // of the top bar
+    std::vector<QWidget *> entry;  // beside the prompt
 };
 
 Parts Sort(const std::vector<PlacedField> &fields) {
@@ -32,6 +33,8 @@ Parts Sort(const std::vector<PlacedField> &fields) {
             parts.overview = placed.made.widget;
         else if (placed.field.look == FieldLook::Prompt)
             parts.prompt = placed.made.widget;
+        else if (placed.field.look == FieldLook::Entry)
+            parts.entry = {placed.made.beside, placed.made.widget};
         else if (placed.field.look == FieldLook::Corner)
             parts.corner.push_back(placed.made.widget);
     }
@@ -59,6 +62,10 @@ QHBoxLayout *PromptRow(const Parts &parts, QWidget &progress) {
     parts.prompt->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     parts.prompt->setFixedHeight(20);
     row->addWidget(parts.prompt, 1);
+    for (QWidget *widget : parts.entry) {
+        widget->setFixedHeight(20); // the surface keeps its size
+        row->addWidget(widget);
+    }
     row->addWidget(&progress);
     return row;
 }

@@ -86,6 +86,7 @@ private:
     void focusTaken(Element element);
     void pressed(const QWidget &at);
     void selectTaken(QWidget &at);
+    bool startsPoint(const QString &text) const;
     Element elementOf(const QWidget *widget) const; // no name: none of ours
 
     void show(Element element);

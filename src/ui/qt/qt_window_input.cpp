@@ -246,6 +246,11 @@ bool QtWindow::keyPressed(Element element, int qtKey, bool plain) {
     return true;
 }
 
+// What a typed point begins with, while one is awaited.
+bool QtWindow::startsPoint(const QString &text) const {
+    return text.size() == 1 && QStringLiteral("0123456789@-.,").contains(text) && reachable(kPointEntry);
+}
+
 // Main tools by the standard keys; F1 is the help of the top bar.
 static Element ShortcutOf(const QKeyEvent &key) {
     if (key.matches(QKeySequence::New))
@@ -313,6 +318,13 @@ bool QtWindow::eventFilter(QObject *object, QEvent *event) {
             line != nullptr && key.key() == Qt::Key_Comma && state(element).look == FieldLook::Point) {
             line->insert(QStringLiteral("."));
             typed(element, FromQt(line->text()));
+            return true;
+        }
+        if (element == kScr && startsPoint(key.text())) {
+            auto *entry = qobject_cast<QLineEdit *>(widget(kPointEntry));
+            handle([&] { GoTo(kPointEntry); });
+            entry->setText(key.text());
+            typed(kPointEntry, FromQt(key.text()));
             return true;
         }
         const Qt::KeyboardModifiers held = key.modifiers() & ~Qt::KeypadModifier;

@@ -2,7 +2,8 @@
 
 namespace havuz {
 
-int PickStage, ZoomPending, DragRotated, PlateViewMoved;
+int SnapsToCorners = 1;
+int PickStage, ZoomPending, DragRotated, PlateViewMoved, MeshViewMoved;
 double RubberX, RubberY;
 Row<double, kPolyPoints> PolyX, PolyY;
 int PolyCount;
@@ -13,6 +14,7 @@ EdgeItem FixedItem;
 int SeciliKenar, NoktaModu, KenarYonu, SurukleBasladi, EdgeDragActive, EdgeDragFixed, SabitTuru;
 std::array<PanelRecord, kDraggedItems> DraggedPanel;
 
+int ShownResult = -1;
 std::array<int, 4> HotTool = {-1, -1, -1, -1};
 
 void ClearEdgeState() {
@@ -21,12 +23,13 @@ void ClearEdgeState() {
 }
 
 void ResetCommandState() {
-    for (int *p : {&CommandState, &SelectedPanel, &PickStage, &ZoomPending, &DragRotated, &PlateViewMoved, &PolyCount,
-                   &SeciliKenar, &NoktaModu, &SurukleBasladi, &SabitTuru, &SeciliNo, &NodesHidden})
+    for (int *p :
+         {&CommandState, &SelectedPanel, &PickStage, &ZoomPending, &DragRotated, &PlateViewMoved, &MeshViewMoved,
+          &PolyCount, &SeciliKenar, &NoktaModu, &SurukleBasladi, &SabitTuru, &SeciliNo, &NodesHidden})
         *p = 0;
     for (double *p : {&AnchorX, &AnchorY, &RubberX, &RubberY, &EdgeMarkerX, &EdgeMarkerY})
         *p = 0.0;
-    KenarYonu = 1;
+    KenarYonu = SnapsToCorners = 1;
     ClearEdgeState();
     PolyX = PolyY = {};
     CutLineX = CutLineY = {};
@@ -34,6 +37,7 @@ void ResetCommandState() {
     FixedItem = {};
     DraggedPanel = {};
     HotTool.fill(-1);
+    ShownResult = -1;
 }
 
 } // namespace havuz

@@ -28,10 +28,13 @@ enum Armed {
     kPolygonCut = 12
 };
 
+extern int SnapsToCorners;      // 0 while a typed point is placed: it lies where it was typed
 extern int PickStage;           // 0 first pick, 1 and 2 later picks, -1 waits for the fixed item of an edge move
 extern int ZoomPending;         // 1 while a window zoom is being picked: before CommandState
 extern int DragRotated;         // 1 after a rotating drag until the full redraw
 extern int PlateViewMoved;      // 1: wheel or middle button moved the plate view after its last fit
+extern int MeshViewMoved;       // the same of the mesh view
+extern int MeshViewMoved;       // the same of the mesh view
 extern double RubberX, RubberY; // last corner of the zoom band, pixels
 
 constexpr int kPolyPoints = kPlakPoints;
@@ -56,6 +59,8 @@ extern int EdgeDragActive;                                  // -1 picked, 0 wait
 extern int EdgeDragFixed;                                   // 1: FixedItem stands
 extern int SabitTuru;                                       // the fixed item: 0 an edge, 1 a point
 extern std::array<PanelRecord, kDraggedItems> DraggedPanel; // dragged panels as they were when the drag began
+
+extern int ShownResult; // option of the result that the mesh view shows, -1 none
 
 // Hot buttons of the four tool groups, -1 none.
 extern std::array<int, 4> HotTool;

@@ -25,10 +25,11 @@ inline constexpr std::string_view kTool3 = "Tool3";      // edge and point moves
 
 // Elements of the main window
 inline constexpr Element kTopBarText{kMain, "VekTopBar", 0};
-inline constexpr Element kScr{kMain, "SCR", 0};       // drawing surface
-inline constexpr Element kScr1{kMain, "SCR1", 0};     // opens the overview
-inline constexpr Element kAltnot{kMain, "ALTNOT", 0}; // prompt line
-inline constexpr Element kLabel1{kMain, "Label1", 0}; // the pointer's note over the surface
+inline constexpr Element kScr{kMain, "SCR", 0};          // drawing surface
+inline constexpr Element kScr1{kMain, "SCR1", 0};        // opens the overview
+inline constexpr Element kAltnot{kMain, "ALTNOT", 0};    // prompt line
+inline constexpr Element kPointEntry{kMain, "NOKTA", 0}; // a point as text, while one is awaited
+inline constexpr Element kLabel1{kMain, "Label1", 0};    // the pointer's note over the surface
 inline constexpr Element kProgLab{kMain, "ProgLab", 0};
 inline constexpr Element kVekProgBar{kMain, "VekProgBar", 0};
 constexpr Element Command(int index) { return {kMain, "Command", index}; }
@@ -73,6 +74,7 @@ constexpr Element Tool2Option(int index) { return {kTool2, "Option1", index}; }
 constexpr Element Tool3Option(int index) { return {kTool3, "Option1", index}; }
 inline constexpr Element kTool3OneSide{kTool3, "Check1", 0};   // only the upper or lower edges of panels are caught
 inline constexpr Element kTool3KeepWalls{kTool3, "Check1", 1}; // walls stay when a plate's edge moves
+inline constexpr Element kMeshWarnings{"MESHRAP", "Uyari", 0}; // lines of the report of the last mesh
 inline constexpr Element kOverviewPicture{kOverview, "SCR", 0};
 inline constexpr Element kDyukList{kDyuk, "List", 0};
 constexpr Element OverviewLine(int index) { return {kOverview, "Line", index}; } // 0 top, 1 bottom, 2 left, 3 right

@@ -230,20 +230,23 @@ static void AddFrames(FormFields &form) {
         form.fields.push_back({.kind = FieldKind::Option,
                                .name = "Option1",
                                .index = i,
-                               .label = std::to_string(i + 1),
+                               .label = "sonuç sütunu " + std::to_string(i + 1) + ": yer değiştirmeler",
+                               .text = std::to_string(i + 1),
                                .group = 3,
                                .look = FieldLook::Tool});
 }
 
 FormFields MainFields() {
     FormFields form{std::string(kMain), "HAVUZ", {}, FormKind::Main};
-    form.fields = {{.kind = FieldKind::Picture, .name = "SCR"},
-                   {.kind = FieldKind::Button, .name = "SCR1", .label = "dinamik zoom", .look = FieldLook::Overview},
-                   {.kind = FieldKind::Label, .name = "VekTopBar", .look = FieldLook::TopBar},
-                   {.kind = FieldKind::Label, .name = "ALTNOT", .look = FieldLook::Prompt},
-                   {.kind = FieldKind::Label, .name = "Label1", .shown = false, .look = FieldLook::Floating},
-                   {.kind = FieldKind::Label, .name = "ProgLab", .shown = false, .look = FieldLook::Floating},
-                   {.kind = FieldKind::Picture, .name = "VekProgBar", .shown = false}};
+    form.fields = {
+        {.kind = FieldKind::Picture, .name = "SCR"},
+        {.kind = FieldKind::Button, .name = "SCR1", .label = "dinamik zoom", .look = FieldLook::Overview},
+        {.kind = FieldKind::Label, .name = "VekTopBar", .look = FieldLook::TopBar},
+        {.kind = FieldKind::Label, .name = "ALTNOT", .look = FieldLook::Prompt},
+        {.kind = FieldKind::TextBox, .name = "NOKTA", .label = "nokta X;Y", .shown = false, .look = FieldLook::Entry},
+        {.kind = FieldKind::Label, .name = "Label1", .shown = false, .look = FieldLook::Floating},
+        {.kind = FieldKind::Label, .name = "ProgLab", .shown = false, .look = FieldLook::Floating},
+        {.kind = FieldKind::Picture, .name = "VekProgBar", .shown = false}};
     AddMany(form, {.kind = FieldKind::Button, .name = "TopBar", .look = FieldLook::Corner}, kUndoButton.index);
     AddTools(form);
     AddFrames(form);

@@ -2,6 +2,7 @@
 
 #include "model/failure.h"
 #include "model/options.h"
+#include "ui/commands/point_entry.h"
 #include "ui/commands/pointer.h"
 #include "ui/commands/tools.h"
 #include "ui/forms/dialogs.h"
@@ -43,6 +44,12 @@ MainWindow::MainWindow(Window &platform, std::string executable)
     window.ShowForm(kMain, {}, Modality::Modeless, false);
     steps().afterStep = [this] { showSteps(); };
     steps().atEnd = [this](const std::string &command) { keepForNextStart(command); };
+}
+
+void MainWindow::OpenAtStart(const std::string &path) {
+    OnOpen(path);
+    if (steps().history().canUndo() && !ProjeYolu.empty())
+        steps().begin();
 }
 
 // Steps and copies
@@ -112,8 +119,10 @@ static void ClickMain(Workbench &bench, Element element) {
         OnTopBar(bench, element);
     else if (element == kScr1)
         OpenOverview(bench.view);
+    else if (element == kAltnot)
+        ShowMeshWarnings(bench);
     else if (element == Option1(element.index))
-        bench.RedrawView();
+        OnResultOption(bench, element);
 }
 
 static bool IsOwnForm(std::string_view form) { return form == kMain || form == kOverview || form == kDyuk; }
@@ -142,8 +151,12 @@ void MainWindow::OnLostFocus(Element element) {
 }
 
 bool MainWindow::OnKey(Element element, Key key) {
-    bool kept = false;
-    if (!IsOwnForm(element.form))
+    bool kept = true; // also from a form whose handler fails
+    if (element == kPointEntry)
+        steps().edit(kScr, [&] { kept = OnEntryKey(*this, key); });
+    else if (IsOwnForm(element.form))
+        return false;
+    else
         steps().edit(element, [&] { kept = form(element.form).OnKey(element, key); });
     return kept;
 }

@@ -28,6 +28,8 @@ public:
 
     // The start sequence, then what earlier sessions left unsaved is offered. A failure ends the program (ProgramEnd).
     void Start(const std::string &commandLine);
+    // Reads a project as the open dialog does; there is no step behind it.
+    void OpenAtStart(const std::string &path);
     // Ends the program: unsaved work is kept for the next start, with the reason.
     [[noreturn]] void EndFor(const std::string &reason, int status);
 

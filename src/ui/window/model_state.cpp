@@ -130,6 +130,30 @@ void ModelState::put() const {
     ProjeIsmi.assign(reinterpret_cast<const char *>(from + kWord), length);
 }
 
+// Words of the first tables of Regions().
+static std::size_t WordsOfTables(std::size_t count) {
+    std::size_t words = 0;
+    for (std::size_t k = 0; k < count; ++k)
+        words += WordsOf(Regions()[k].bytes.size());
+    return words;
+}
+
+static bool Same(const ModelState &a, const ModelState &b, std::size_t first, std::size_t last) {
+    return std::equal(a.words().begin() + static_cast<std::ptrdiff_t>(first),
+                      a.words().begin() + static_cast<std::ptrdiff_t>(last),
+                      b.words().begin() + static_cast<std::ptrdiff_t>(first));
+}
+
+static constexpr std::size_t kPlateTables = 2, kTables = 4;
+
+bool ModelState::samePlates(const ModelState &other) const {
+    return Same(*this, other, 0, WordsOfTables(kPlateTables));
+}
+
+bool ModelState::sameMesh(const ModelState &other) const {
+    return Same(*this, other, WordsOfTables(kPlateTables), WordsOfTables(kTables));
+}
+
 ModelDifference::ModelDifference(const ModelState &from, const ModelState &to)
     : fromSize_(from.words().size()), toSize_(to.words().size()) {
     const auto at = [](const ModelState::Words &words, std::size_t k) { return k < words.size() ? words[k] : 0; };

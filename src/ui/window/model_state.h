@@ -14,6 +14,10 @@ public:
     void put() const; // into the store; what is no part of the state stays as it is there
     bool operator==(const ModelState &) const = default;
 
+    // Whether plates and panels are the same; nodes, meshes and counts.
+    bool samePlates(const ModelState &other) const;
+    bool sameMesh(const ModelState &other) const;
+
     using Words = std::vector<std::uint64_t>;
     const Words &words() const { return words_; }
     void set(Words words) { words_ = std::move(words); }

@@ -4,6 +4,7 @@
 #include "model/files.h"
 #include "model/project_file.h"
 #include "model/store.h"
+#include "ui/commands/point_entry.h"
 #include "ui/commands/pointer.h"
 #include "ui/commands/tools.h"
 #include "ui/forms/form.h"
@@ -180,6 +181,15 @@ void Transactions::look(Element element, const std::function<void()> &handler) {
         settle(command.name); // a drag ended with a move that has no button
 }
 
+// What follows the state after every command.
+void Transactions::showState() {
+    Window &window = bench_.window;
+    if (window.Checked(kHideNodesTool) != (NodesHidden != 0))
+        window.SetChecked(kHideNodesTool, NodesHidden != 0);
+    if (window.Shown(kPointEntry) != AwaitsPoint())
+        window.Show(kPointEntry, AwaitsPoint());
+}
+
 // A panel that is copied or moved waits for its second corner; an edge is being dragged.
 bool Transactions::underWay() const {
     if (bench_.openForm() != nullptr)
@@ -189,12 +199,16 @@ bool Transactions::underWay() const {
 }
 
 void Transactions::settle(const std::string &name) {
-    bench_.window.SetChecked(kHideNodesTool, NodesHidden != 0); // its mark tells the state
+    showState();
     const File file = std::exchange(file_, File::Untouched);
     if (file == File::Saved)
         history_.amend();
     open_ = underWay();
+    const ModelState before = history_.state();
     const bool changed = open_ ? history_.differs() : history_.keep(name);
+    if (changed && !open_ && file == File::Untouched && MeshCount > 0 && !history_.state().samePlates(before) &&
+        history_.state().sameMesh(before))
+        bench_.Prompt("MESH ESKI: PLAKLAR DEGISTI, auto mesh YENILER");
     if (file == File::Saved || file == File::Opened)
         history_.markSaved();
     else if (file == File::Unnamed)

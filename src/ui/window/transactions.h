@@ -57,6 +57,7 @@ private:
     void fail(const Command &command, const std::string &turkish, const ModelState *before, const WindowMemory *window);
     void showFailed(Element element);
     void settle(const std::string &name);
+    void showState();
     void showCrossed(const std::string &prompt);
 
     Workbench &bench_;

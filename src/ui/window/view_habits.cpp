@@ -92,6 +92,7 @@ void DrawMoved(Workbench &bench) {
     } else {
         bench.DrawMeshView();
         DragRotated = 0; // it is the full drawing that a turn still owes
+        MeshViewMoved = 1;
     }
     bench.RefreshSurface();
 }
@@ -124,8 +125,28 @@ void PanView(Workbench &bench, double dx, double dy) {
         MoveView(bench, {now.scale, now.offsetX + dx, now.offsetY + dy});
 }
 
+StandingView::StandingView() : plate_(KeepPlateFit), mesh_(KeepZoom) {
+    if (CommandState != kIdle && PlateViewMoved == 1)
+        KeepPlateFit = 1;
+    if (CommandState != kIdle && MeshViewMoved == 1)
+        KeepZoom = 1;
+    if (KeepZoom == 0 && GorunusModu == 2)
+        MeshViewMoved = 0; // this drawing fits it
+}
+
+StandingView::~StandingView() {
+    KeepPlateFit = plate_;
+    KeepZoom = mesh_;
+}
+
 void SettlePlateView(Workbench &bench) {
-    if (PlateViewMoved == 0 || KeepPlateFit == 1 || CommandState == kVerticalPlate)
+    if (PlateViewMoved == 1 && KeepPlateFit == 0 && CommandState == kIdle)
+        FitMovedViews(bench);
+}
+
+void FitMovedViews(Workbench &bench) {
+    MeshViewMoved = 0;
+    if (PlateViewMoved == 0)
         return;
     const Transform from{PlateScale, PlateOffsetX, PlateOffsetY};
     bench.RefreshBounds();

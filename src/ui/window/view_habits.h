@@ -16,7 +16,20 @@ void ZoomAbout(Workbench &bench, int steps, double x, double y);
 void PanView(Workbench &bench, double dx, double dy);
 
 // Comes before a drawing that fits the plate view: fits a view that was moved, and takes what waits on it in pixels to
-// its new place. An armed vertical plate keeps the view as it is, as its drawings do.
+// its new place. While a command is armed the view stays as it was moved to.
 void SettlePlateView(Workbench &bench);
+void FitMovedViews(Workbench &bench); // the same at once, also under a command
+
+// As long as it lives, drawings leave a view that was moved under an armed command where it is.
+class StandingView {
+public:
+    StandingView();
+    ~StandingView();
+    StandingView(const StandingView &) = delete;
+    StandingView &operator=(const StandingView &) = delete;
+
+private:
+    int plate_, mesh_;
+};
 
 } // namespace havuz

@@ -73,6 +73,7 @@ enum class FieldLook {
     Corner,
     Overview,
     Prompt,
+    Entry,    // beside the prompt
     Floating, // over the surface
 };
 

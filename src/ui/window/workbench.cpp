@@ -44,14 +44,17 @@ void Workbench::ShowLabel(const std::string &text, double left, double top) {
 void Workbench::RedrawView() {
     if (GorunusModu == 1)
         SettlePlateView(*this);
+    const StandingView stands;
     Redraw(scr(), view);
     tellUndrawn();
 }
 void Workbench::DrawPlateView() {
     SettlePlateView(*this);
+    const StandingView stands;
     havuz::DrawPlateView(scr(), view);
 }
 void Workbench::DrawMeshView() {
+    const StandingView stands;
     havuz::DrawMeshView(scr(), view);
     tellUndrawn();
 }
