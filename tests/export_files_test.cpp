@@ -323,7 +323,7 @@ struct FullDisk {
 
 } // namespace
 
-TEST(Exports, TheDialogDecidesAndNothingIsSaid) {
+TEST(Exports, TheDialogDecidesAndAFailureComesOut) {
     ResetAll();
     TemporaryFolder folder;
     ScriptedDialog dialog;
@@ -347,7 +347,7 @@ TEST(Exports, TheDialogDecidesAndNothingIsSaid) {
     EXPECT_EQ(whole, ToCodePage(StaadText()));
     {
         FullDisk full(100);
-        ExportSap(dialog); // no failure comes out
+        EXPECT_TRUE(FailureOf([&] { ExportSap(dialog); }).failed);
         EXPECT_TRUE(FailureOf([&] { WriteExport(dialog.answer, SapText); }).failed);
     }
     EXPECT_EQ(ReadBytes(dialog.answer), whole);

@@ -404,4 +404,25 @@ TEST(Drawings, PolygonsLeaveAPlainPen) {
     EXPECT_EQ(FailureOf([] { PutPoint(201, {0, 0}); }).kind, Subscript);
 }
 
+// A supported edge (12) and a free one (7), each merged with any of the fills that may lie under it, and the supported
+// one over the free one of its neighbour: they differ by half the range of a channel at least.
+TEST(Palette, ASupportedEdgeIsToldFromAFreeOneOnEveryFill) {
+    const auto apart = [](std::uint32_t a, std::uint32_t b) {
+        int sum = 0;
+        for (const int shift : {0, 8, 16})
+            sum += std::abs(static_cast<int>(a >> shift & 0xFF) - static_cast<int>(b >> shift & 0xFF));
+        return sum;
+    };
+    const int fills[] = {kQbBlue, kQbGrey, kQbLightBlue, kQbLightGreen};
+    const std::uint32_t released = QbColour(kQbWhite).rgb, held = QbColour(kQbLightRed).rgb;
+    int least = 999;
+    for (unsigned under = 0; under < 16; ++under) {
+        std::uint32_t fill = 0;
+        for (unsigned k = 0; k < 4; ++k)
+            fill |= (under >> k & 1U) != 0 ? QbColour(fills[k]).rgb : 0;
+        least = std::min({least, apart(fill | released, fill | held), apart(fill | released, fill | held | released)});
+    }
+    EXPECT_GE(least, 127);
+}
+
 } // namespace havuz

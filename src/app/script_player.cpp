@@ -5,6 +5,7 @@
 #include "app/script_queries.h"
 #include "model/failure.h"
 #include "model/store.h"
+#include "ui/window/act_words.h"
 #include "ui/window/transactions.h"
 #include "model/write_file.h"
 #include "view/projection.h"
@@ -338,31 +339,36 @@ struct VerbRow {
     bool asks; // only asks: goes on when the program has ended
 };
 
+// A verb for an act of a person: its words stand in the table of acts.
+constexpr VerbRow ActVerb(Act::Kind kind, void (*run)(Stage &, Words), bool asks) {
+    return {WordsOf(kind).word, WordsOf(kind).arguments, run, asks};
+}
+
 constexpr VerbRow kVerbs[] = {
-    {"click", "[FORM] NAME [INDEX]", Click, false},
-    {"hover", "[FORM] NAME [INDEX]", Hover, false},
-    {"field", "[FORM] NAME [INDEX] TEXT", TypeField, false},
-    {"select", "[FORM] NAME [INDEX] START LENGTH", SelectText, false},
-    {"focus", "[FORM] NAME [INDEX]", FocusElement, false},
+    ActVerb(Act::Click, Click, false),
+    ActVerb(Act::Hover, Hover, false),
+    ActVerb(Act::Type, TypeField, false),
+    ActVerb(Act::Select, SelectText, false),
+    ActVerb(Act::GoTo, FocusElement, false),
     {"check", "[FORM] NAME [INDEX] on|off", Check, false},
     {"option", "[FORM] NAME [INDEX]", Option, false},
     {"page", "FORM PAGE", Page, false},
     {"row", "FORM ROW", PickRow, false},
-    {"choose", "[FORM] NAME [INDEX] ITEM", Choose, false},
-    {"key", "[[FORM] NAME [INDEX]] KEY", PressKey, false},
-    {"scroll", "FORM VALUE", Scroll, false},
-    {"close", "FORM", Close, false},
-    {"restore", "FORM", RestoreForm, false},
-    {"press", "[FORM] left|right|middle PLACE", PressPointer, false},
-    {"move", "[FORM] [left|right|middle] PLACE", MovePointer, false},
-    {"release", "[FORM] left|right|middle PLACE", ReleasePointer, false},
-    {"wheel", "[FORM] STEPS PLACE", TurnWheel, false},
-    {"pan", "[FORM] DX DY", Pan, false},
-    {"surface", "W H", ResizeSurface, false},
-    {"leave", "", Leave, false},
-    {"timer", "[TIMES]", Timer, false},
-    {"answer", "PATH", AnswerDialog, false},
-    {"open", "FILE.POL", OpenProject, false},
+    ActVerb(Act::Choose, Choose, false),
+    ActVerb(Act::Press, PressKey, false),
+    ActVerb(Act::Scroll, Scroll, false),
+    ActVerb(Act::CloseForm, Close, false),
+    ActVerb(Act::Restore, RestoreForm, false),
+    ActVerb(Act::PointerPress, PressPointer, false),
+    ActVerb(Act::PointerMove, MovePointer, false),
+    ActVerb(Act::PointerRelease, ReleasePointer, false),
+    ActVerb(Act::Wheel, TurnWheel, false),
+    ActVerb(Act::Pan, Pan, false),
+    ActVerb(Act::Resize, ResizeSurface, false),
+    ActVerb(Act::Leave, Leave, false),
+    ActVerb(Act::Tick, Timer, false),
+    ActVerb(Act::Answer, AnswerDialog, false),
+    ActVerb(Act::Open, OpenProject, false),
     {"type", "POINT", TypePoint, false},
     {"undo", "", Undo, false},
     {"redo", "", Redo, false},

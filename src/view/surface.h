@@ -27,8 +27,8 @@ constexpr Colour Rgb(std::uint32_t red, std::uint32_t green, std::uint32_t blue)
 // white text to be read on them, also where light green is merged with light blue. An index outside 0..15 counts
 // modulo 16.
 constexpr Colour QbColour(int index) {
-    constexpr std::uint32_t rgb[16] = {0x000000, 0x0000AA, 0x00AA00, 0x00AAAA, 0xAA0000, 0xAA00AA, 0xAA5500, 0xAAAAAA,
-                                       0x555555, 0x4040FF, 0x40C040, 0x40FFFF, 0xFF4040, 0xFF40FF, 0xFFFF40, 0xFFFFFF};
+    constexpr std::uint32_t rgb[16] = {0x000000, 0x0000AA, 0x00AA00, 0x00AAAA, 0xAA0000, 0xAA00AA, 0xAA5500, 0x80C0C0,
+                                       0x404040, 0x0040FF, 0x00C040, 0x40FFFF, 0xFF2020, 0xFF40FF, 0xFFFF40, 0xFFFFFF};
     return {rgb[static_cast<unsigned>(index) % 16U]};
 }
 

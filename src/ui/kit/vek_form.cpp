@@ -4,6 +4,7 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QScreen>
 
 namespace havuz {
 
@@ -24,9 +25,21 @@ bool VekForm::event(QEvent *event) {
     return QWidget::event(event);
 }
 
+// A window that is no longer maximised leaves some of the screen free.
+void VekForm::takeUsualSize() {
+    const QRect free = screen()->availableGeometry();
+    if (width() * 10 < free.width() * 9 && height() * 10 < free.height() * 9)
+        return;
+    resize(free.size() * 4 / 5);
+    move(free.center() - rect().center());
+}
+
 void VekForm::changeEvent(QEvent *event) {
     if (event->type() == QEvent::WindowStateChange && !isMinimized() && restored)
         restored();
+    if (event->type() == QEvent::WindowStateChange && windowState() == Qt::WindowNoState &&
+        static_cast<QWindowStateChangeEvent *>(event)->oldState().testFlag(Qt::WindowMaximized))
+        takeUsualSize();
     QWidget::changeEvent(event);
 }
 

@@ -18,6 +18,9 @@ public:
     std::function<void()> restored;                   // no longer minimised
     std::function<void(const QString &path)> dropped; // a file; none: takes no drops
 
+private:
+    void takeUsualSize();
+
 protected:
     void closeEvent(QCloseEvent *event) override;
     bool event(QEvent *event) override;

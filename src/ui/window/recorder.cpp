@@ -1,6 +1,7 @@
 #include "ui/window/recorder.h"
 
 #include "model/options.h"
+#include "ui/window/act_words.h"
 #include "ui/window/command_state.h"
 #include "view/view_window.h"
 
@@ -105,46 +106,46 @@ std::string Recorder::itemWord(Element list, int item) const {
 }
 
 std::string Recorder::lineOf(const Act &act) const {
+    const std::string word = WordsOf(act.kind).word;
     switch (act.kind) {
     case Act::Click:
-        return "click" + elementWords(act.element);
+        return word + elementWords(act.element);
     case Act::Type:
-        return "field" + elementWords(act.element) + " " + Quoted(act.text);
+        return word + elementWords(act.element) + " " + Quoted(act.text);
     case Act::Select:
-        return "select" + elementWords(act.element) + " " + std::to_string(act.first) + " " +
-               std::to_string(act.second);
+        return word + elementWords(act.element) + " " + std::to_string(act.first) + " " + std::to_string(act.second);
     case Act::GoTo:
-        return "focus" + elementWords(act.element);
+        return word + elementWords(act.element);
     case Act::Press:
-        return "key" + elementWords(act.element) + " " + KeyWord(act.key);
+        return word + elementWords(act.element) + " " + KeyWord(act.key);
     case Act::Choose:
-        return "choose" + elementWords(act.element) + " " + itemWord(act.element, act.first);
+        return word + elementWords(act.element) + " " + itemWord(act.element, act.first);
     case Act::Scroll:
-        return "scroll " + std::string(act.element.form) + " " + std::to_string(act.first);
+        return word + " " + std::string(act.element.form) + " " + std::to_string(act.first);
     case Act::Hover:
-        return "hover" + elementWords(act.element);
+        return word + elementWords(act.element);
     case Act::PointerPress:
-        return "press" + surfaceWords(act.element) + Buttons(act.first) + At(act.x, act.y);
+        return word + surfaceWords(act.element) + Buttons(act.first) + At(act.x, act.y);
     case Act::PointerMove:
-        return "move" + surfaceWords(act.element) + (act.first == 0 ? "" : Buttons(act.first)) + At(act.x, act.y);
+        return word + surfaceWords(act.element) + (act.first == 0 ? "" : Buttons(act.first)) + At(act.x, act.y);
     case Act::PointerRelease:
-        return "release" + surfaceWords(act.element) + Buttons(act.first) + At(act.x, act.y);
+        return word + surfaceWords(act.element) + Buttons(act.first) + At(act.x, act.y);
     case Act::Wheel:
-        return "wheel" + surfaceWords(act.element) + " " + std::to_string(act.first) + At(act.x, act.y);
+        return word + surfaceWords(act.element) + " " + std::to_string(act.first) + At(act.x, act.y);
     case Act::Pan:
-        return "pan" + surfaceWords(act.element) + At(act.x, act.y);
+        return word + surfaceWords(act.element) + At(act.x, act.y);
     case Act::Resize:
-        return "surface " + std::to_string(act.first) + " " + std::to_string(act.second);
+        return word + " " + std::to_string(act.first) + " " + std::to_string(act.second);
     case Act::Open:
-        return "open " + PathWord(act.text);
+        return word + " " + PathWord(act.text);
     case Act::CloseForm:
-        return "close " + std::string(act.element.form);
+        return word + " " + std::string(act.element.form);
     case Act::Restore:
-        return "restore " + std::string(act.element.form);
+        return word + " " + std::string(act.element.form);
     case Act::Leave:
-        return "leave";
+        return word;
     case Act::Answer:
-        return "answer " + PathWord(act.text);
+        return word + " " + PathWord(act.text);
     case Act::Tick:
         break;
     }
