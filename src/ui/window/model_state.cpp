@@ -144,14 +144,15 @@ static bool Same(const ModelState &a, const ModelState &b, std::size_t first, st
                       b.words().begin() + static_cast<std::ptrdiff_t>(first));
 }
 
-static constexpr std::size_t kPlateTables = 2, kTables = 4;
+static constexpr std::size_t kPlateTables = 2, kMeshTables = 4, kTables = 5, kPlateCounts = 7; // of Regions()
 
 bool ModelState::samePlates(const ModelState &other) const {
-    return Same(*this, other, 0, WordsOfTables(kPlateTables));
+    return Same(*this, other, 0, WordsOfTables(kPlateTables)) &&
+           Same(*this, other, WordsOfTables(kTables), WordsOfTables(kPlateCounts));
 }
 
 bool ModelState::sameMesh(const ModelState &other) const {
-    return Same(*this, other, WordsOfTables(kPlateTables), WordsOfTables(kTables));
+    return Same(*this, other, WordsOfTables(kPlateTables), WordsOfTables(kMeshTables));
 }
 
 ModelDifference::ModelDifference(const ModelState &from, const ModelState &to)
