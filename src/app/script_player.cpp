@@ -5,9 +5,9 @@
 #include "app/script_queries.h"
 #include "model/failure.h"
 #include "model/store.h"
+#include "model/write_file.h"
 #include "ui/window/act_words.h"
 #include "ui/window/transactions.h"
-#include "model/write_file.h"
 #include "view/projection.h"
 
 #include <algorithm>

@@ -21,11 +21,13 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A title with a comma or a quote is written as it stands, and breaks the file.
+// A title that the file gives back otherwise, or that breaks it, is written as it stands.
 std::string TitleWarning() {
-    return ProjeIsmi.find_first_of(",\"") == std::string::npos
-               ? ""
-               : " - PROJE ISMINDEKI VIRGUL VEYA TIRNAK YUZUNDEN DOSYA BIR DAHA OKUNAMAZ";
+    const std::optional<std::string> asRead = TitleAsRead();
+    if (asRead == ProjeIsmi)
+        return "";
+    return asRead ? " - PROJE ISMI BOYLE OKUNACAK: " + *asRead
+                  : " - PROJE ISMINDEKI VIRGUL YA DA TIRNAK YUZUNDEN DOSYA GERI OKUNAMAZ";
 }
 
 class SaveNameDialog : public Form {
