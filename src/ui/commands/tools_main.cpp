@@ -5,11 +5,13 @@
 #include "fea/analysis.h"
 #include "mesh/mesh_report.h"
 #include "mesh/oto_mesh.h"
+#include "mesh/sound_mesh.h"
 #include "model/analysed_project.h"
 #include "model/files.h"
 #include "model/options.h"
 #include "ui/commands/tools.h"
 #include "ui/forms/dialogs.h"
+#include "ui/window/sound_switch.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -20,19 +22,30 @@ static std::string OutputProgram() { return ProgramDizini + "/RAPORCU.EXE"; }
 
 // Jobs
 
-// Nodes, meshes, and how many places the report of the mesh names; a click on the prompt lists them.
-static void TellMesh(Workbench &bench) {
+// Which mesher worked, nodes, meshes, what found no place in the new mesh, and how many places the report of the mesh
+// names; a click on the prompt lists them.
+static void TellMesh(Workbench &bench, const char *mesher, const SoundLosses &losses) {
     const std::vector<std::string> report = MeshReport();
     bench.window.SetItems(kMeshWarnings, report);
-    bench.Prompt("MESH TAMAM: " + std::to_string(NoktaCount) + " NOKTA, " + std::to_string(MeshCount) + " MESH, " +
+    bench.Prompt(std::string("MESH TAMAM (") + mesher + "): " + std::to_string(NoktaCount) + " NOKTA, " +
+                 std::to_string(MeshCount) + " MESH, " +
+                 (losses.empty() ? "" : "TASINAMAYAN " + std::to_string(losses.size()) + ", ") +
                  (report.empty() ? "UYARI YOK" : std::to_string(report.size()) + " UYARI (LISTE ICIN TIKLAYIN)") +
                  (GorunusModu == 1 && MeshCount > 0 ? " - GORMEK ICIN plak/mesh" : ""));
 }
 
 void AutoMeshTool(Workbench &bench) {
     bench.window.SetItems(kDyukList, {});
+    // The mesher that the switch in the top bar asks for. What is lost goes to standard error, a line each.
+    if (bench.window.Checked(kSoundSwitch)) {
+        const SoundLosses losses = SoundMesh(bench.meshing, {});
+        for (const std::string &loss : losses)
+            bench.window.ReportError("havuz: not carried over: " + loss);
+        TellMesh(bench, "TUTARLI", losses);
+        return;
+    }
     AutoMesh(bench.meshing);
-    TellMesh(bench);
+    TellMesh(bench, "ALISILMIS", {});
 }
 
 // No other command can start while it runs, though it lets pending events through.
