@@ -67,6 +67,7 @@ public:
     void OpenHelp(const std::string &path) override;
     void RememberProject(const std::string &path) override;
     void OfferProjects(const std::vector<OfferedProject> &projects) override { offered_ = projects; }
+    void SetChecked(Element element, bool checked) override; // remembers the switch of the top bar
     void ServeEvents() override;
     void ReportError(const std::string &line) override;
     [[noreturn]] void EndProgram(int status) override;
