@@ -73,7 +73,7 @@ TEST(Prompts, TellWhatAMeshAnExportAndAnEditLeft) {
     PanelTable[1].D = 30;
     HavuzTip = 1;
     desk.click(kAutoMeshTool);
-    EXPECT_EQ(desk.prompt().rfind("MESH TAMAM: 15 NOKTA, 8 MESH, ", 0), 0U) << desk.prompt();
+    EXPECT_EQ(desk.prompt().rfind("MESH TAMAM (ALISILMIS): 15 NOKTA, 8 MESH, ", 0), 0U) << desk.prompt();
     desk.window.SetItems(kMeshWarnings, {"a warning"});
     desk.click(kAltnot);
     EXPECT_TRUE(desk.window.FormShown("MESHRAP"));
