@@ -6,6 +6,8 @@
 #include "ui/forms/dialogs.h"
 #include "ui/forms/paged_table.h"
 
+#include <algorithm>
+
 namespace havuz {
 
 namespace {
