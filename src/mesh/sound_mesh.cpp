@@ -7,6 +7,7 @@
 #include "model/number_text.h"
 
 #include <cmath>
+#include <utility>
 
 namespace havuz {
 
@@ -271,6 +272,10 @@ void GiveWallsWeight() {
 }
 
 } // namespace
+
+SoundMeshFailure::SoundMeshFailure(std::string english, std::string turkish)
+    : RuntimeFailure({.thing = Thing::NoktaTable, .number = kNoktaCapacity + 1, .bound = kNoktaCapacity}),
+      english_(std::move(english)), turkish_(std::move(turkish)) {}
 
 SoundLosses SoundMesh(MeshWindow &window, const SoundOptions &options) {
     const Built built = BuildOrFail(WishOf(options));

@@ -4,10 +4,9 @@
 #pragma once
 
 #include "mesh/mesh_window.h"
+#include "model/failure.h"
 
-#include <stdexcept>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace havuz {
@@ -21,15 +20,16 @@ struct SoundOptions {
 // What did not find a place in the new mesh, a sentence each: supports, point loads, meshes that had been switched off.
 using SoundLosses = std::vector<std::string>;
 
-// The mesh that was asked for cannot be made; said in both languages. Nothing was changed.
-class SoundMeshFailure : public std::runtime_error {
+// The mesh that was asked for cannot be made; said in both languages. Nothing was changed. As a failure of the tables
+// it is the node that they cannot hold.
+class SoundMeshFailure : public RuntimeFailure {
 public:
-    SoundMeshFailure(const std::string &english, std::string turkish)
-        : std::runtime_error(english), turkish_(std::move(turkish)) {}
+    SoundMeshFailure(std::string english, std::string turkish);
+    const char *what() const noexcept override { return english_.c_str(); }
     const std::string &turkish() const { return turkish_; } // for the prompt line, without small letters
 
 private:
-    std::string turkish_;
+    std::string english_, turkish_;
 };
 
 // Replaces NoktaTable, MeshTable and NokYukTable by a sound mesh of the model, numbered for a short profile; sets Nx,
