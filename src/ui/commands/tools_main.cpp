@@ -3,11 +3,13 @@
 #include "export/staad.h"
 #include "fea/analysis.h"
 #include "mesh/oto_mesh.h"
+#include "mesh/sound_mesh.h"
 #include "model/analysed_project.h"
 #include "model/files.h"
 #include "model/options.h"
 #include "ui/commands/tools.h"
 #include "ui/forms/dialogs.h"
+#include "ui/window/sound_switch.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -18,9 +20,38 @@ static std::string OutputProgram() { return ProgramDizini + "/RAPORCU.EXE"; }
 
 // Jobs
 
+// What found no place in the new mesh goes to standard error, a line each.
+static void TellSoundMesh(Workbench &bench, const SoundLosses &losses) {
+    for (const std::string &loss : losses)
+        bench.window.ReportError("havuz: not carried over: " + loss);
+    bench.Prompt("MESH TAMAM (TUTARLI): " + std::to_string(NoktaCount) + " NOKTA, " + std::to_string(MeshCount) +
+                 " MESH" + (losses.empty() ? "" : ", TASINAMAYAN " + std::to_string(losses.size())));
+}
+
+// The mesher that the switch in the top bar asks for; the prompt line says which it was.
+static void MeshAsAsked(Workbench &bench) {
+    if (bench.window.Checked(kSoundSwitch)) {
+        TellSoundMesh(bench, SoundMesh(bench.meshing, {}));
+        return;
+    }
+    AutoMesh(bench.meshing);
+    bench.Prompt("MESH TAMAM (ALISILMIS): " + std::to_string(NoktaCount) + " NOKTA, " + std::to_string(MeshCount) +
+                 " MESH");
+}
+
 void AutoMeshTool(Workbench &bench) {
     bench.window.SetItems(kDyukList, {});
-    bench.RunEdit("AUTO MESH", [&bench] { AutoMesh(bench.meshing); });
+    std::string refusal;
+    const auto mesh = [&] {
+        try {
+            MeshAsAsked(bench);
+        } catch (const SoundMeshFailure &failure) {
+            refusal = failure.turkish();
+            throw;
+        }
+    };
+    if (!bench.RunEdit("AUTO MESH", mesh) && !refusal.empty())
+        bench.Prompt("AUTO MESH YAPILAMADI, " + refusal);
 }
 
 // No other command can start while it runs, though it lets pending events through.

@@ -7,6 +7,7 @@
 #include "ui/forms/dialogs.h"
 #include "ui/window/command_state.h"
 #include "ui/window/main_window.h"
+#include "ui/window/sound_switch.h"
 #include "view/overview.h"
 #include "view/plate_drawing.h"
 #include "view/projection.h"
@@ -246,6 +247,10 @@ FormFields MainFields() {
                    {.kind = FieldKind::Label, .name = "ProgLab", .shown = false, .look = FieldLook::Floating},
                    {.kind = FieldKind::Picture, .name = "VekProgBar", .shown = false}};
     AddMany(form, {.kind = FieldKind::Button, .name = "TopBar", .look = FieldLook::Corner}, 2);
+    form.fields.push_back({.kind = FieldKind::CheckBox,
+                           .name = std::string(kSoundSwitch.name),
+                           .label = "Tutarlı",
+                           .look = FieldLook::Corner});
     AddTools(form);
     AddFrames(form);
     AddMany(form, {.kind = FieldKind::Line, .name = "pol", .shown = false}, kPolLast);

@@ -2,6 +2,7 @@
 
 #include "model/options.h"
 #include "ui/window/command_state.h"
+#include "ui/window/sound_switch.h"
 #include "view/view_window.h"
 
 #include <algorithm>
@@ -78,6 +79,8 @@ Recorder::Recorder(WindowState &window, std::ostream &out, const std::string &pr
     write(project.empty() ? "# no project" : "# project " + project);
     const Surface &scr = window.Canvas(kScr);
     write("surface " + std::to_string(scr.width()) + " " + std::to_string(scr.height()));
+    if (window.Checked(kSoundSwitch)) // a replay begins with the switch off
+        write("check " + elementWords(kSoundSwitch) + " on");
     window.SetLog(this);
 }
 
