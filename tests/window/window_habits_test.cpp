@@ -1,6 +1,7 @@
 // What a person of today expects of a window, by hand: wheel and middle button, the standard keys, recent projects,
 // help, the row menu of a table, the ways to end.
 #include "ui/qt/settings.h"
+#include "ui/window/sound_switch.h"
 #include "view/projection.h"
 #include "view/view_state.h"
 #include "window_desk.h"
@@ -95,6 +96,18 @@ TEST(habits, ARecentProjectOpensFromItsMenu) {
     desk.openRecent(0);
     ASSERT_TRUE(desk.waitFor([] { return MeshCount == 174; }));
     desk.shot("recent");
+}
+
+TEST(habits, TheSwitchForSoundMeshesIsRememberedAndObeyed) {
+    WindowDesk desk(kSample);
+    EXPECT_FALSE(desk.window.Checked(kSoundSwitch));
+    ASSERT_TRUE(desk.click(kSoundSwitch));
+    EXPECT_TRUE(RememberedSound());
+    ASSERT_TRUE(desk.click(kAutoMeshTool));
+    EXPECT_EQ(desk.window.state(kAltnot).text.rfind("MESH TAMAM (TUTARLI)", 0), 0U);
+    desk.shot("sound");
+    ASSERT_TRUE(desk.click(kSoundSwitch));
+    EXPECT_FALSE(RememberedSound());
 }
 
 TEST(habits, TheDrawingFollowsTheSizeOfTheWindow) {

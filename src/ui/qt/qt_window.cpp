@@ -5,6 +5,7 @@
 #include "ui/kit/vek_form.h"
 #include "ui/qt/settings.h"
 #include "ui/qt/text.h"
+#include "ui/window/sound_switch.h"
 
 #include <QApplication>
 #include <QGuiApplication>
@@ -101,6 +102,8 @@ void QtWindow::MakeForm(const FormFields &form) {
     }
     for (const PlacedField &placed : fields)
         show(placed.element);
+    if (form.kind == FormKind::Main && RememberedSound())
+        SetChecked(own(kSoundSwitch), true);
 }
 
 SurfaceView *QtWindow::makeView(Element picture, QWidget *form) {

@@ -63,6 +63,7 @@ public:
     void StartProgram(const std::string &program, const std::string &argument) override;
     void OpenHelp(const std::string &path) override;
     void RememberProject(const std::string &path) override;
+    void SetChecked(Element element, bool checked) override; // remembers the switch of the top bar
     void ServeEvents() override;
     void ReportError(const std::string &line) override;
     [[noreturn]] void EndProgram(int status) override;

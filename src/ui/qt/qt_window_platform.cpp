@@ -7,6 +7,7 @@
 #include "ui/qt/settings.h"
 #include "ui/qt/text.h"
 #include "ui/window/help_page.h"
+#include "ui/window/sound_switch.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -112,6 +113,12 @@ void QtWindow::OpenHelp(const std::string &path) {
     const std::string page = HelpPage(path);
     if (!page.empty())
         QDesktopServices::openUrl(QUrl::fromLocalFile(ToQt(page)));
+}
+
+void QtWindow::SetChecked(Element element, bool checked) {
+    WindowState::SetChecked(element, checked);
+    if (element == kSoundSwitch)
+        RememberSound(checked);
 }
 
 void QtWindow::RememberProject(const std::string &path) { RememberRecentProject(ToQt(path)); }

@@ -6,7 +6,8 @@
 
 namespace havuz {
 
-static const QString kPlace = QStringLiteral("pencere"), kRecent = QStringLiteral("projeler");
+static const QString kPlace = QStringLiteral("pencere"), kRecent = QStringLiteral("projeler"),
+                     kSound = QStringLiteral("tutarli");
 
 static QSettings Kept() {
     return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("havuz"), QStringLiteral("havuz"));
@@ -15,6 +16,10 @@ static QSettings Kept() {
 QByteArray RememberedPlace() { return Kept().value(kPlace).toByteArray(); }
 
 void RememberPlace(const QByteArray &place) { Kept().setValue(kPlace, place); }
+
+bool RememberedSound() { return Kept().value(kSound, false).toBool(); }
+
+void RememberSound(bool on) { Kept().setValue(kSound, on); }
 
 QStringList RecentProjects() {
     QStringList projects = Kept().value(kRecent).toStringList();

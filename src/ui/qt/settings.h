@@ -1,4 +1,4 @@
-// What the desktop remembers of the window between two runs: its place, and the projects opened last.
+// What the desktop remembers of the window between two runs: its place, its switch, and the projects opened last.
 #pragma once
 
 #include <QByteArray>
@@ -8,6 +8,9 @@ namespace havuz {
 
 QByteArray RememberedPlace(); // empty: none
 void RememberPlace(const QByteArray &place);
+
+bool RememberedSound(); // the switch "Tutarlı"
+void RememberSound(bool on);
 
 constexpr int kRecentProjects = 10;
 QStringList RecentProjects(); // the last first; only those that still exist
