@@ -227,6 +227,8 @@ std::string OutlineKindInWords(int kind) {
 void PutRandomModel(int kind, std::uint64_t seed) {
     ResetStore();
     ResetPlakMesh();
+    SiviYogunluk = 1.0;
+    ZeminYogunluk = 1.8;
     Dice dice(seed * kOutlineKinds + static_cast<std::uint64_t>(kind) + 1);
     for (int k = 0; k < 5; ++k)
         dice.between(0.0, 1.0);
