@@ -81,7 +81,7 @@ Recorder::Recorder(WindowState &window, std::ostream &out, const std::string &pr
     const Surface &scr = window.Canvas(kScr);
     write("surface " + std::to_string(scr.width()) + " " + std::to_string(scr.height()));
     if (window.Checked(kSoundSwitch)) // a replay begins with the switch off
-        write("check " + elementWords(kSoundSwitch) + " on");
+        write("check" + elementWords(kSoundSwitch) + " on");
     window.SetLog(this);
 }
 
