@@ -40,7 +40,8 @@ TEST(SoundSwitch, AutoMeshObeysItAndSaysWhichMesherWorked) {
     ASSERT_TRUE(desk.click(kSoundSwitch));
     desk.window.SetChecked(kAutoMeshTool, false);
     desk.click(kAutoMeshTool);
-    EXPECT_EQ(desk.prompt(), "MESH TAMAM (TUTARLI): 112 NOKTA, 99 MESH, TASINAMAYAN 1, UYARI YOK - GORMEK ICIN plak/mesh");
+    EXPECT_EQ(desk.prompt(),
+              "MESH TAMAM (TUTARLI): 112 NOKTA, 99 MESH, TASINAMAYAN 1, UYARI YOK - GORMEK ICIN plak/mesh");
     EXPECT_TRUE(MeshReport().empty());
     ASSERT_EQ(desk.window.errors.size(), 1U);
     EXPECT_NE(desk.window.errors[0].find("point load of node 1"), std::string::npos);

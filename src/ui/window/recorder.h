@@ -23,7 +23,8 @@ namespace havuz {
 class Recorder : public ActLog {
 public:
     // Becomes the log of the window, whose forms are all made, until it goes. The first line tells the project that the
-    // program was started with, the second the size of the drawing surface, a third the switch of the top bar when on. out: a failure of it is its owner's to see.
+    // program was started with, the second the size of the drawing surface, a third the switch of the top bar when on.
+    // out: a failure of it is its owner's to see.
     Recorder(WindowState &window, std::ostream &out, const std::string &project);
     ~Recorder() override;
     Recorder(const Recorder &) = delete;
