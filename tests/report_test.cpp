@@ -189,6 +189,13 @@ TEST(Report, FromAProjectToFiles) {
     ASSERT_EQ(CliStatus(folder, "results P.POL -o P.vtu"), 0);
     EXPECT_TRUE(Contains(bytes("P.vtu"), "Name=\"U_L\" NumberOfComponents=\"3\""));
     EXPECT_EQ(CliStatus(folder, "results P.POL --csv T --combination none"), 1);
+    ASSERT_EQ(CliStatus(folder, "results P.POL --csv J"), 0);
+    ASSERT_EQ(CliStatus(folder, "check P.POL --csv K"), 0) << bytes("error");
+    for (const std::string table : {"nodes", "corners", "walls", "proof", "combinations", "steel", "checks"}) {
+        EXPECT_FALSE(bytes(("K/" + table + ".csv").c_str()).empty()) << table;
+        EXPECT_EQ(bytes(("K/" + table + ".csv").c_str()), bytes(("J/" + table + ".csv").c_str())) << table;
+    }
+    EXPECT_EQ(CliStatus(folder, "check P.POL --combination full-u"), 0) << bytes("error");
     ASSERT_EQ(CliStatus(folder, "run P.POL --quiet"), 0);
     ASSERT_EQ(CliStatus(folder, "report P.POL -o R.pdf --date 2026-01-31"), 0) << bytes("error");
     const std::string pdf = bytes("R.pdf");

@@ -1,5 +1,6 @@
 #include "design/tables.h"
 
+#include "consistent/tables.h"
 #include "design/failure.h"
 #include "design/number_words.h"
 
@@ -14,64 +15,27 @@ namespace {
 
 const char *Verdict(bool met) { return met ? "ok" : "not met"; }
 
-std::string NodesTable(const consistent::Tank &tank, const std::vector<const CaseResult *> &shown, TableStyle style) {
-    CsvText csv("node,x,y,z,case,ux,uy,uz,rx,ry,rz,soil,reaction", style);
-    for (const CaseResult *r : shown)
-        for (std::size_t n = 1; n < tank.nodes.size(); ++n) {
-            if (!tank.nodes[n].used)
-                continue;
-            const Vector3 &at = tank.nodes[n].at;
-            csv.put(static_cast<int>(n)).put(at.x).put(at.y).put(at.z).put(r->key);
-            for (const double u : r->nodes[n].u)
-                csv.put(u);
-            csv.put(r->nodes[n].soil).put(r->nodes[n].reaction).endRow();
-        }
+// A table of the analysis in the style asked for.
+std::string Styled(const consistent::ResultTable &table, TableStyle style) {
+    std::string head;
+    for (const std::string &column : table.columns)
+        head += (head.empty() ? "" : ",") + column;
+    CsvText csv(head, style);
+    for (const std::vector<consistent::TableCell> &row : table.rows) {
+        for (const consistent::TableCell &cell : row)
+            cell.isWord ? csv.put(cell.word) : csv.put(cell.number);
+        csv.endRow();
+    }
     return csv.text();
 }
 
-std::string CornersTable(const consistent::Tank &tank, const std::vector<const CaseResult *> &shown, TableStyle style) {
-    CsvText csv("mesh,corner,node,panel,kind,case,N11,N22,N12,M11,M22,M12,Q1,Q2", style);
-    for (const CaseResult *r : shown)
-        for (std::size_t i = 0; i < tank.meshes.size(); ++i)
-            for (int corner = 0; corner <= 4; ++corner) {
-                const consistent::TankMesh &m = tank.meshes[i];
-                const consistent::ShellResult &s = r->meshes[i][static_cast<std::size_t>(corner)];
-                csv.put(m.mesh).put(corner).put(corner == 0 ? 0 : m.node[static_cast<std::size_t>(corner - 1)]);
-                csv.put(m.panel).put(tank.panelOf(m).kind).put(r->key);
-                for (const double v : {s.N11, s.N22, s.N12, s.M11, s.M22, s.M12, s.Q1, s.Q2})
-                    csv.put(v);
-                csv.endRow();
-            }
-    return csv.text();
-}
-
-std::string WallsTable(const std::vector<const CaseResult *> &shown, TableStyle style) {
-    CsvText csv("panel,case,length,height,F,M", style);
-    for (const CaseResult *r : shown)
-        for (const consistent::WallForce &w : r->walls)
-            csv.put(w.panel).put(r->key).put(w.length).put(w.height).put(w.force).put(w.moment).endRow();
-    return csv.text();
-}
-
-void PutProof(CsvText &csv, const CaseResult &r) {
-    for (std::size_t k = 0; k < consistent::kComponents.size(); ++k)
-        csv.put(r.key)
-            .put(consistent::kComponents[k])
-            .put(r.proof.load[k])
-            .put(r.proof.spring[k])
-            .put(r.proof.reaction[k])
-            .put(r.proof.sum[k])
-            .put(r.proof.residual)
-            .endRow();
-}
-
-std::string ProofTable(const Design &design, TableStyle style) {
-    CsvText csv("case,component,load,spring,reaction,sum,residual", style);
+// Load cases, then all combinations.
+std::vector<CaseResult> Proved(const Design &design) {
+    std::vector<CaseResult> proved;
     for (const CaseResult *r : ShownResults(design, ""))
-        PutProof(csv, *r);
-    for (const CaseResult &r : design.combinations)
-        PutProof(csv, r);
-    return csv.text();
+        proved.push_back(*r);
+    proved.insert(proved.end(), design.combinations.begin(), design.combinations.end());
+    return proved;
 }
 
 std::string CombinationsTable(const Design &design, TableStyle style) {
@@ -164,12 +128,15 @@ void CsvText::endRow() {
 
 std::vector<NamedTable> ResultTables(const Analysis &analysis, const Design &design, TableStyle style,
                                      const std::string &combination) {
-    const std::vector<const CaseResult *> shown = ShownResults(design, combination);
+    std::vector<CaseResult> shown;
+    for (const CaseResult *r : ShownResults(design, combination))
+        shown.push_back(*r);
+    const consistent::Tank &tank = analysis.tank();
     std::vector<NamedTable> tables = {
-        {"nodes.csv", NodesTable(analysis.tank(), shown, style)},
-        {"corners.csv", CornersTable(analysis.tank(), shown, style)},
-        {"walls.csv", WallsTable(shown, style)},
-        {"proof.csv", ProofTable(design, style)},
+        {"nodes.csv", Styled(consistent::NodesTable(tank, shown), style)},
+        {"corners.csv", Styled(consistent::CornersTable(tank, shown), style)},
+        {"walls.csv", Styled(consistent::WallsTable(shown), style)},
+        {"proof.csv", Styled(consistent::ProofTable(Proved(design)), style)},
     };
     for (NamedTable &table : DesignTables(design, style))
         tables.push_back(std::move(table));
