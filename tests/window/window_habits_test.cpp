@@ -110,6 +110,12 @@ TEST(habits, TheSwitchForSoundMeshesIsRememberedAndObeyed) {
     EXPECT_FALSE(RememberedSound());
 }
 
+TEST(habits, ANoteStandsWhereItIsPut) {
+    WindowDesk desk;
+    desk.main.ShowLabel("12 NOKTASI", 120.0, 45.0);
+    EXPECT_TRUE(desk.waitFor([&] { return desk.window.widget(kLabel1)->pos() == QPoint(120, 45); }));
+}
+
 TEST(habits, TheDrawingFollowsTheSizeOfTheWindow) {
     WindowDesk desk(kSample);
     const double scale = MeshScale;
