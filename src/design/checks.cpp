@@ -112,7 +112,7 @@ Check SteelCheck(const Basis &basis, const SteelRow &row, const std::string &kin
             spacing,
             s.spacingGreatest,
             "cm",
-            spacing >= s.spacingLeast && spacing <= s.spacingGreatest && l.serves,
+            spacing >= s.spacingLeast && spacing <= s.spacingGreatest,
             0};
 }
 
