@@ -1,12 +1,6 @@
-// Final node numbers for a short profile: an own method of one sweep.
-//
-// Every master node is a row with the list of its neighbours, rows in raw order. The width of row r is the distance
-// from r to its farthest neighbour behind it, at least the width of the row before less 1: the rows of the skyline,
-// whose sum is the profile that the elimination has to fill. The sweep goes down the rows. At row r it draws each
-// neighbour, nearest first, up to the first place behind the front (the farthest row that the rows before r reach), so
-// that neighbours follow each other as the front moves through the structure. A move rotates the rows between the two
-// places and renames them in every list. Widths are measured again after each row.
-// Then rows become numbers, corners take the number of their master, and the raw nodes of one master become one node.
+// Final node numbers: every master node is a row with the list of its neighbours, rows in raw order; the order of the
+// skyline becomes the numbers, corners take the number of their master, and the raw nodes of one master become one
+// node.
 #include "mesh/numbering.h"
 
 #include "mesh/skyline.h"

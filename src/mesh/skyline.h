@@ -1,5 +1,9 @@
-// The order of rows that shortens the skyline of the system matrix: a greedy moving of rows, each drawn in behind the
-// front of the rows before it.
+// The order of rows that shortens the skyline of the system matrix: an own method of one sweep.
+//
+// The width of row r is the distance from r to its farthest neighbour behind it, at least the width of the row before
+// less 1: the rows of the skyline, whose sum is the profile that the elimination has to fill. The sweep goes down the
+// rows. At row r it draws each neighbour, nearest first, up to the first place behind the front (the farthest row that
+// the rows before r reach), so that neighbours follow each other as the front moves through the structure.
 #pragma once
 
 #include <array>
