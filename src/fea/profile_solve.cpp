@@ -9,7 +9,9 @@
 #include <cfloat>
 #include <chrono>
 #include <cmath>
+#include <cstdlib>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace havuz {
@@ -85,8 +87,14 @@ void BackSubstitute(const SolveKernels &kernels, AnalysisWindow &window) {
     }
 }
 
-// A team pays from some thousands of cells to a thread on.
-int ThreadsThatPay() { return std::clamp(ProfileSize / 50000, 1, AllowedThreads()); }
+// A team pays from some thousands of cells to a thread on, and not on a machine that is busy: its threads wait for each
+// other at every panel, and one that is kept waiting for a core holds up all.
+int ThreadsThatPay() {
+    const int threads = std::clamp(ProfileSize / 50000, 1, AllowedThreads());
+    double load = 0.0;
+    const bool busy = getloadavg(&load, 1) == 1 && load > 2.0 * std::thread::hardware_concurrency();
+    return busy ? 1 : threads;
+}
 
 } // namespace
 
