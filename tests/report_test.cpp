@@ -113,6 +113,9 @@ TEST(Report, SaysLoadsByHandAndEveryChapter) {
     for (const char *part : {"<td>4,50 t/m</td>", "<td>4,50 t·m/m</td>", "<td>-3,24 t/m</td>", "<td>135,00 t</td>",
                              "γ h²/2 = 4,50 t/m", "·A = 135,00 t"})
         EXPECT_TRUE(Contains(loads, part)) << part;
+    // 1 m meshes are too coarse for this pool: said first, and by panel
+    EXPECT_TRUE(Contains(Chapter(r.html, "Sonuç"), "Ağ seyrek: hata tahmini %"));
+    EXPECT_TRUE(Contains(Chapter(r.html, "Denge"), "<td>tüm havuz</td><td>1,00 m</td><td>%"));
     EXPECT_TRUE(Contains(r.html, "Depo &lt;A&gt; &amp; B"));
     EXPECT_TRUE(Contains(r.html, ".SON yok"));
     EXPECT_TRUE(Contains(r.html, "<html lang=\"tr\">"));

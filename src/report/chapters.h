@@ -1,6 +1,7 @@
 // The chapters of the report in their order: report.cpp calls them, each writes to the same document.
 #pragma once
 
+#include "design/mesh_hint.h"
 #include "report/html.h"
 #include "report/report.h"
 
@@ -10,6 +11,7 @@ struct Source {
     const ReportInput &input;
     const consistent::Analysis &analysis;
     const design::Design &design;
+    const design::MeshHint hint = HintOfMesh(analysis, design);
 
     const consistent::Tank &tank() const { return analysis.tank(); }
     std::string combination(int place) const; // Turkish name; "-" below 0

@@ -186,6 +186,23 @@ void PanelTable(Html &html, const Source &s) {
     html.table({"Panel", "Kalınlık", "Boy", "En / yükseklik", "G", "P"}, rows);
 }
 
+// The error estimate by panel.
+void MeshError(Html &html, const Source &s) {
+    if (s.hint.combination.empty())
+        return;
+    html.heading(3, "Ağ sıklığı");
+    html.paragraph(
+        "Zienkiewicz ve Zhu (1987) hata tahmini, " + design::TurkishName(s.hint.combination) +
+        ": elemanların moment ve kuvvetleri ile düğümlerdeki ortalamaları arasındaki fark, enerji normunda.");
+    const auto cells = [](const std::string &place, const consistent::ErrorShare &share) {
+        return std::vector<std::string>{place, WithUnit(share.width(), 2, "m"), design::ErrorText(share)};
+    };
+    Rows rows = {cells("tüm havuz", s.hint.estimate.whole)};
+    for (const auto &[number, share] : s.hint.estimate.panels)
+        rows.push_back(cells(PanelName(s.tank(), number), share));
+    html.table({"Yer", "Ortalama ağ genişliği", "Hata tahmini"}, rows);
+}
+
 std::string Tons(double value) { return WithUnit(value, 3, "t"); }
 
 } // namespace
@@ -200,6 +217,8 @@ void VerdictChapter(Html &html, const Source &s) {
         html.paragraph(std::to_string(bad.size()) + " kontrol sağlanmıyor.", "bad");
         html.table(head, bad);
     }
+    if (s.hint.coarse())
+        html.paragraph("Ağ seyrek: hata tahmini " + design::ErrorText(s.hint.estimate.whole) + ".", "notice");
     html.table(std::vector(head.begin(), head.end() - 1), [&] {
         Rows rows = good;
         for (auto &row : rows)
@@ -252,6 +271,7 @@ void ProofChapter(Html &html, const Source &s) {
                         Tons(p.sum[2]), SmallNumber(p.residual)});
     }
     html.table({"Kombinasyon", "Yük Z", "Yay Z", "Tepki Z", "Toplam Z", "Artık"}, rows);
+    MeshError(html, s);
 }
 
 void SoilChapter(Html &html, const Source &s) {
