@@ -42,7 +42,7 @@ Reported ReportOf(const cons::Parameters &parameters, const design::Settings &se
     input.name = "DEPO";
     input.version = "0.1.0";
     input.date = "31.01.2026";
-    input.notices = {kNoStresses};
+    input.notices = {".SON yok"};
     input.facts = ProjectFacts(basis);
     r.html = ReportHtml(input, analysis, r.design);
     return r;
@@ -209,7 +209,7 @@ TEST(Report, FromAProjectToFiles) {
     ASSERT_EQ(CliStatus(folder, "report P.POL -o R.html --date 2026-01-31"), 0);
     const std::string html = bytes("R.html");
     EXPECT_FALSE(Contains(html, kModelChanged));
-    EXPECT_FALSE(Contains(html, kNoStresses));
+    EXPECT_FALSE(Contains(html, ".SON yok"));
     ASSERT_EQ(CliStatus(folder, "set P.POL SiviKotu=1"), 0);
     ASSERT_EQ(CliStatus(folder, "report P.POL -o R.html --date 2026-01-31"), 0);
     EXPECT_TRUE(Contains(bytes("error"), kModelChanged));

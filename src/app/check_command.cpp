@@ -104,11 +104,7 @@ void Check(const CheckOptions &o) {
     if (!settings.english.empty())
         std::cerr << settings.english << "\n";
     const design::Basis basis = design::MakeBasis(settings.settings);
-    consistent::Options options;
-    options.threads = AllowedThreads();
-    options.loads.saturatedDensity = basis.settings.saturatedDensity;
-    options.loads.surcharge = basis.settings.surcharge;
-    const Analysis analysis(consistent::ReadTank(), options);
+    const Analysis analysis(consistent::ReadTank(), design::AnalysisOptions(basis));
     CheckReport report;
     report.file = o.file;
     report.analysis = &analysis;

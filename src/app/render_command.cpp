@@ -91,7 +91,7 @@ void RenderResult(const RenderOptions &o) {
     if (field == nullptr)
         throw UsageError("--result: \"" + o.result + "\" is none of N11 N22 N12 M11 M22 M12 Q1 Q2");
     OpenProject(o.file);
-    const DesignedProject project = DesignModel(ProjectStem(o.file));
+    const TankAnswer project = DesignModel(ProjectStem(o.file));
     const consistent::Tank &tank = project.analysis->tank();
     if (tank.panels.find(o.panel) == tank.panels.end())
         throw UsageError("--panel: there are no meshes of panel " + std::to_string(o.panel));

@@ -21,7 +21,7 @@ void WriteResults(const Options &o) {
     if (o.csv.empty() && o.out.empty())
         throw UsageError("results: --csv DIR or -o OUT.vtu says what to write");
     OpenProject(o.file);
-    const DesignedProject project = DesignModel(ProjectStem(o.file));
+    const TankAnswer project = DesignModel(ProjectStem(o.file));
     if (!o.csv.empty())
         WriteTables(o.csv, design::ResultTables(*project.analysis, project.design,
                                                 o.style == "tr" ? design::TableStyle::Turkish

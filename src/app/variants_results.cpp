@@ -157,7 +157,7 @@ std::set<std::string> VariantKeys(const std::string &project) {
 }
 
 std::map<std::string, std::string> VariantResults(const VariantQuestion &question) {
-    const DesignedProject project = DesignModel(SettingsStem(question.project));
+    const TankAnswer project = DesignModel(SettingsStem(question.project));
     const design::Design &design = project.design;
     const Amounts amounts = AmountsOf(project.analysis->tank());
     const double steel = design::SteelWeight(project.analysis->tank(), design.steel);

@@ -183,6 +183,14 @@ Basis MakeBasis(const Settings &settings) {
     return basis;
 }
 
+consistent::Options AnalysisOptions(const Basis &basis) {
+    consistent::Options options;
+    options.loads.saturatedDensity = basis.settings.saturatedDensity;
+    options.loads.surcharge = basis.settings.surcharge;
+    options.threads = consistent::AllowedThreads();
+    return options;
+}
+
 Design DesignTank(const Analysis &analysis, const Basis &basis) {
     Design design;
     design.basis = basis;

@@ -59,6 +59,9 @@ constexpr double kResidualLimit = 1e-8; // |f - K u| / |f|
 // settings whose combinations leave the method without any, are a DesignFailure.
 Basis MakeBasis(const Settings &settings);
 
+// How the analysis of a tank with these settings is made: saturated density and surcharge, all threads allowed.
+consistent::Options AnalysisOptions(const Basis &basis);
+
 Design DesignTank(const consistent::Analysis &analysis, const Basis &basis);
 
 } // namespace havuz::design

@@ -14,19 +14,24 @@ namespace havuz {
 
 namespace {
 
-void TakeFiles(const TankAnswer &answer, report::ReportInput &input) {
-    if (!answer.hasFiles)
-        return;
+// What the run itself says: its warnings, its columns, and why they are not those of the consistent analysis. Files
+// that cannot be read are a notice.
+void TakeRun(const TankAnswer &answer, report::ReportInput &input) {
+    std::vector<Warning> warnings;
     try {
-        for (const ColumnSummary &c : SummariseResults(answer.stem))
+        warnings = answer.hasFiles ? RunWarnings(answer.stem) : ModelWarnings();
+        for (const ColumnSummary &c : answer.hasFiles ? SummariseResults(answer.stem) : std::vector<ColumnSummary>{})
             input.literal.push_back({LoadCodeInTurkish(c.code), c.settlement.value * 1000.0, c.mx.value, c.my.value,
                                      c.verticalLoad, c.springForce});
-        for (const Warning &w : RunWarnings(answer.stem))
-            input.warnings.push_back(w.turkish);
+        if (answer.hasFiles)
+            input.comparison = consistent::CompareWithRun(*answer.analysis, answer.stem);
     } catch (const RuntimeFailure &failure) {
         input.literal.clear();
         input.notices.push_back(".SON okunamadı: " + FailureInTurkish(failure));
+        warnings = ModelWarnings();
     }
+    for (const Warning &w : warnings)
+        input.warnings.push_back({w.code, w.turkish});
 }
 
 report::ReportInput InputOf(const TankAnswer &answer) {
@@ -36,22 +41,22 @@ report::ReportInput InputOf(const TankAnswer &answer) {
     if (answer.changed)
         input.notices.emplace_back(report::kModelChanged);
     if (!answer.hasFiles)
-        input.notices.emplace_back(report::kNoStresses);
+        input.notices.push_back(answer.noFiles);
     if (!answer.settings.turkish.empty())
         input.notices.push_back(answer.settings.turkish);
-    TakeFiles(answer, input);
+    TakeRun(answer, input);
     input.facts = report::ProjectFacts(answer.design.basis);
     return input;
 }
 
 } // namespace
 
-std::string AnswerReportHtml(const TankAnswer &answer, const std::string &date, const std::string &version) {
+AnswerReport MakeAnswerReport(const TankAnswer &answer, const std::string &date, const std::string &version) {
     report::ReportInput input = InputOf(answer);
     input.date = report::TurkishDate(date);
     input.version = version;
     input.hash = report::Sha256(AnalysedText());
-    return report::ReportHtml(input, *answer.analysis, answer.design);
+    return {report::ReportHtml(input, *answer.analysis, answer.design), input.notices};
 }
 
 std::string SummaryHtml(const TankAnswer &answer) {
@@ -63,6 +68,7 @@ std::string SummaryHtml(const TankAnswer &answer) {
     report::LoadChapter(html, source);
     report::SoilChapter(html, source);
     report::FlotationChapter(html, source);
+    report::ComparisonChapter(html, source);
     report::WarningChapter(html, source);
     return html.file();
 }

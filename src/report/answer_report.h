@@ -7,10 +7,15 @@
 
 namespace havuz {
 
-// date as 2026-01-31; version of the program.
-std::string AnswerReportHtml(const TankAnswer &answer, const std::string &date, const std::string &version);
+struct AnswerReport {
+    std::string html;
+    std::vector<std::string> notices; // what the reader must know first, Turkish
+};
 
-// Verdict, proof, ground, flotation and the run's own columns, for a window.
+// date as 2026-01-31; version of the program.
+AnswerReport MakeAnswerReport(const TankAnswer &answer, const std::string &date, const std::string &version);
+
+// Verdict, proof, ground, flotation and the run beside the consistent analysis, for a window.
 std::string SummaryHtml(const TankAnswer &answer);
 
 // What stands at the foot of each printed page.

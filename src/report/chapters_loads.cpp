@@ -307,8 +307,8 @@ void FlotationChapter(Html &html, const Source &s) {
 
 void WarningChapter(Html &html, const Source &s) {
     html.heading(2, "Uyarılar ve işaretler");
-    for (const std::string &warning : s.input.warnings)
-        html.paragraph(warning, "notice");
+    for (const auto &[code, words] : s.input.warnings)
+        html.paragraph(code + ": " + words, "notice");
     if (s.input.warnings.empty())
         html.paragraph("Analizin uyarısı yok.");
     html.paragraph(

@@ -163,13 +163,6 @@ void MomentChapter(Html &html, const Source &s) {
     html.heading(2, "Momentler");
     html.paragraph("Katsayısız kombinasyonların köşe değerleri.");
     html.table({"Panel", "Büyüklük", "En büyük", "En küçük"}, ExtremeRows(s));
-    Rows rows;
-    for (const LiteralColumn &c : s.input.literal)
-        rows.push_back({c.name, WithUnit(c.settlement, 3, "mm"), WithUnit(c.mx, 2, "t·m/m"), WithUnit(c.my, 2, "t·m/m"),
-                        WithUnit(c.verticalLoad, 2, "t"), WithUnit(c.springForce, 2, "t")});
-    if (!rows.empty())
-        html.paragraph("Programın kendi çözümü (.SON dosyası), yük kolonlarına göre:");
-    html.table({"Yük kolonu", "En büyük çökme", "En büyük Mx", "En büyük My", "Düşey yük", "Yay kuvveti"}, rows);
     for (const Contour &c : ContoursToDraw(s))
         DrawContours(html, s, c);
 }

@@ -106,8 +106,9 @@ std::string ReportHtml(const ReportInput &input, const consistent::Analysis &ana
     Html html("Hesap Raporu: " + (input.title.empty() ? input.name : input.title));
     const Source source{input, analysis, design};
     TitleBlock(html, input, design);
-    for (const auto chapter : {VerdictChapter, InputChapter, LoadChapter, ProofChapter, SoilChapter, FlotationChapter,
-                               MomentChapter, SteelChapter, CrackChapter, ShearChapter, WarningChapter})
+    for (const auto chapter :
+         {VerdictChapter, InputChapter, LoadChapter, ProofChapter, SoilChapter, FlotationChapter, MomentChapter,
+          ComparisonChapter, SteelChapter, CrackChapter, ShearChapter, WarningChapter})
         chapter(html, source);
     return html.file();
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "consistent/analysis.h"
+#include "consistent/causes.h"
 #include "design/checks.h"
 
 #include <string>
@@ -11,7 +12,7 @@
 
 namespace havuz::report {
 
-// What the project says besides its geometry, as label and value with unit.
+// Label and words, as what the project says besides its geometry: value with unit.
 using Facts = std::vector<std::pair<std::string, std::string>>;
 
 // A load column of the run's own result files, beside the consistent values.
@@ -22,17 +23,17 @@ struct LiteralColumn {
 };
 
 struct ReportInput {
-    std::string title, name;           // of the project; its file's name
-    std::string version, date;         // "0.1.0", "31.01.2026"
-    std::string hash;                  // SHA-256 of the model's bytes
-    std::vector<std::string> notices;  // what the reader must know first, Turkish
-    std::vector<std::string> warnings; // of the analysis, Turkish
+    std::string title, name;          // of the project; its file's name
+    std::string version, date;        // "0.1.0", "31.01.2026"
+    std::string hash;                 // SHA-256 of the model's bytes
+    std::vector<std::string> notices; // what the reader must know first, Turkish
+    Facts warnings;                   // of the run: code and words, Turkish
     Facts facts;
-    std::vector<LiteralColumn> literal; // empty without result files
+    std::vector<LiteralColumn> literal; // empty without result files, so too the comparison
+    std::vector<consistent::RunComparison> comparison;
 };
 
 constexpr const char *kModelChanged = "Model bu analizden sonra değişti";
-constexpr const char *kNoStresses = ".SON yok";
 
 // The parameters of the project in the model store.
 Facts ProjectFacts(const design::Basis &basis);

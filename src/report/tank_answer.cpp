@@ -3,6 +3,7 @@
 #include "fea/equations.h"
 #include "fea/result_summary.h"
 #include "model/analysed_project.h"
+#include "model/failure.h"
 #include "model/files.h"
 #include "model/store.h"
 
@@ -20,18 +21,36 @@ std::vector<std::string> ColumnNames() {
     return names;
 }
 
-bool SameBytes(const std::string &a, const std::string &b) { return ReadWholeFile(a) == ReadWholeFile(b); }
+std::string WhyNoFiles(const std::string &project) {
+    switch (ResultsBeside(project)) {
+    case ResultState::None:
+        return ".SON yok";
+    case ResultState::Older:
+        return ".SON bu modelin değil";
+    case ResultState::Current:
+        break;
+    }
+    return FileExists(project + ".DEP") ? "" : ".DEP yok";
+}
+
+// Opens the project for the question whether it is still what was analysed. One that cannot be read is not.
+bool Differs(const std::string &own, const std::string &analysed,
+             const std::function<void(const std::string &path)> &open) {
+    try {
+        open(own);
+        return AnalysedText() != ReadWholeFile(analysed);
+    } catch (const RuntimeFailure &) {
+        return true;
+    }
+}
 
 } // namespace
 
-TankAnswer ReadAnswer(const std::string &project, const std::function<void(const std::string &path)> &open) {
+TankAnswer AnswerOfModel(const std::string &project) {
     TankAnswer answer;
     answer.stem = project;
-    const std::string own = FindFile(project + ".POL"), analysed = FindFile(project + ".HSP");
-    answer.origin = FileExists(analysed) ? ModelOrigin::Analysed : ModelOrigin::Project;
-    open(answer.origin == ModelOrigin::Analysed ? analysed : own);
-    answer.changed = answer.origin == ModelOrigin::Analysed && FileExists(own) && !SameBytes(own, analysed);
-    answer.hasFiles = ResultsBeside(project) == ResultState::Current && FileExists(project + ".DEP");
+    answer.noFiles = WhyNoFiles(project);
+    answer.hasFiles = answer.noFiles.empty();
     answer.tank = consistent::ReadTank();
     answer.settings = design::ReadSettings(project + ".RAP");
     answer.basis = design::MakeBasis(answer.settings.settings);
@@ -39,13 +58,20 @@ TankAnswer ReadAnswer(const std::string &project, const std::function<void(const
     return answer;
 }
 
+TankAnswer ReadAnswer(const std::string &project, const std::function<void(const std::string &path)> &open) {
+    const std::string own = FindFile(project + ".POL"), analysed = FindFile(project + ".HSP");
+    const bool found = FileExists(analysed);
+    const bool changed = found && FileExists(own) && Differs(own, analysed, open);
+    open(found ? analysed : own);
+    TankAnswer answer = AnswerOfModel(project);
+    answer.origin = found ? ModelOrigin::Analysed : ModelOrigin::Project;
+    answer.changed = changed;
+    return answer;
+}
+
 void AnalyseAnswer(TankAnswer &answer, const std::function<void(const std::string &step)> &step) {
-    consistent::Options options;
-    options.loads.saturatedDensity = answer.basis.settings.saturatedDensity;
-    options.loads.surcharge = answer.basis.settings.surcharge;
-    options.threads = consistent::AllowedThreads();
     step("denklemler kuruluyor ve çözülüyor");
-    answer.analysis = std::make_shared<const consistent::Analysis>(answer.tank, options);
+    answer.analysis = std::make_shared<const consistent::Analysis>(answer.tank, design::AnalysisOptions(answer.basis));
     step("kesitler kontrol ediliyor");
     answer.design = design::DesignTank(*answer.analysis, answer.basis);
     step("hazır");

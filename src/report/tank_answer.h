@@ -21,8 +21,9 @@ enum class ModelOrigin {
 struct TankAnswer {
     std::string stem; // full path of the project without extension
     ModelOrigin origin = ModelOrigin::Project;
-    bool changed = false;  // the project differs from NAME.HSP
+    bool changed = false;  // the project would be analysed as another model than NAME.HSP
     bool hasFiles = false; // NAME.DEP and NAME.SON are there, and of this model
+    std::string noFiles;   // else why not, Turkish: ".SON yok"
     consistent::Tank tank;
     design::SettingsFile settings;
     design::Basis basis;
@@ -32,6 +33,10 @@ struct TankAnswer {
     design::Design design;
 };
 
+// The model in the store, as it stands, with the settings and what is known of the files beside the project: path
+// without extension.
+TankAnswer AnswerOfModel(const std::string &project);
+
 // Reads project.HSP into the store, or the project where there is none: open loads a file as a fresh program does, with
 // its paths. What the project and its settings file are is read and nothing is written. Failures of reading come out
 // as they are.
@@ -39,6 +44,7 @@ TankAnswer ReadAnswer(const std::string &project, const std::function<void(const
 
 // The analysis and the checks; works on the value alone, so that it may run beside a window. step tells in Turkish what
 // is done. A model that cannot be analysed is an AnalysisFailure.
-void AnalyseAnswer(TankAnswer &answer, const std::function<void(const std::string &step)> &step);
+void AnalyseAnswer(
+    TankAnswer &answer, const std::function<void(const std::string &step)> &step = [](const std::string &) {});
 
 } // namespace havuz

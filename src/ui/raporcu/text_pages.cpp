@@ -45,7 +45,7 @@ ReportPage::ReportPage(QWidget *parent) : Page(parent), text_(NewText("report"))
 
 void ReportPage::show(const Answer &answer) {
     answer_ = answer;
-    html_ = AnswerReportHtml(*answer, Today(), FromQt(QCoreApplication::applicationVersion()));
+    html_ = MakeAnswerReport(*answer, Today(), FromQt(QCoreApplication::applicationVersion())).html;
     text_->setHtml(ToQt(html_));
 }
 
