@@ -36,6 +36,14 @@ void Mesh() {
     AutoMesh(none);
 }
 
+// Of how many meshes a kind of warning is; -1: the report has none of it.
+int MeshesAt(const std::string &turkish) {
+    for (const MeshFault &fault : MeshFaults())
+        if (fault.turkish == turkish)
+            return static_cast<int>(fault.meshes.size());
+    return -1;
+}
+
 int FirstMeshOf(int owner) {
     int i = 1;
     while (MeshTable[i].PanelNo != owner)
@@ -115,12 +123,26 @@ TEST(MeshReport, OpenJointsOfWallsAndSlabs) {
     EXPECT_TRUE(Reports("wall 1 and wall 2 are not joined over 3 m of 3 m, from (4, 0, 3) to (4, 0, 0)")) << Report();
     EXPECT_TRUE(Reports("wall 2 and plate 1 are not joined over 1 m of 3 m, from (4, 1, 0) to (4, 0, 0)")) << Report();
     EXPECT_FALSE(Reports("wall 2 and wall 3"));
+    EXPECT_EQ(MeshesAt("birleşmemiş"), 3 + 3 + 1); // along the corner of the walls, and the plate's at its foot
     // Two plates on one edge are never joined.
     ResetAll();
     PutPlak(Rectangle(0, 0, 4, 3));
     PutPlak(Rectangle(4, 0, 4, 3));
     Mesh();
     EXPECT_TRUE(Reports("plate 1 and plate 2 are not joined over 3 m of 3 m, from (4, 0, 0) to (4, 3, 0)")) << Report();
+}
+
+TEST(MeshReport, TellsThePictureWhereItIs) {
+    ResetAll();
+    MeshPool(Rectangle(0, 0, 4, 3), 1.0);
+    EXPECT_TRUE(MeshFaults().empty());
+    NoktaTable[NodeAt(1, 1, 0)].X = 3.5; // of four meshes: two are folded over their neighbours
+    EXPECT_EQ(MeshesAt("katlanmış"), 2);
+    EXPECT_GE(MeshesAt("üst üste"), 2);
+    NoktaTable[NodeAt(0, 0, 3)].Z = 2.0; // onto the node of the corner below: two walls meet in both
+    EXPECT_EQ(MeshesAt("aynı yerde iki nokta"), 4);
+    PanelTable[3].D = 0;
+    EXPECT_EQ(MeshesAt("kalınlığı yok"), 0);
 }
 
 // Strips of 1.5 m on walls divided by 1 m: the first command raises divisions, the second meets them.

@@ -26,10 +26,11 @@ std::string MeshInWords(int mesh) {
 bool IsNode(int n) { return n >= 1 && n <= NoktaCount; }
 
 Warnings WarnOfMissingNodes() {
-    Warnings found;
+    Warnings found("köşesi nokta değil");
     for (int i = 1; i <= MeshCount; ++i) {
         if (CornersOf(i))
             continue;
+        found.markMesh(i);
         found.add([i] {
             const Ring named = MeshCorners(MeshTable[i]);
             const int missing = *std::find_if_not(named.begin(), named.end(), IsNode);
@@ -55,18 +56,21 @@ bool OwnerExists(int owner) {
 }
 
 Warnings WarnOfMissingOwners() {
-    Warnings found;
+    Warnings found("paneli ya da plağı yok");
     for (const auto &[owner, meshes] : MeshesOf())
-        if (!OwnerExists(owner))
+        if (!OwnerExists(owner)) {
+            for (const int mesh : meshes)
+                found.markMesh(mesh);
             found.add([&] {
                 return std::to_string(meshes.size()) + " meshes from mesh " + std::to_string(meshes.front()) +
                        " on belong to " + OwnerInWords(owner) + ", which is not there";
             });
+        }
     return found;
 }
 
 Warnings WarnOfThickness() {
-    Warnings found;
+    Warnings found("kalınlığı yok");
     for (const auto &[owner, meshes] : MeshesOf()) {
         if (!OwnerExists(owner))
             continue;
@@ -79,7 +83,7 @@ Warnings WarnOfThickness() {
 }
 
 Warnings WarnOfDensities() {
-    Warnings found;
+    Warnings found("yoğunluk sıfır");
     for (const auto &[name, density] : {std::pair("liquid", SiviYogunluk), std::pair("soil", ZeminYogunluk)})
         if (!(density > 0.0))
             found.add([&] { return "the density of the " + std::string(name) + " is " + Meters(density) + " t/m3"; });
@@ -87,7 +91,7 @@ Warnings WarnOfDensities() {
 }
 
 Warnings WarnOfDoubleCorners() {
-    Warnings found;
+    Warnings found("aynı nokta iki köşede");
     for (int i = 1; i <= MeshCount; ++i) {
         const auto corners = CornersOf(i);
         if (!corners)
@@ -95,11 +99,13 @@ Warnings WarnOfDoubleCorners() {
         Ring sorted = *corners;
         std::sort(sorted.begin(), sorted.end());
         const auto *const twice = std::adjacent_find(sorted.begin(), sorted.end());
-        if (twice != sorted.end())
+        if (twice != sorted.end()) {
+            found.markMesh(i);
             found.add([&] {
                 return MeshInWords(i) + " uses node " + std::to_string(*twice) + " twice, at " +
                        PlaceInWords(NodePlace(*twice));
             });
+        }
     }
     return found;
 }
@@ -121,11 +127,13 @@ std::string ShapeFault(const Ring &corners) {
     return "";
 }
 
-Warnings WarnOfShapes(const std::string &fault) {
-    Warnings found;
+Warnings WarnOfShapes(const std::string &fault, const char *turkish) {
+    Warnings found(turkish);
     for (int i = 1; i <= MeshCount; ++i)
-        if (const auto corners = CornersOf(i); corners && ShapeFault(*corners) == fault)
+        if (const auto corners = CornersOf(i); corners && ShapeFault(*corners) == fault) {
+            found.markMesh(i);
             found.add([&] { return MeshInWords(i) + " " + fault + " at " + PlaceInWords(NodePlace((*corners)[0])); });
+        }
     return found;
 }
 
@@ -145,7 +153,7 @@ Warnings WarnOfNodesWithoutMesh() {
     std::vector<bool> isUsed(static_cast<std::size_t>(NoktaCount) + 1, false);
     for (const int node : UsedNodes())
         isUsed[static_cast<std::size_t>(node)] = true;
-    Warnings found;
+    Warnings found("meshi olmayan nokta");
     for (int i = 1; i <= NoktaCount; ++i)
         if (!isUsed[static_cast<std::size_t>(i)])
             found.add([i] { return "node " + std::to_string(i) + " is of no mesh, at " + PlaceInWords(NodePlace(i)); });
@@ -154,17 +162,20 @@ Warnings WarnOfNodesWithoutMesh() {
 
 Warnings WarnOfNodesInOnePlace() {
     const std::vector<int> used = UsedNodes();
-    Warnings found;
+    Warnings found("aynı yerde iki nokta");
     for (std::size_t s = 0; s < used.size(); ++s)
         for (std::size_t t = s + 1; t < used.size(); ++t) {
             const int a = used[s], b = used[t];
             if (NoktaTable[b].X - NoktaTable[a].X > kOnePlace)
                 break;
-            if (SpaceDistance(NodePlace(a), NodePlace(b)) < kOnePlace)
-                found.add([a, b] {
-                    return "nodes " + std::to_string(a) + " and " + std::to_string(b) +
-                           " stand at one place and are not joined: " + PlaceInWords(NodePlace(a));
-                });
+            if (!(SpaceDistance(NodePlace(a), NodePlace(b)) < kOnePlace))
+                continue;
+            found.markNode(a);
+            found.markNode(b);
+            found.add([a, b] {
+                return "nodes " + std::to_string(a) + " and " + std::to_string(b) +
+                       " stand at one place and are not joined: " + PlaceInWords(NodePlace(a));
+            });
         }
     return found;
 }
@@ -178,7 +189,7 @@ std::map<int, int> MeshesByOwner() {
 
 Warnings WarnOfPanelsWithoutMesh() {
     const std::map<int, int> meshes = MeshesByOwner();
-    Warnings found;
+    Warnings found("meshi olmayan panel");
     for (int w = 1; w <= PanelCount; ++w)
         if (PanelTable[w].No != 0 && meshes.count(w) == 0)
             found.add(
@@ -188,7 +199,7 @@ Warnings WarnOfPanelsWithoutMesh() {
 
 // Panels meshed by their own divisions whose Nx or Ny has been raised since.
 Warnings WarnOfRaisedDivisions() {
-    Warnings found;
+    Warnings found("bölmeleri sonradan arttı");
     if (!(HavuzTip < 2) || PlakCount > 0)
         return found;
     std::map<int, int> meshes = MeshesByOwner();
@@ -206,6 +217,32 @@ Warnings WarnOfRaisedDivisions() {
 }
 
 } // namespace
+
+Warnings::Warnings(const char *turkish)
+    : turkish_(turkish), mesh_(static_cast<std::size_t>(MeshCount) + 1),
+      node_(static_cast<std::size_t>(NoktaCount) + 1) {}
+
+void Warnings::markMesh(int mesh) {
+    if (mesh >= 1 && mesh <= MeshCount)
+        mesh_[static_cast<std::size_t>(mesh)] = true;
+}
+
+void Warnings::markNode(int node) {
+    if (IsNode(node))
+        node_[static_cast<std::size_t>(node)] = true;
+}
+
+MeshFault Warnings::fault() const {
+    MeshFault fault{turkish_, {}};
+    for (int i = 1; i <= MeshCount; ++i) {
+        const Ring corners = MeshCorners(MeshTable[i]);
+        if (mesh_[static_cast<std::size_t>(i)] || std::any_of(corners.begin(), corners.end(), [this](int n) {
+                return IsNode(n) && node_[static_cast<std::size_t>(n)];
+            }))
+            fault.meshes.push_back(i);
+    }
+    return fault;
+}
 
 void Warnings::appendTo(std::vector<std::string> &report) const {
     report.insert(report.end(), lines_.begin(), lines_.end());
@@ -247,7 +284,7 @@ Warnings WarnOfPlateAreas() {
     for (int i = 1; i <= MeshCount; ++i)
         if (CornersOf(i))
             covered[MeshTable[i].PanelNo] += MeshPlanArea(i);
-    Warnings found;
+    Warnings found("plağın alanını tutmuyor");
     for (int p = 1; p <= PlakCount; ++p) {
         const double own = PlanArea(OutlineOf(PlateOwner(p))), meshes = covered[PlateOwner(p)];
         if (!(std::fabs(meshes - own) > kAreaPart * own))
@@ -269,16 +306,39 @@ bool EveryCornerIsANode() {
     return true;
 }
 
-std::vector<std::string> MeshReport() {
+static std::vector<Warnings> AllWarnings() {
     const std::vector<MeshSide> sides = AllSides();
+    return {WarnOfMissingNodes(),
+            WarnOfMissingOwners(),
+            WarnOfThickness(),
+            WarnOfDensities(),
+            WarnOfPanelsWithoutMesh(),
+            WarnOfRaisedDivisions(),
+            WarnOfPlateAreas(),
+            WarnOfLostCorners(),
+            WarnOfLeftOutlines(sides),
+            WarnOfOverlaps(sides),
+            WarnOfDoubleCorners(),
+            WarnOfShapes("has no area", "alanı yok"),
+            WarnOfShapes("is folded", "katlanmış"),
+            WarnOfNodesWithoutMesh(),
+            WarnOfNodesInOnePlace(),
+            WarnOfOpenJoints(sides)};
+}
+
+std::vector<std::string> MeshReport() {
     std::vector<std::string> report;
-    for (const Warnings &found :
-         {WarnOfMissingNodes(), WarnOfMissingOwners(), WarnOfThickness(), WarnOfDensities(), WarnOfPanelsWithoutMesh(),
-          WarnOfRaisedDivisions(), WarnOfPlateAreas(), WarnOfLostCorners(), WarnOfLeftOutlines(sides),
-          WarnOfOverlaps(sides), WarnOfDoubleCorners(), WarnOfShapes("has no area"), WarnOfShapes("is folded"),
-          WarnOfNodesWithoutMesh(), WarnOfNodesInOnePlace(), WarnOfOpenJoints(sides)})
+    for (const Warnings &found : AllWarnings())
         found.appendTo(report);
     return report;
+}
+
+std::vector<MeshFault> MeshFaults() {
+    std::vector<MeshFault> faults;
+    for (const Warnings &found : AllWarnings())
+        if (found.any())
+            faults.push_back(found.fault());
+    return faults;
 }
 
 } // namespace havuz

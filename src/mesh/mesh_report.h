@@ -17,6 +17,14 @@ namespace havuz {
 //   and plates; divisions that were raised after the mesh was made.
 std::vector<std::string> MeshReport();
 
+// The same warnings for a picture: each kind that the report has, in Turkish, with the meshes that it stands at,
+// rising. A kind without a mesh (a thickness, a panel without meshes) has none.
+struct MeshFault {
+    std::string turkish; // "katlanmış"
+    std::vector<int> meshes;
+};
+std::vector<MeshFault> MeshFaults();
+
 // Whether every corner of every active mesh is a node: without that there can be no analysis.
 bool EveryCornerIsANode();
 

@@ -146,6 +146,18 @@ std::string JointInWords(std::pair<int, int> owners, const OpenJoint &joint) {
            PlaceInWords(joint.to);
 }
 
+// Meshes of the two that have a side of their own along the open part.
+void MarkJoint(const SidesByOwner &byOwner, std::pair<int, int> owners, const OpenJoint &joint, Warnings &found) {
+    for (const int owner : {owners.first, owners.second}) {
+        const auto own = byOwner.find(owner);
+        for (const MeshSide *side : own == byOwner.end() ? std::vector<const MeshSide *>{} : own->second)
+            if (DistanceToSegment(Along(NodePlace(side->a), NodePlace(side->b), 0.5), joint.from, joint.to) <= kOnSide)
+                for (const MeshSide::Use &use : side->uses)
+                    if (use.owner == owner)
+                        found.markMesh(use.mesh);
+    }
+}
+
 } // namespace
 
 // Of all edges of two owners the one that is open over the greatest length.
@@ -169,9 +181,11 @@ Warnings WarnOfOpenJoints(const std::vector<MeshSide> &sides) {
             }
         }
     }
-    Warnings found;
-    for (const auto &[owners, joint] : worst)
+    Warnings found("birleşmemiş");
+    for (const auto &[owners, joint] : worst) {
+        MarkJoint(byOwner, owners, joint, found);
         found.add([&owners = owners, &joint = joint] { return JointInWords(owners, joint); });
+    }
     return found;
 }
 

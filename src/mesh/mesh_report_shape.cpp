@@ -120,6 +120,12 @@ static std::set<int> NodesOf(int owner) {
     return nodes;
 }
 
+static int NearestOf(const std::set<int> &nodes, SpacePoint place) {
+    return *std::min_element(nodes.begin(), nodes.end(), [place](int a, int b) {
+        return SpaceDistance(NodePlace(a), place) < SpaceDistance(NodePlace(b), place);
+    });
+}
+
 static void WarnOfLostCorner(int plak, int k, const std::set<int> &nodes, Warnings &found) {
     const SpacePoint corner = PlakPoint(PlakTable[plak], k);
     const auto where = [&] {
@@ -128,14 +134,17 @@ static void WarnOfLostCorner(int plak, int k, const std::set<int> &nodes, Warnin
     const auto met = std::find_if(nodes.begin(), nodes.end(), [corner](int n) {
         return Distance2(NoktaTable[n].X - corner.x, NoktaTable[n].Y - corner.y) <= kCornerPlace;
     });
-    if (met == nodes.end())
+    if (met == nodes.end()) {
+        found.markNode(NearestOf(nodes, corner));
         found.add([&] { return where() + " is no node of its meshes"; });
-    else if (std::fabs(NoktaTable[*met].Z - corner.z) > kCornerPlace)
+    } else if (std::fabs(NoktaTable[*met].Z - corner.z) > kCornerPlace) {
+        found.markNode(*met);
         found.add([&] { return where() + " stands at height " + Meters(NoktaTable[*met].Z) + " in the mesh"; });
+    }
 }
 
 Warnings WarnOfLostCorners() {
-    Warnings found;
+    Warnings found("plağın köşesi meshte yok");
     for (int p = 1; p <= PlakCount; ++p) {
         const std::set<int> nodes = NodesOf(PlateOwner(p));
         for (int k = 1; !nodes.empty() && k <= PlakTable[p].NoktaSayisi; ++k)
@@ -160,7 +169,7 @@ static std::map<int, std::vector<const MeshSide *>> BordersByOwner(const std::ve
 
 Warnings WarnOfLeftOutlines(const std::vector<MeshSide> &sides) {
     std::map<int, std::vector<const MeshSide *>> borders = BordersByOwner(sides);
-    Warnings found;
+    Warnings found("sınırdan taşıyor");
     for (const int owner : ShapedOwners()) {
         const std::vector<SpacePoint> outline = OwnerIsPlate(owner) ? Flattened(OutlineOf(owner)) : OutlineOf(owner);
         int count = 0;
@@ -168,6 +177,9 @@ Warnings WarnOfLeftOutlines(const std::vector<MeshSide> &sides) {
         for (const MeshSide *side : borders[owner]) {
             if (!LeavesOutline(*side, owner, outline))
                 continue;
+            for (const MeshSide::Use &use : side->uses)
+                if (use.owner == owner)
+                    found.markMesh(use.mesh);
             first = count++ == 0 ? side : first;
         }
         if (count > 0)
@@ -202,6 +214,8 @@ static void WarnOfOverlapsAt(const MeshSide &side, Warnings &found) {
             const MeshSide::Use &a = side.uses[s], &b = side.uses[t];
             if (a.owner != b.owner || !(Dot(towards[s], towards[t]) > 0.5))
                 continue;
+            found.markMesh(a.mesh);
+            found.markMesh(b.mesh);
             found.add([&] {
                 return "meshes " + std::to_string(a.mesh) + " and " + std::to_string(b.mesh) + " of " +
                        OwnerInWords(a.owner) + " overlap at " + PlaceInWords(Middle(side));
@@ -210,7 +224,7 @@ static void WarnOfOverlapsAt(const MeshSide &side, Warnings &found) {
 }
 
 Warnings WarnOfOverlaps(const std::vector<MeshSide> &sides) {
-    Warnings found;
+    Warnings found("üst üste");
     for (const MeshSide &side : sides)
         WarnOfOverlapsAt(side, found);
     return found;

@@ -1,6 +1,7 @@
 // What the parts of the mesh report share. Only the mesh_report files use it.
 #pragma once
 
+#include "mesh/mesh_report.h"
 #include "mesh/space_point.h"
 
 #include <array>
@@ -10,10 +11,11 @@
 
 namespace havuz {
 
-// Warnings of one kind: the first few in words, the rest as a number. Words are only made for those that are shown, so
-// that a mesh with millions of faults costs no more than a time to count them.
+// Warnings of one kind: the first few in words, the rest as a number; and the meshes of all of them. Words are only
+// made for those that are shown, so that a mesh with millions of faults costs no more than a time to count them.
 class Warnings {
 public:
+    explicit Warnings(const char *turkish); // the kind in Turkish
     template <class Words>
     void add(Words words) {
         if (lines_.size() < kShown)
@@ -21,12 +23,19 @@ public:
         else
             ++more_;
     }
+    // Where it is: a mesh, or a node and so the meshes around it. What is neither is not counted.
+    void markMesh(int mesh);
+    void markNode(int node);
     void appendTo(std::vector<std::string> &report) const;
+    MeshFault fault() const;
+    bool any() const { return !lines_.empty(); }
 
 private:
     static constexpr std::size_t kShown = 5;
+    const char *turkish_;
     std::vector<std::string> lines_;
     long long more_ = 0;
+    std::vector<bool> mesh_, node_; // by number
 };
 
 // Owner of meshes as in MeshRecord.PanelNo: a panel, or 1000 + plate.
