@@ -88,23 +88,85 @@ void DrawFace(ResultCanvas &canvas, const ResultFace &face, const Placed &p, con
         DrawOutline(canvas, p, kBadMesh, 3.0);
 }
 
-// A cross at the place and the value beside it, kept inside the canvas.
-void DrawMark(ResultCanvas &canvas, const ResultScene &scene, const Placed &p, const SceneExtreme &e, bool above) {
-    constexpr double kArm = 5.0;
-    const ScreenPoint at = p.at[e.corner];
+constexpr double kArm = 5.0; // of a cross
+
+// A value on a white plate beside its cross, kept inside the canvas.
+struct MarkLabel {
+    std::string text;
+    ScreenPoint cross, base; // base: the middle of the baseline
+    double wide = 0.0;
+
+    double left() const { return base.x - wide / 2.0 - 3.0; }
+    double right() const { return base.x + wide / 2.0 + 3.0; }
+    double top() const { return base.y - kTextSize; }
+    double bottom() const { return base.y + 3.0; }
+    bool covers(const MarkLabel &other) const {
+        return left() < other.right() && other.left() < right() && top() < other.bottom() && other.top() < bottom();
+    }
+};
+
+MarkLabel LabelOf(const ResultCanvas &canvas, const ResultScene &scene, const std::vector<Placed> &placed,
+                  const SceneExtreme &e, bool above) {
+    MarkLabel label;
+    label.text = DecimalCommaText(e.value, scene.decimals);
+    label.cross = placed[e.face].at[e.corner];
+    label.wide = 0.62 * kTextSize * static_cast<double>(label.text.size());
+    label.base = {
+        std::clamp(label.cross.x, label.wide / 2.0, std::max(canvas.width() - label.wide / 2.0, label.wide / 2.0)),
+        above ? label.cross.y - 9.0 : label.cross.y + 9.0 + kTextSize};
+    return label;
+}
+
+void DrawMark(ResultCanvas &canvas, const MarkLabel &label) {
+    const ScreenPoint at = label.cross;
     for (const auto &[colour, width] : {std::pair{Colour{0xFFFFFF}, 4.0}, std::pair{kInk, 1.5}}) {
         canvas.Line({at.x - kArm, at.y - kArm}, {at.x + kArm, at.y + kArm}, colour, width);
         canvas.Line({at.x - kArm, at.y + kArm}, {at.x + kArm, at.y - kArm}, colour, width);
     }
-    const std::string text = DecimalCommaText(e.value, scene.decimals);
-    const double wide = 0.62 * kTextSize * static_cast<double>(text.size());
-    const double x = std::clamp(at.x, wide / 2.0, std::max(canvas.width() - wide / 2.0, wide / 2.0));
-    const double y = above ? at.y - 9.0 : at.y + 9.0 + kTextSize;
-    const double left = x - wide / 2.0 - 3.0, right = x + wide / 2.0 + 3.0, top = y - kTextSize, bottom = y + 3.0;
-    const std::array<ScreenPoint, 4> plate = {ScreenPoint{left, top}, ScreenPoint{right, top},
-                                              ScreenPoint{right, bottom}, ScreenPoint{left, bottom}};
+    const std::array<ScreenPoint, 4> plate = {
+        ScreenPoint{label.left(), label.top()}, ScreenPoint{label.right(), label.top()},
+        ScreenPoint{label.right(), label.bottom()}, ScreenPoint{label.left(), label.bottom()}};
     canvas.Fill(plate, {0xFFFFFF});
-    canvas.Text({x, y - 1.0}, text, TextAlign::Centre, kTextSize, kInk);
+    canvas.Text({label.base.x, label.base.y - 1.0}, label.text, TextAlign::Centre, kTextSize, kInk);
+}
+
+// The greatest above its cross, the least below; where they would cover each other the lower one goes further down.
+void DrawMarks(ResultCanvas &canvas, const ResultScene &scene, const std::vector<Placed> &placed,
+               const SceneExtremes &e) {
+    MarkLabel least = LabelOf(canvas, scene, placed, e.least, false);
+    MarkLabel greatest = LabelOf(canvas, scene, placed, e.greatest, true);
+    if (least.covers(greatest)) {
+        MarkLabel &lower = least.cross.y >= greatest.cross.y ? least : greatest;
+        MarkLabel &upper = least.cross.y >= greatest.cross.y ? greatest : least;
+        upper.base.y = upper.cross.y - 9.0;
+        lower.base.y = lower.cross.y + 9.0 + kTextSize;
+    }
+    DrawMark(canvas, least);
+    DrawMark(canvas, greatest);
+}
+
+// Words for what is drawn besides the colours, under the title.
+void DrawKeys(ResultCanvas &canvas, const ResultScene &scene) {
+    constexpr double kBox = 12.0, kTop = 34.0;
+    double x = 14.0;
+    const auto key = [&](bool ResultFace::*drawn, const char *words) {
+        const auto count =
+            std::count_if(scene.faces.begin(), scene.faces.end(), [&](const ResultFace &f) { return f.*drawn; });
+        if (count == 0)
+            return;
+        Placed box;
+        box.at = {ScreenPoint{x, kTop}, ScreenPoint{x + kBox, kTop}, ScreenPoint{x + kBox, kTop + kBox},
+                  ScreenPoint{x, kTop + kBox}};
+        if (drawn == &ResultFace::lifted)
+            DrawHatching(canvas, box);
+        DrawOutline(canvas, box, drawn == &ResultFace::lifted ? kMeshLine : kBadMesh,
+                    drawn == &ResultFace::lifted ? 1.0 : 3.0);
+        const std::string text = std::string(words) + ": " + std::to_string(count) + " mesh";
+        canvas.Text({x + kBox + 6.0, kTop + kBox - 1.0}, text, TextAlign::Left, kTextSize, kInk);
+        x += kBox + 30.0 + 0.6 * kTextSize * static_cast<double>(text.size());
+    };
+    key(&ResultFace::lifted, "kalkan taban");
+    key(&ResultFace::marked, "mesh raporunda");
 }
 
 int LimitDecimals(const ColourMap &map) {
@@ -150,13 +212,13 @@ void DrawScene(ResultCanvas &canvas, const ResultScene &scene, const SceneStyle 
     for (const std::size_t f : DrawingOrder(placed))
         DrawFace(canvas, scene.faces[f], placed[f], map, style);
     const std::optional<SceneExtremes> e = ExtremesOf(scene);
-    if (style.marks && e && e->least.value < e->greatest.value) {
-        DrawMark(canvas, scene, placed[e->least.face], e->least, false);
-        DrawMark(canvas, scene, placed[e->greatest.face], e->greatest, true);
-    }
+    if (style.marks && e && e->least.value < e->greatest.value)
+        DrawMarks(canvas, scene, placed, *e);
     if (style.legend && e)
         DrawLegend(canvas, scene, map);
     canvas.Text({14.0, 24.0}, scene.title, TextAlign::Left, kTitleSize, kInk);
+    if (style.legend)
+        DrawKeys(canvas, scene);
 }
 
 } // namespace havuz

@@ -153,6 +153,20 @@ std::optional<SceneHit> HitScene(const ResultScene &scene, const SceneTransform 
     return hit;
 }
 
+int CornerNear(const ResultScene &scene, const SceneTransform &to, double deformation, std::size_t face, ScreenPoint at,
+               double reach) {
+    int corner = 0;
+    for (std::size_t k = 0; k < 4; ++k) {
+        const ScenePlace p = ProjectScene(scene.look, CornerPlace(scene.faces[face], k, deformation));
+        const double far = std::hypot(to.x + to.scale * p.x - at.x, to.y + to.scale * p.y - at.y);
+        if (far <= reach) {
+            reach = far;
+            corner = static_cast<int>(k) + 1;
+        }
+    }
+    return corner;
+}
+
 std::string DecimalCommaText(double value, int decimals) {
     char text[400];
     const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, decimals).ptr;

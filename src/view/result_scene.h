@@ -81,6 +81,10 @@ struct SceneHit {
 std::optional<SceneHit> HitScene(const ResultScene &scene, const SceneTransform &to, double deformation, double px,
                                  double py);
 
+// The corner of a face, 1 to 4, that lies within `reach` pixels of a pixel, the nearest; 0: none.
+int CornerNear(const ResultScene &scene, const SceneTransform &to, double deformation, std::size_t face, ScreenPoint at,
+               double reach);
+
 // "1,250" with the decimals given; a value that rounds to zero has no sign.
 std::string DecimalCommaText(double value, int decimals);
 
