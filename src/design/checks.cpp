@@ -49,10 +49,10 @@ SoilState SoilUnder(const Analysis &analysis, const DesignCombination &combinati
         return state;
     }
     try {
-        const CaseResult free = analysis.solve(combination.sum, false);
-        state.liftedArea = free.liftedArea;
-        state.rounds = free.rounds;
-        TakeGreatestPressure(analysis, free, state);
+        state.free = std::make_shared<const CaseResult>(analysis.solve(combination.sum, false));
+        state.liftedArea = state.free->liftedArea;
+        state.rounds = state.free->rounds;
+        TakeGreatestPressure(analysis, *state.free, state);
     } catch (const consistent::AnalysisFailure &failure) {
         state.failure = failure.turkish();
         TakeGreatestPressure(analysis, result, state);

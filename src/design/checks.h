@@ -5,6 +5,7 @@
 #include "consistent/analysis.h"
 #include "design/steel.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -29,7 +30,8 @@ struct SoilState {
     bool pulls = false;    // springs pulled: solved anew without tension
     double liftedArea = 0; // m2
     int rounds = 0;
-    std::string failure; // Turkish words where no state without tension stands
+    std::string failure;                                // Turkish words where no state without tension stands
+    std::shared_ptr<const consistent::CaseResult> free; // that state where springs pulled and it stands
 };
 
 struct Flotation {
