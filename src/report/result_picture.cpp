@@ -207,22 +207,34 @@ ResultScene SceneOfSteel(const Tank &tank, const std::vector<design::SteelRow> &
     return scene;
 }
 
-std::optional<double> ValueAt(const Analysis &analysis, const CaseResult &result, const Quantity &q, int mesh) {
+std::vector<std::optional<double>> ValuesAt(const Analysis &analysis, const std::vector<const CaseResult *> &results,
+                                            const Quantity &q, int mesh, int corner) {
     const Tank &tank = analysis.tank();
+    std::vector<std::optional<double>> values(results.size());
     const auto found =
         std::find_if(tank.meshes.begin(), tank.meshes.end(), [&](const TankMesh &m) { return m.mesh == mesh; });
-    if (found == tank.meshes.end())
-        return std::nullopt;
-    if (!IsDisplacement(q) && !IsSoil(q))
-        return q.factor * ValueOf(q, result.meshes[static_cast<std::size_t>(found - tank.meshes.begin())][0]);
-    if (IsSoil(q) && tank.panelOf(*found).kind != 0)
-        return std::nullopt;
-    double sum = 0.0;
-    for (const int node : found->node) {
-        const consistent::NodeResult &n = result.nodes[static_cast<std::size_t>(node)];
-        sum += IsSoil(q) ? n.soil : OfDisplacement(q.key, n.u[0], n.u[1], n.u[2]);
+    if (found == tank.meshes.end() || (IsSoil(q) && tank.panelOf(*found).kind != 0))
+        return values;
+    const auto index = static_cast<std::size_t>(found - tank.meshes.begin());
+    const int plane = analysis.meshPlanes()[index];
+    const auto place = corner == 0 ? std::map<std::pair<int, int>, std::size_t>{} : MeanPlaces(analysis);
+    for (std::size_t i = 0; i < results.size(); ++i) {
+        const CaseResult &r = *results[i];
+        if (!IsDisplacement(q) && !IsSoil(q)) {
+            const auto at = static_cast<std::size_t>(std::max(corner - 1, 0));
+            values[i] =
+                q.factor * ValueOf(q, corner == 0 ? r.meshes[index][0] : r.means[place.at({found->node[at], plane})]);
+            continue;
+        }
+        double sum = 0.0;
+        for (std::size_t k = 0; k < 4; ++k) {
+            const consistent::NodeResult &n = r.nodes[static_cast<std::size_t>(found->node[k])];
+            const double value = IsSoil(q) ? n.soil : OfDisplacement(q.key, n.u[0], n.u[1], n.u[2]);
+            sum += corner == 0 ? value / 4.0 : static_cast<int>(k) + 1 == corner ? value : 0.0;
+        }
+        values[i] = q.factor * sum;
     }
-    return q.factor * sum / 4.0;
+    return values;
 }
 
 bool InFiles(const Quantity &q) { return q.key[0] != 'Q' && !IsSoil(q); }
@@ -243,31 +255,66 @@ static double OfSon(const Quantity &q, const SonRecord &record, int column, std:
     return place < 3 ? thickness * at(place) : at(place);
 }
 
+namespace {
+
+// The files of a run, open to be read at single meshes.
+class RunFiles {
+public:
+    explicit RunFiles(const std::string &project)
+        : dep_(project + ".DEP", sizeof(DepRecord), RecordFile::ReadOnly),
+          son_(project + ".SON", sizeof(SonRecord), RecordFile::ReadOnly) {}
+
+    // Values of the corners in a column, from 1; moved: their displacements, m.
+    std::array<double, 4> valuesAt(const Tank &tank, const TankMesh &m, const Quantity &q, int column,
+                                   std::array<SpacePoint, 4> &moved) const {
+        std::array<double, 4> values{};
+        SonRecord stress{};
+        DepRecord displacement{};
+        son_.GetRecord(stress, m.mesh);
+        for (std::size_t k = 0; k < 4; ++k) {
+            dep_.GetRecord(displacement, m.node[k]);
+            const auto first = static_cast<std::size_t>(6 * (column - 1));
+            moved[k] = {displacement[first], displacement[first + 1], displacement[first + 2]};
+            values[k] = q.factor * (IsDisplacement(q) ? OfDisplacement(q.key, moved[k].x, moved[k].y, moved[k].z)
+                                                      : OfSon(q, stress, column, k, tank.panelOf(m).thickness));
+        }
+        return values;
+    }
+
+private:
+    RecordFile dep_, son_;
+};
+
+} // namespace
+
 ResultScene SceneOfFiles(const std::string &project, int column, const Quantity &q, const PictureChoice &choice,
                          const Tank &tank) {
     const SceneFrame frame(tank, choice);
-    const RecordFile dep(project + ".DEP", sizeof(DepRecord), RecordFile::ReadOnly);
-    const RecordFile son(project + ".SON", sizeof(SonRecord), RecordFile::ReadOnly);
+    const RunFiles files(project);
     ResultScene scene = EmptyScene(q, choice);
-    DepRecord moved{};
-    SonRecord stress{};
     for (const TankMesh &m : tank.meshes) {
         if (!frame.shows(m))
             continue;
         ResultFace face = frame.face(m);
-        son.GetRecord(stress, m.mesh);
-        for (std::size_t k = 0; k < 4; ++k) {
-            dep.GetRecord(moved, m.node[k]);
-            const auto first = static_cast<std::size_t>(6 * (column - 1));
-            const double x = moved[first], y = moved[first + 1], z = moved[first + 2];
-            if (choice.look != SceneLook::Flat)
-                face.moved[k] = {x, y, z};
-            face.value[k] = q.factor * (IsDisplacement(q) ? OfDisplacement(q.key, x, y, z)
-                                                          : OfSon(q, stress, column, k, tank.panelOf(m).thickness));
-        }
+        face.value = files.valuesAt(tank, m, q, column, face.moved);
+        if (choice.look == SceneLook::Flat)
+            face.moved = {};
         scene.faces.push_back(face);
     }
     return scene;
+}
+
+std::vector<double> FileValuesAt(const std::string &project, int columns, const Quantity &q, const Tank &tank, int mesh,
+                                 int corner) {
+    const RunFiles files(project);
+    std::vector<double> values;
+    for (const TankMesh &m : tank.meshes)
+        for (int c = 1; m.mesh == mesh && c <= columns; ++c) {
+            std::array<SpacePoint, 4> moved{};
+            const std::array<double, 4> v = files.valuesAt(tank, m, q, c, moved);
+            values.push_back(corner == 0 ? (v[0] + v[1] + v[2] + v[3]) / 4.0 : v[static_cast<std::size_t>(corner - 1)]);
+        }
+    return values;
 }
 
 std::string PanelWords(const consistent::TankPanel &panel) {

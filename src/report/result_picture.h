@@ -38,9 +38,11 @@ ResultScene SceneOf(const consistent::Analysis &analysis, const consistent::Case
 ResultScene SceneOfSteel(const consistent::Tank &tank, const std::vector<design::SteelRow> &rows, design::Face face,
                          int direction, const PictureChoice &choice);
 
-// The value in the middle of a mesh, by its number; none where the result has none there.
-std::optional<double> ValueAt(const consistent::Analysis &analysis, const consistent::CaseResult &result,
-                              const Quantity &quantity, int mesh);
+// The values of several results in the middle of a mesh (corner 0) or at its corner 1 to 4, there the means that the
+// picture shows; mesh by its number. None where the quantity has none there.
+std::vector<std::optional<double>> ValuesAt(const consistent::Analysis &analysis,
+                                            const std::vector<const consistent::CaseResult *> &results,
+                                            const Quantity &quantity, int mesh, int corner);
 
 // A result of one load column of the files of the run (columns from 1), corner values as they stand: of the results
 // above those that the files hold (UX UY UZ U; N11.. and M11.. in the axes of each element). Reads the store and
@@ -48,6 +50,9 @@ std::optional<double> ValueAt(const consistent::Analysis &analysis, const consis
 bool InFiles(const Quantity &quantity);
 ResultScene SceneOfFiles(const std::string &project, int column, const Quantity &quantity, const PictureChoice &choice,
                          const consistent::Tank &tank);
+// All columns at one mesh: at its corner 1 to 4, or the mean of the corners (0).
+std::vector<double> FileValuesAt(const std::string &project, int columns, const Quantity &quantity,
+                                 const consistent::Tank &tank, int mesh, int corner);
 
 // The value of a quantity.
 double ValueOf(const Quantity &quantity, const consistent::ShellResult &shell);

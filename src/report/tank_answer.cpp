@@ -52,6 +52,7 @@ TankAnswer AnswerOfModel(const std::string &project) {
     answer.noFiles = WhyNoFiles(project);
     answer.hasFiles = answer.noFiles.empty();
     answer.tank = consistent::ReadTank();
+    answer.meshFaults = MeshFaults();
     answer.settings = design::ReadSettings(project + ".RAP");
     answer.basis = design::MakeBasis(answer.settings.settings);
     answer.columns = ColumnNames();

@@ -5,6 +5,7 @@
 #include "consistent/analysis.h"
 #include "design/checks.h"
 #include "design/settings.h"
+#include "mesh/mesh_report.h"
 
 #include <functional>
 #include <optional>
@@ -27,7 +28,8 @@ struct TankAnswer {
     consistent::Tank tank;
     design::SettingsFile settings;
     design::Basis basis;
-    std::vector<std::string> columns; // Turkish names of the load columns of the files, from column 1
+    std::vector<MeshFault> meshFaults; // of the mesh as it stands
+    std::vector<std::string> columns;  // Turkish names of the load columns of the files, from column 1
     // after AnalyseAnswer
     std::shared_ptr<const consistent::Analysis> analysis;
     design::Design design;
