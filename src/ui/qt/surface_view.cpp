@@ -2,11 +2,9 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QWheelEvent>
 
 namespace havuz {
 
-static constexpr int kWheelStep = 120; // eighths of a degree
 static constexpr QRgb kRubber = 0xFFFFFFFF;
 
 SurfaceView::SurfaceView(QWidget *parent) : QWidget(parent), surface_(*this) {
@@ -78,9 +76,7 @@ void SurfaceView::mouseReleaseEvent(QMouseEvent *event) {
 }
 
 void SurfaceView::wheelEvent(QWheelEvent *event) {
-    wheelRest_ += event->angleDelta().y();
-    const int steps = wheelRest_ / kWheelStep;
-    wheelRest_ -= steps * kWheelStep;
+    const int steps = wheel_.take(*event);
     const QPointF at = event->position();
     if (steps != 0 && pointer.wheel)
         pointer.wheel(steps, at.x(), at.y());

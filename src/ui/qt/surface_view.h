@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ui/qt/raster_surface.h"
+#include "ui/qt/wheel_steps.h"
 #include "ui/window/window_state.h"
 
 #include <QWidget>
@@ -52,8 +53,8 @@ private:
 
     ViewSurface surface_;
     std::vector<WindowState::ElementState> lines_;
-    QPointF pan_;       // where the middle button was last
-    int wheelRest_ = 0; // what is left of a step, eighths of a degree
+    QPointF pan_; // where the middle button was last
+    WheelSteps wheel_;
 };
 
 } // namespace havuz

@@ -6,14 +6,12 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
 
 namespace havuz {
 
 static constexpr double kTurnByPixel = 0.01; // rad, as in the main window
-static constexpr int kWheelStep = 120;       // eighths of a degree
 
 ResultView::ResultView(QWidget *parent) : QWidget(parent) {
     setMouseTracking(true);
@@ -45,8 +43,9 @@ void ResultView::drawLines(bool on) {
     update();
 }
 
-void ResultView::highlight(int mesh) {
+void ResultView::highlight(int mesh, int corner) {
     highlighted_ = mesh;
+    highlightedCorner_ = corner;
     update();
 }
 
@@ -73,6 +72,8 @@ void ResultView::paintHighlight(QPainter &painter) const {
         painter.drawPolygon(ring);
         painter.setPen(QPen(QColor(255, 210, 0), 2.0));
         painter.drawPolygon(ring);
+        if (highlightedCorner_ != 0)
+            painter.drawEllipse(ring[highlightedCorner_ - 1], 7.0, 7.0);
     }
 }
 
@@ -125,8 +126,20 @@ void ResultView::mouseMoveEvent(QMouseEvent *event) {
             pan(by);
         }
     } else if (probed) {
-        probed(HitScene(scene_, to_, style_.deformation, at.x(), at.y()));
+        probed(hitNear(at), {at.x(), at.y()});
     }
+}
+
+// Also a little beside the tank, so that the nodes of its outline can be met.
+std::optional<SceneHit> ResultView::hitNear(QPointF at) const {
+    constexpr double kBeside = 4.0; // pixels
+    for (const QPointF by : {QPointF(0, 0), QPointF(-1, 0), QPointF(1, 0), QPointF(0, -1), QPointF(0, 1),
+                             QPointF(-1, -1), QPointF(1, -1), QPointF(-1, 1), QPointF(1, 1)}) {
+        const QPointF there = at + kBeside * by;
+        if (const auto hit = HitScene(scene_, to_, style_.deformation, there.x(), there.y()))
+            return hit;
+    }
+    return std::nullopt;
 }
 
 void ResultView::mouseReleaseEvent(QMouseEvent *event) {
@@ -137,9 +150,7 @@ void ResultView::mouseReleaseEvent(QMouseEvent *event) {
 void ResultView::mouseDoubleClickEvent(QMouseEvent * /*event*/) { fit(); }
 
 void ResultView::wheelEvent(QWheelEvent *event) {
-    wheelRest_ += event->angleDelta().y();
-    const int steps = wheelRest_ / kWheelStep;
-    wheelRest_ -= steps * kWheelStep;
+    const int steps = wheel_.take(*event);
     const double scale = std::clamp(to_.scale * std::pow(kZoomStep, steps), kSmallestScale, kLargestScale);
     const double ratio = scale / to_.scale;
     const QPointF at = event->position();
@@ -150,7 +161,7 @@ void ResultView::wheelEvent(QWheelEvent *event) {
 
 void ResultView::leaveEvent(QEvent * /*event*/) {
     if (probed)
-        probed(std::nullopt);
+        probed(std::nullopt, {});
 }
 
 } // namespace havuz

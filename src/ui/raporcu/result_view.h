@@ -2,6 +2,7 @@
 // panned by the middle button as in the main window; a probe under the pointer, and a line that a person draws.
 #pragma once
 
+#include "ui/qt/wheel_steps.h"
 #include "view/result_scene.h"
 
 #include <QImage>
@@ -21,11 +22,11 @@ public:
     const SceneStyle &style() const { return style_; }
     const ResultScene &scene() const { return scene_; }
     void fit();
-    void drawLines(bool on);  // the left button draws a line instead of turning
-    void highlight(int mesh); // 0: none
+    void drawLines(bool on);                  // the left button draws a line instead of turning
+    void highlight(int mesh, int corner = 0); // outlined, and one of its corners 1 to 4 circled; 0: none
     QImage picture() const { return image_; }
 
-    std::function<void(const std::optional<SceneHit> &)> probed;
+    std::function<void(const std::optional<SceneHit> &, ScreenPoint at)> probed;
     std::function<void(ScreenPoint from, ScreenPoint to)> lineDrawn; // pixels
     const SceneTransform &transform() const { return to_; }
 
@@ -50,6 +51,7 @@ private:
     void render();
     void turn(QPointF by);
     void pan(QPointF by);
+    std::optional<SceneHit> hitNear(QPointF at) const;
     void paintHighlight(QPainter &painter) const;
 
     ResultScene scene_;
@@ -58,8 +60,8 @@ private:
     QImage image_; // null: to be painted anew
     QPointF last_, lineFrom_, lineTo_;
     bool fitted_ = false, lineMode_ = false, lineShown_ = false;
-    int highlighted_ = 0;
-    int wheelRest_ = 0; // eighths of a degree
+    int highlighted_ = 0, highlightedCorner_ = 0;
+    WheelSteps wheel_;
 };
 
 } // namespace havuz
