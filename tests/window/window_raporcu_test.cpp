@@ -8,9 +8,11 @@
 #include "x_hand.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableView>
@@ -45,6 +47,7 @@ struct RaporcuDesk {
         services.edit = [](const std::string &) { return false; };
         services.analyse = [](const std::string &) { return "no"; };
         window = std::make_unique<RaporcuWindow>(services);
+        window->move(0, 0);
         window->show();
         load();
     }
@@ -64,6 +67,16 @@ struct RaporcuDesk {
         return window->findChild<Widget *>(QLatin1String(name));
     }
     QString words(const char *name) const { return find<QLabel>(name)->text(); }
+    // By the mouse, on the middle of a cell that is shown.
+    void clickCell(const QTableView &table, int row, int column) const {
+        QCoreApplication::processEvents();
+        const QPoint at = table.viewport()->mapToGlobal(table.visualRect(table.model()->index(row, column)).center());
+        const int before = find<QTabWidget>("tabs")->currentIndex();
+        hand::MoveTo(at.x(), at.y());
+        hand::Press(1);
+        hand::Release(1);
+        wait([&] { return find<QTabWidget>("tabs")->currentIndex() != before; });
+    }
     void turnTo(int page) const {
         find<QTabWidget>("tabs")->setCurrentIndex(page);
         QCoreApplication::processEvents();
@@ -83,6 +96,7 @@ TEST(raporcu, ShowsTheModelAsItWasAnalysedAndSaysWhenItIsOld) {
     EXPECT_TRUE(desk.words("state").contains(QStringLiteral("analiz edildiği hali")));
     EXPECT_TRUE(desk.find<QComboBox>("source")->isEnabled());
     EXPECT_TRUE(desk.find<QTextBrowser>("summary")->toPlainText().contains(QStringLiteral("Zemin gerilmesi")));
+    desk.turnTo(5);
     EXPECT_TRUE(desk.find<QTextBrowser>("report")->toPlainText().contains(QStringLiteral("Hesap Raporu")));
     desk.shell("set Havuz.POL ZeminKo=1500");
     WriteBytes(desk.stem + ".RAP", "{ damaged");
@@ -126,15 +140,78 @@ TEST(raporcu, ThePictureTurnsByTheMouseAndFollowsTheTables) {
     auto *table = desk.find<QTableView>("tableView");
     ASSERT_GT(table->model()->rowCount(), 0);
     const int panel = table->model()->index(1, 0).data().toInt();
-    emit table->clicked(table->model()->index(1, 0));
+    desk.clickCell(*table, 1, 0);
     EXPECT_EQ(desk.find<QTabWidget>("tabs")->currentIndex(), 1);
     EXPECT_EQ(desk.find<QComboBox>("look")->currentData().toInt(), panel);
+}
+
+// The envelope is over the combinations in service; a row of it shows its side of the picture.
+TEST(raporcu, TheEnvelopeHoldsEveryCombinationInPictureAndTable) {
+    RaporcuDesk desk;
+    desk.open();
+    desk.turnTo(1);
+    auto *view = static_cast<ResultView *>(desk.find<QWidget>("picture"));
+    auto *result = desk.find<QComboBox>("case");
+    const auto greatest = [&](const char *key) {
+        result->setCurrentIndex(result->findData(QLatin1String(key)));
+        return ExtremesOf(view->scene())->greatest.value;
+    };
+    const double most = greatest("envelope-most"), test = greatest("test"), full = greatest("full");
+    EXPECT_EQ(most, std::max({test, full, greatest("empty"), greatest("empty-water")}));
+    EXPECT_GT(greatest("envelope-most-u"), most);
+    EXPECT_LE(greatest("envelope-least"), std::min(test, full));
+    desk.turnTo(2);
+    desk.find<QComboBox>("table")->setCurrentIndex(1);
+    auto *table = desk.find<QTableView>("tableView");
+    desk.find<QLineEdit>("filter")->setText(QStringLiteral("M22"));
+    ASSERT_TRUE(RaporcuDesk::wait([&] { return table->model()->index(0, 3).data() == QStringLiteral("M22"); }));
+    const auto cell = [&](int column) { return table->model()->index(0, column).data(Qt::UserRole).toDouble(); };
+    const char *side = std::fabs(cell(5)) > std::fabs(cell(8)) ? "envelope-least" : "envelope-most";
+    desk.clickCell(*table, 0, 5);
+    EXPECT_EQ(desk.find<QTabWidget>("tabs")->currentIndex(), 1);
+    EXPECT_EQ(result->currentData().toString(), QLatin1String(side));
+}
+
+// The L of the first mesher has joints that are not joined: the picture outlines them, and the probe names them.
+TEST(raporcu, BadPlacesOfTheMeshAreMarkedAndTheProbeTellsOfThem) {
+    RaporcuDesk desk;
+    desk.shell("polygon -o Havuz.POL --points '0,0 8,0 8,4 4,4 4,7 0,7' --dp 25 --ds 40 --top 3 --bottom 0");
+    desk.shell("mesh Havuz.POL");
+    desk.open();
+    desk.turnTo(1);
+    auto *view = static_cast<ResultView *>(desk.find<QWidget>("picture"));
+    auto *look = desk.find<QComboBox>("look");
+    look->setCurrentIndex(look->findData(1001));
+    ASSERT_TRUE(RaporcuDesk::wait([&] { return !view->picture().isNull(); }));
+    const auto &faces = view->scene().faces;
+    const auto bad = std::find_if(faces.begin(), faces.end(), [](const ResultFace &f) { return f.marked; });
+    ASSERT_NE(bad, faces.end());
+    EXPECT_LT(std::count_if(faces.begin(), faces.end(), [](const ResultFace &f) { return f.marked; }),
+              static_cast<long>(faces.size()));
+    const auto hover = [&](double x, double y) {
+        const SceneTransform &to = view->transform();
+        const QPoint at =
+            view->mapToGlobal(QPointF(to.x + to.scale * x, to.y - to.scale * y).toPoint()); // flat: y is upward
+        hand::MoveTo(at.x(), at.y());
+    };
+    const SpacePoint a = bad->at[0], c = bad->at[2];
+    hover((a.x + c.x) / 2.0, (a.y + c.y) / 2.0);
+    EXPECT_TRUE(RaporcuDesk::wait([&] { return desk.words("probe").contains(QStringLiteral("mesh raporu")); }))
+        << desk.words("probe").toStdString();
+    hover(8.0, 4.0);
+    EXPECT_TRUE(RaporcuDesk::wait([&] { return desk.words("probe").startsWith(QStringLiteral("<b>nokta ")); }))
+        << desk.words("probe").toStdString();
+    EXPECT_TRUE(desk.words("probe").contains(QStringLiteral("yer (8,00; 4,00)"))) << desk.words("probe").toStdString();
+    desk.find<QCheckBox>("faults")->click();
+    EXPECT_FALSE(std::any_of(view->scene().faces.begin(), view->scene().faces.end(),
+                             [](const ResultFace &f) { return f.marked; }));
 }
 
 TEST(raporcu, AFactorThatIsChangedIsCalculatedAndKept) {
     RaporcuDesk desk;
     desk.open();
     const QString before = desk.find<QTextBrowser>("summary")->toPlainText();
+    desk.turnTo(3);
     auto *table = desk.find<QTableWidget>("combinations");
     const int liquid = 3 + consistent::kLiquid;
     table->item(0, liquid)->setText(QStringLiteral("3,0"));

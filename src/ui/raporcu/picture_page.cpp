@@ -1,29 +1,27 @@
 #include "ui/raporcu/picture_page.h"
 
-#include "model/number_text.h"
+#include "model/failure.h"
+#include "model/write_file.h"
 #include "ui/qt/text.h"
+#include "ui/raporcu/probe_words.h"
 #include "view/svg_canvas.h"
 
+#include <QBuffer>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFile>
 #include <QFileDialog>
-#include <QFormLayout>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <cmath>
 
 namespace havuz {
 
 namespace {
 
 constexpr int kDiagramPoints = 241;
-const QString kSteel = QStringLiteral("AS"); // steel is not a Quantity: its keys are AS and a face and a direction
+constexpr double kNodeReach = 6.0; // pixels: as near to a corner the probe tells of the node
 
-struct SteelChoice {
+struct SteelChoice { // steel is not a Quantity: its keys are AS and a face and a direction
     const char *key, *turkish;
     design::Face face;
     int direction;
@@ -40,87 +38,40 @@ const SteelChoice *FindSteel(const QString &key) {
     return nullptr;
 }
 
-QComboBox *NewList(QFormLayout *form, const char *label, const char *name) {
-    auto *list = new QComboBox;
-    list->setObjectName(QLatin1String(name));
-    form->addRow(QString::fromUtf8(label), list);
-    return list;
-}
-
-QCheckBox *NewMark(QFormLayout *form, const char *label, const char *name, bool on) {
-    auto *mark = new QCheckBox(QString::fromUtf8(label));
-    mark->setObjectName(QLatin1String(name));
-    mark->setChecked(on);
-    form->addRow(mark);
-    return mark;
-}
-
-QLineEdit *NewBox(QFormLayout *form, const char *label, const char *name) {
-    auto *box = new QLineEdit;
-    box->setObjectName(QLatin1String(name));
-    form->addRow(QString::fromUtf8(label), box);
-    return box;
+// Fills a list anew; what was chosen stays chosen where it is still there.
+template <class Fill>
+void Refill(QComboBox *list, Fill fill) {
+    const QVariant kept = list->currentData();
+    list->clear();
+    fill();
+    const int at = list->findData(kept);
+    list->setCurrentIndex(at >= 0 ? at : 0);
 }
 
 } // namespace
 
-PicturePage::PicturePage(QWidget *parent) : Page(parent) {
-    auto *form = new QFormLayout;
-    quantity_ = NewList(form, "sonuç", "quantity");
-    case_ = NewList(form, "durum", "case");
-    look_ = NewList(form, "görünüş", "look");
-    scale_ = NewList(form, "ölçek", "scale");
-    scale_->addItem(QStringLiteral("otomatik"));
-    scale_->addItem(QStringLiteral("sabit"));
-    low_ = NewBox(form, "en küçük", "low");
-    high_ = NewBox(form, "en büyük", "high");
-    smooth_ = NewMark(form, "yumuşak geçiş", "smooth", false);
-    lines_ = NewMark(form, "mesh çizgileri", "lines", true);
-    deformed_ = NewMark(form, "şekil değiştirmiş", "deformed", false);
-    factor_ = NewBox(form, "büyütme", "factor");
-    factor_->setPlaceholderText(QStringLiteral("boyutun % 10'u"));
-    line_ = NewMark(form, "çizgi", "line", false);
-    line_->setToolTip(QStringLiteral("panelin üzerine çekilen çizgi boyunca diyagram ve alanı"));
-    auto *save = new QPushButton(QStringLiteral("resmi sakla..."));
-    save->setObjectName(QStringLiteral("savePicture"));
-    form->addRow(save);
-    probe_ = new QLabel;
-    probe_->setObjectName(QStringLiteral("probe"));
-    probe_->setWordWrap(true);
-    probe_->setMinimumHeight(190);
-    probe_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    auto *side = new QWidget;
-    auto *column = new QVBoxLayout(side);
-    column->addLayout(form);
-    column->addWidget(probe_);
-    column->addStretch(1);
-    side->setFixedWidth(270);
-    view_ = new ResultView(this);
+PicturePage::PicturePage(QWidget *parent)
+    : Page(parent), side_(new PictureSide(this)), view_(new ResultView(this)), diagram_(new LineDiagram(this)) {
     view_->setObjectName(QStringLiteral("picture"));
-    diagram_ = new LineDiagram(this);
+    diagram_->setObjectName(QStringLiteral("diagram"));
     diagram_->hide();
     auto *right = new QVBoxLayout;
     right->addWidget(view_, 1);
     right->addWidget(diagram_);
     auto *row = new QHBoxLayout(this);
-    row->addWidget(side);
+    row->addWidget(side_);
     row->addLayout(right, 1);
-
-    for (QComboBox *list : {quantity_, case_})
-        connect(list, &QComboBox::currentIndexChanged, this, [this] { redraw(false); });
-    connect(look_, &QComboBox::currentIndexChanged, this, [this] { redraw(true); });
-    connect(scale_, &QComboBox::currentIndexChanged, this, [this] { takeStyle(); });
-    for (QCheckBox *mark : {smooth_, lines_, deformed_})
-        connect(mark, &QCheckBox::toggled, this, [this] { takeStyle(); });
-    for (QLineEdit *box : {low_, high_, factor_})
-        connect(box, &QLineEdit::editingFinished, this, [this] { takeStyle(); });
-    connect(line_, &QCheckBox::toggled, this, [this](bool on) {
+    side_->resultChanged = [this] { redraw(false); };
+    side_->lookChanged = [this] { redraw(true); };
+    side_->styleChanged = [this] { takeStyle(); };
+    side_->saveAsked = [this] { savePicture(); };
+    side_->lineToggled = [this](bool on) {
         view_->drawLines(on);
         diagram_->setVisible(on);
-    });
-    connect(save, &QPushButton::clicked, this, [this] { savePicture(); });
-    view_->probed = [this](const std::optional<SceneHit> &hit) { probe(hit); };
+    };
+    view_->probed = [this](const std::optional<SceneHit> &hit, ScreenPoint at) { probe(hit, at); };
     view_->lineDrawn = [this](ScreenPoint from, ScreenPoint to) { diagram(from, to); };
+    probe(std::nullopt, {});
 }
 
 void PicturePage::show(const Answer &answer) {
@@ -137,86 +88,93 @@ void PicturePage::takeSource(bool files) {
     }
 }
 
-// The lists of the source; what was chosen stays chosen where it is still there.
 void PicturePage::fillLists() {
     filling_ = true;
-    const auto refill = [](QComboBox *list, const auto &fill) {
-        const QVariant kept = list->currentData();
-        list->clear();
-        fill();
-        const int at = list->findData(kept);
-        list->setCurrentIndex(at >= 0 ? at : 0);
-    };
-    refill(quantity_, [this] {
-        for (const Quantity &q : Quantities())
-            if (!files_ || InFiles(q))
-                quantity_->addItem(ToQt(q.turkish), ToQt(q.key));
-        for (const SteelChoice &s : kSteelChoices)
-            if (!files_)
-                quantity_->addItem(QString::fromUtf8(s.turkish), QLatin1String(s.key));
-    });
-    refill(case_, [this] {
-        if (files_) {
-            for (std::size_t c = 0; c < answer_->columns.size(); ++c)
-                case_->addItem(QStringLiteral("%1. %2").arg(c + 1).arg(ToQt(answer_->columns[c])),
-                               static_cast<int>(c) + 1);
-            return;
-        }
-        for (const design::DesignCombination &c : answer_->basis.combinations)
-            case_->addItem(ToQt(design::TurkishName(c.sum.key)), ToQt(c.sum.key));
-        for (const consistent::Case c : consistent::kAllCases)
-            if (answer_->analysis->active(c))
-                case_->addItem(ToQt(consistent::NameOf(c).key) + QStringLiteral("  ") +
-                                   ToQt(consistent::NameOf(c).turkish),
-                               ToQt(consistent::NameOf(c).key));
-    });
-    refill(look_, [this] {
-        look_->addItem(QStringLiteral("döndürülmüş"), 0);
-        look_->addItem(QStringLiteral("plan"), -1);
+    const bool first = side_->quantity->count() == 0;
+    Refill(side_->quantity, [this] { fillQuantities(); });
+    Refill(side_->result, [this] { fillResults(); });
+    Refill(side_->look, [this] {
+        side_->look->addItem(QStringLiteral("döndürülmüş"), 0);
+        side_->look->addItem(QStringLiteral("plan"), -1);
         for (const auto &[number, panel] : answer_->tank.panels)
-            look_->addItem(ToQt(PanelWords(panel)), number);
+            side_->look->addItem(ToQt(PanelWords(panel)) + QStringLiteral(", açılmış"), number);
     });
-    if (quantity_->currentIndex() == 0 && !files_)
-        quantity_->setCurrentIndex(quantity_->findData(QStringLiteral("M22")));
+    if (first)
+        side_->quantity->setCurrentIndex(side_->quantity->findData(QStringLiteral("M22")));
+    const bool faulty = std::any_of(answer_->meshFaults.begin(), answer_->meshFaults.end(),
+                                    [](const MeshFault &f) { return !f.meshes.empty(); });
+    side_->faults->setEnabled(faulty);
     filling_ = false;
 }
 
+void PicturePage::fillQuantities() {
+    for (const Quantity &q : Quantities())
+        if (!files_ || InFiles(q))
+            side_->quantity->addItem(ToQt(q.turkish), ToQt(q.key));
+    for (const SteelChoice &s : kSteelChoices)
+        if (!files_)
+            side_->quantity->addItem(QString::fromUtf8(s.turkish), QLatin1String(s.key));
+}
+
+void PicturePage::fillResults() {
+    results_.clear();
+    if (files_) {
+        for (std::size_t c = 0; c < answer_->columns.size(); ++c)
+            side_->result->addItem(QStringLiteral("%1. %2").arg(c + 1).arg(ToQt(answer_->columns[c])),
+                                   static_cast<int>(c) + 1);
+        return;
+    }
+    results_ = PictureResults(*answer_);
+    for (const PictureResult &r : results_)
+        side_->result->addItem(ToQt(r.turkish), ToQt(r.key));
+}
+
 PictureChoice PicturePage::choice() const {
-    const int look = look_->currentData().toInt();
+    const int look = side_->look->currentData().toInt();
     if (look == 0)
         return {SceneLook::Rotated, 0};
     return look < 0 ? PictureChoice{SceneLook::Plan, 0} : PictureChoice{SceneLook::Flat, look};
 }
 
-const consistent::CaseResult *PicturePage::result() const {
-    const std::string key = FromQt(case_->currentData().toString());
-    for (const auto *list : {&answer_->design.combinations, &answer_->design.cases})
-        for (const consistent::CaseResult &r : *list)
-            if (r.key == key)
-                return &r;
-    return nullptr;
+const Quantity *PicturePage::quantity() const {
+    return FindQuantity(FromQt(side_->quantity->currentData().toString()));
 }
 
 std::string PicturePage::nameOfResult() const {
-    return FromQt(quantity_->currentText() + QStringLiteral("   ") + case_->currentText() + QStringLiteral("   ") +
-                  look_->currentText() + QStringLiteral("   [") +
+    const bool steel = quantity() == nullptr; // of all combinations
+    return FromQt(side_->quantity->currentText() + QStringLiteral("   ") +
+                  (steel ? QString() : side_->result->currentText() + QStringLiteral("   ")) +
+                  side_->look->currentText() + QStringLiteral("   [") +
                   (files_ ? QStringLiteral(".SON dosyası") : QStringLiteral("tutarlı hesap")) + QStringLiteral("]"));
 }
 
 ResultScene PicturePage::makeScene() const {
-    if (const SteelChoice *steel = FindSteel(quantity_->currentData().toString()))
+    if (const SteelChoice *steel = FindSteel(side_->quantity->currentData().toString()))
         return SceneOfSteel(answer_->tank, answer_->design.steel, steel->face, steel->direction, choice());
-    const Quantity *quantity = FindQuantity(FromQt(quantity_->currentData().toString()));
     if (files_)
-        return SceneOfFiles(answer_->stem, case_->currentData().toInt(), *quantity, choice(), answer_->tank);
-    return SceneOf(*answer_->analysis, *result(), *quantity, choice());
+        return SceneOfFiles(answer_->stem, side_->result->currentData().toInt(), *quantity(), choice(), answer_->tank);
+    return SceneOf(*answer_, results_[static_cast<std::size_t>(side_->result->currentIndex())], *quantity(), choice());
+}
+
+void PicturePage::markFaults(ResultScene &scene) const {
+    for (ResultFace &face : scene.faces)
+        for (const MeshFault &fault : answer_->meshFaults)
+            face.marked = face.marked || std::binary_search(fault.meshes.begin(), fault.meshes.end(), face.mesh);
 }
 
 void PicturePage::redraw(bool refit) {
-    if (filling_ || !answer_ || quantity_->currentIndex() < 0 || case_->currentIndex() < 0)
+    if (filling_ || !answer_ || side_->quantity->currentIndex() < 0 || side_->result->currentIndex() < 0)
         return;
-    ResultScene scene = makeScene();
+    ResultScene scene;
+    try {
+        scene = makeScene();
+    } catch (const RuntimeFailure &failure) { // a file that went or was cut since
+        tell(FailureInTurkish(failure));
+    }
     scene.title = nameOfResult();
+    if (side_->faults->isChecked())
+        markFaults(scene);
+    side_->result->setEnabled(quantity() != nullptr);
     view_->highlight(0);
     view_->setScene(std::move(scene), refit);
     takeStyle();
@@ -224,51 +182,23 @@ void PicturePage::redraw(bool refit) {
 
 void PicturePage::takeStyle() {
     SceneStyle style;
-    style.smooth = smooth_->isChecked();
-    style.meshLines = lines_->isChecked();
-    if (deformed_->isChecked()) {
-        const double factor = ParseNumber(FromQt(factor_->text()));
-        style.deformation = factor > 0.0 ? factor : UsualDeformation(view_->scene());
-    }
-    const bool fixed = scale_->currentIndex() == 1;
-    low_->setEnabled(fixed);
-    high_->setEnabled(fixed);
-    factor_->setEnabled(deformed_->isChecked());
-    const double low = ParseNumber(FromQt(low_->text())), high = ParseNumber(FromQt(high_->text()));
-    if (fixed && low < high)
-        style.range = {low, high};
+    style.smooth = side_->smooth->isChecked();
+    style.meshLines = side_->lines->isChecked();
+    style.marks = side_->marks->isChecked();
+    style.deformation = side_->deformation().value_or(UsualDeformation(view_->scene()));
+    style.range = side_->range();
     view_->setStyle(style);
 }
 
-// The place under the pointer, and there the values of all cases.
-void PicturePage::probe(const std::optional<SceneHit> &hit) {
+void PicturePage::probe(const std::optional<SceneHit> &hit, ScreenPoint at) {
     if (!hit || !answer_) {
-        probe_->setText(QStringLiteral("sürükle: döndür   tekerlek: büyüt\norta düğme: kaydır   çift tık: sığdır"));
+        side_->probe->setText(QStringLiteral("sürükle: döndür; tekerlek: büyüt<br>orta düğme: kaydır; "
+                                             "çift tık: sığdır<br>imleç: nokta ya da mesh, bütün durumlar"));
         return;
     }
-    const ResultScene &scene = view_->scene();
-    const ResultFace &face = scene.faces[hit->face];
-    const auto number = [](double v, int d) { return ToQt(DecimalCommaText(v, d)); };
-    QString text = QStringLiteral("<b>mesh %1</b>, %2<br>")
-                       .arg(face.mesh)
-                       .arg(ToQt(PanelWords(answer_->tank.panels.at(face.panel))));
-    text +=
-        QStringLiteral("yer (%1; %2; %3) m<br>").arg(number(hit->at.x, 2), number(hit->at.y, 2), number(hit->at.z, 2));
-    if (face.hasValue)
-        text += QStringLiteral("<b>%1 %2</b><br>").arg(number(hit->value, scene.decimals), ToQt(scene.unit));
-    const Quantity *quantity = FindQuantity(FromQt(quantity_->currentData().toString()));
-    if (quantity == nullptr || files_) {
-        probe_->setText(text);
-        return;
-    }
-    text += QStringLiteral("<table>");
-    for (const consistent::CaseResult &r : answer_->design.cases) {
-        const auto value = ValueAt(*answer_->analysis, r, *quantity, face.mesh);
-        if (value && *value != 0.0)
-            text += QStringLiteral("<tr><td>%1&nbsp;&nbsp;</td><td align=right>%2 %3</td></tr>")
-                        .arg(ToQt(r.key), number(*value, quantity->decimals), ToQt(quantity->unit));
-    }
-    probe_->setText(text + QStringLiteral("</table>(meshin ortasında)"));
+    const int corner =
+        CornerNear(view_->scene(), view_->transform(), view_->style().deformation, hit->face, at, kNodeReach);
+    side_->probe->setText(ProbeWords(*answer_, view_->scene(), {*hit, corner}, quantity(), files_));
 }
 
 void PicturePage::diagram(ScreenPoint from, ScreenPoint to) {
@@ -289,33 +219,54 @@ void PicturePage::diagram(ScreenPoint from, ScreenPoint to) {
 }
 
 void PicturePage::savePicture() {
-    const QString path =
-        QFileDialog::getSaveFileName(this, QStringLiteral("Resmi sakla"), {}, QStringLiteral("Resimler (*.png *.svg)"));
+    const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Resmi sakla"),
+                                                      answer_ ? ToQt(answer_->stem) + QStringLiteral(".png") : "",
+                                                      QStringLiteral("Resimler (*.png *.svg)"));
     if (path.isEmpty())
         return;
-    if (!path.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive)) {
-        view_->picture().save(path, "PNG");
-        return;
+    std::string bytes;
+    if (path.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive)) {
+        SvgCanvas canvas(view_->width(), view_->height());
+        DrawScene(canvas, view_->scene(), view_->style(), view_->transform());
+        bytes = canvas.document(view_->scene().title);
+    } else {
+        QByteArray png;
+        QBuffer buffer(&png);
+        view_->picture().save(&buffer, "PNG");
+        bytes = png.toStdString();
     }
-    SvgCanvas canvas(view_->width(), view_->height());
-    DrawScene(canvas, view_->scene(), view_->style(), view_->transform());
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly))
-        file.write(QByteArray::fromStdString(canvas.document(view_->scene().title)));
+    try {
+        WriteWholeFile(FromQt(path), bytes);
+        tell("YAZILDI: " + FromQt(path));
+    } catch (const RuntimeFailure &failure) {
+        tell(FailureInTurkish(failure));
+    }
 }
 
+// A place without a panel is shown in the view that stands, or on the panel of its mesh.
 void PicturePage::showAt(const ShownPlace &place) {
     const auto choose = [](QComboBox *list, const QVariant &value) {
         const int at = list->findData(value);
         if (at >= 0)
             list->setCurrentIndex(at);
     };
+    int mesh = place.mesh, panel = place.panel, corner = 0;
+    for (const consistent::TankMesh &m : answer_->tank.meshes) {
+        if (mesh != 0 ? m.mesh != mesh : std::find(m.node.begin(), m.node.end(), place.node) == m.node.end())
+            continue;
+        mesh = m.mesh;
+        panel = panel != 0 ? panel : m.panel;
+        const auto found = std::find(m.node.begin(), m.node.end(), place.node);
+        corner = found == m.node.end() ? 0 : static_cast<int>(found - m.node.begin()) + 1;
+        break;
+    }
     if (!place.quantity.empty())
-        choose(quantity_, ToQt(place.quantity));
+        choose(side_->quantity, ToQt(place.quantity));
     if (!place.key.empty())
-        choose(case_, ToQt(place.key));
-    choose(look_, place.panel);
-    view_->highlight(place.mesh);
+        choose(side_->result, ToQt(place.key));
+    if (panel != 0)
+        choose(side_->look, panel);
+    view_->highlight(mesh, corner);
 }
 
 } // namespace havuz

@@ -2,6 +2,7 @@
 
 #include "consistent/failure.h"
 #include "model/failure.h"
+#include "report/answer_report.h"
 #include "ui/kit/vek_top_bar.h"
 #include "ui/qt/text.h"
 
@@ -42,7 +43,7 @@ void RaporcuWindow::layOutTop(VekTopBar *top) {
     top->add(source_);
     top->add(anew_);
     top->add(edit_);
-    connect(source_, &QComboBox::currentIndexChanged, this, [this](int at) { picture_->takeSource(at == 1); });
+    connect(source_, &QComboBox::currentIndexChanged, this, [this](int at) { takeSource(at == 1); });
     connect(edit_, &QPushButton::clicked, this, [this] {
         if (!services_.edit(stem_))
             tell("HAVUZ BASLATILAMADI");
@@ -79,13 +80,10 @@ void RaporcuWindow::layOut() {
     column->addWidget(tabs_, 1);
     column->addLayout(foot);
     tabs_->setEnabled(false);
-    const auto show = [this](const ShownPlace &place) {
-        picture_->showAt(place);
-        tabs_->setCurrentWidget(picture_);
-    };
-    tables_->showPlace = show;
-    steel_->showPlace = show;
-    tables_->tell = report_->tell = [this](const std::string &words) { tell(words); };
+    connect(tabs_, &QTabWidget::currentChanged, this, [this] { showStale(tabs_->currentWidget()); });
+    for (Page *page : {static_cast<Page *>(tables_), static_cast<Page *>(steel_)})
+        page->showPlace = [this](const ShownPlace &place) { showPlace(place); };
+    picture_->tell = tables_->tell = report_->tell = [this](const std::string &words) { tell(words); };
     combinations_->changed = [this](const std::vector<design::DesignCombination> &c) { takeCombinations(c); };
 }
 
@@ -109,52 +107,91 @@ void RaporcuWindow::load(const std::string &stem) {
     }
 }
 
-// The analysis works on the answer alone: the window stays free.
+// The analysis works on the answer alone: the window stays free. Buttons that read or write the model wait for its end.
 void RaporcuWindow::start(std::shared_ptr<TankAnswer> answer) {
     if (thread_.joinable())
         thread_.join();
     progress_->show();
     edit_->setEnabled(false);
     anew_->setEnabled(false);
-    thread_ = std::thread([this, answer] {
-        QString failure;
-        try {
-            AnalyseAnswer(*answer, [this](const std::string &words) {
-                QMetaObject::invokeMethod(
-                    this, [this, text = ToQt(words)] { step(text); }, Qt::QueuedConnection);
-            });
-        } catch (const consistent::AnalysisFailure &f) {
-            failure = ToQt(f.turkish());
-        } catch (const RuntimeFailure &f) {
-            failure = ToQt(FailureInTurkish(f));
-        } catch (const std::exception &f) {
-            failure = QString::fromUtf8(f.what());
-        }
-        QMetaObject::invokeMethod(
-            this, [this, answer, failure] { finish(answer, failure); }, Qt::QueuedConnection);
-    });
+    ++round_;
+    thread_ = std::thread([this, answer, round = round_] { work(answer, round); });
+}
+
+// What a round that was overtaken still has to say is not heard.
+void RaporcuWindow::later(int round, std::function<void()> act) {
+    QMetaObject::invokeMethod(
+        this,
+        [this, round, act = std::move(act)] {
+            if (round == round_)
+                act();
+        },
+        Qt::QueuedConnection);
+}
+
+// Beside the window: the analysis, which the pages show at once, then the words of the summary, which look again at the
+// run's files.
+void RaporcuWindow::work(const std::shared_ptr<TankAnswer> &answer, int round) {
+    QString failure;
+    const auto later = [&](std::function<void()> act) { this->later(round, std::move(act)); };
+    try {
+        AnalyseAnswer(*answer, [&](const std::string &words) { later([this, text = ToQt(words)] { step(text); }); });
+        later([this, answer] { take(answer); });
+        later([this] { step(QStringLiteral("özet yazılıyor")); });
+        const QString summary = ToQt(SummaryHtml(*answer));
+        later([this, summary] { summary_->showWords(summary); });
+    } catch (const consistent::AnalysisFailure &f) {
+        failure = ToQt(f.turkish());
+    } catch (const RuntimeFailure &f) {
+        failure = ToQt(FailureInTurkish(f));
+    } catch (const std::exception &f) {
+        failure = QString::fromUtf8(f.what());
+    }
+    later([this, failure] { finish(failure); });
 }
 
 void RaporcuWindow::step(const QString &words) { status_->setText(words + QStringLiteral(" ...")); }
 
-void RaporcuWindow::finish(const std::shared_ptr<TankAnswer> &answer, const QString &failure) {
+void RaporcuWindow::take(const Answer &answer) {
+    answer_ = answer;
+    tabs_->setEnabled(true);
+    stale_ = {picture_, tables_, combinations_, steel_, report_};
+    source_->setEnabled(answer_->hasFiles);
+    if (!answer_->hasFiles)
+        source_->setCurrentIndex(0);
+    showStale(tabs_->currentWidget());
+    tellState();
+}
+
+void RaporcuWindow::finish(const QString &failure) {
     thread_.join();
     progress_->hide();
     edit_->setEnabled(true);
     anew_->setEnabled(true);
-    if (!failure.isEmpty()) {
+    if (!failure.isEmpty())
         failed(failure);
-        return;
-    }
-    answer_ = answer;
-    tabs_->setEnabled(true);
-    for (Page *page : {static_cast<Page *>(summary_), static_cast<Page *>(picture_), static_cast<Page *>(tables_),
-                       static_cast<Page *>(combinations_), static_cast<Page *>(steel_), static_cast<Page *>(report_)})
-        page->show(answer_);
-    source_->setEnabled(answer_->hasFiles);
-    if (!answer_->hasFiles)
-        source_->setCurrentIndex(0);
-    tellState();
+    else
+        tellSize();
+}
+
+void RaporcuWindow::showStale(QWidget *page) {
+    if (stale_.erase(page) != 0)
+        static_cast<Page *>(page)->show(answer_);
+}
+
+// Tables and steel are of the consistent analysis.
+void RaporcuWindow::showPlace(const ShownPlace &place) {
+    source_->setCurrentIndex(0);
+    showStale(picture_);
+    picture_->showAt(place);
+    tabs_->setCurrentWidget(picture_);
+}
+
+void RaporcuWindow::takeSource(bool files) {
+    picture_->takeSource(files);
+    tables_->takeSource(files);
+    if (answer_)
+        tellState();
 }
 
 // Where the model comes from, and what is missing or old.
@@ -166,10 +203,16 @@ void RaporcuWindow::tellState() {
         words << QStringLiteral("<b>Model bu analizden sonra değişti</b>");
     if (!answer_->hasFiles)
         words << QStringLiteral(".SON yok");
+    words << (source_->currentIndex() == 0
+                  ? QStringLiteral("Gösterilen: tutarlı hesap")
+                  : QStringLiteral("Gösterilen: Resim ve uç değerler .SON dosyası, ötekiler tutarlı hesap"));
     if (!answer_->settings.turkish.empty())
         words << ToQt(answer_->settings.turkish).toHtmlEscaped();
     state_->setText(words.join(QStringLiteral("   |   ")));
     anew_->setVisible(answer_->changed || !answer_->hasFiles);
+}
+
+void RaporcuWindow::tellSize() {
     status_->setText(QStringLiteral("%1 nokta, %2 mesh, %3 denklem")
                          .arg(answer_->tank.nodes.size() - 1)
                          .arg(answer_->tank.meshes.size())
@@ -178,7 +221,7 @@ void RaporcuWindow::tellState() {
 
 // Kept beside the project; where that cannot be written the calculation goes on with them all the same.
 void RaporcuWindow::takeCombinations(const std::vector<design::DesignCombination> &combinations) {
-    if (!answer_ || busy())
+    if (!answer_)
         return;
     auto next = std::make_shared<TankAnswer>(*answer_);
     next->settings.settings.combinations = combinations;

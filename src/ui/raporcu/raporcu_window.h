@@ -9,6 +9,7 @@
 #include "ui/raporcu/text_pages.h"
 
 #include <QWidget>
+#include <set>
 #include <string>
 #include <thread>
 
@@ -37,17 +38,24 @@ public:
     RaporcuWindow(const RaporcuWindow &) = delete;
     RaporcuWindow &operator=(const RaporcuWindow &) = delete;
 
-    void load(const std::string &stem); // without extension
-    bool busy() const { return thread_.joinable(); }
+    void load(const std::string &stem);              // without extension
+    bool busy() const { return thread_.joinable(); } // analysing, or at the words of the summary
 
 private:
     void layOut();
     void layOutTop(VekTopBar *top);
     void start(std::shared_ptr<TankAnswer> answer);
-    void finish(const std::shared_ptr<TankAnswer> &answer, const QString &failure);
+    void work(const std::shared_ptr<TankAnswer> &answer, int round);
+    void later(int round, std::function<void()> act);
+    void take(const Answer &answer);
+    void finish(const QString &failure);
+    void showStale(QWidget *page);
+    void showPlace(const ShownPlace &place);
+    void takeSource(bool files);
     void step(const QString &words);
     void tell(const std::string &words);
     void tellState();
+    void tellSize();
     void failed(const QString &words);
     void takeCombinations(const std::vector<design::DesignCombination> &combinations);
     void analyseAnew();
@@ -56,6 +64,8 @@ private:
     std::string stem_;
     Answer answer_;
     std::thread thread_;
+    int round_ = 0;             // of the analyses that were started
+    std::set<QWidget *> stale_; // pages that have not seen the answer yet: each is filled when a person turns to it
     QComboBox *source_;
     QPushButton *edit_, *anew_;
     QLabel *state_, *status_;

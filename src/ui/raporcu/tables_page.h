@@ -1,17 +1,14 @@
-// "Tablolar": every table of the results, sorted, filtered, copied, written as CSV; a row that is clicked is shown in
-// the picture.
+// "Tablolar": the tables that scripts read too, sorted, filtered, copied, written as CSV; a row shows its place.
 #pragma once
 
+#include "ui/raporcu/csv_model.h"
 #include "ui/raporcu/page.h"
-
-#include <string>
-#include <vector>
 
 class QComboBox;
 class QLineEdit;
 class QSortFilterProxyModel;
-class QStandardItemModel;
 class QTableView;
+class QTimer;
 
 namespace havuz {
 
@@ -19,26 +16,27 @@ class TablesPage : public Page {
 public:
     explicit TablesPage(QWidget *parent = nullptr);
     void show(const Answer &answer) override;
+    void takeSource(bool files);                        // extremes of .DEP and .SON besides
     std::function<void(const std::string &words)> tell; // the status line
 
 private:
+    void layOut();
+    void makeTables();
     void fill();
     void copy();
     void writeFiles();
     void rowClicked(const QModelIndex &index);
-    QString cell(int row, const char *column) const;
+    QList<int> chosenRows() const; // of the view, as shown
 
     Answer answer_;
-    std::vector<std::pair<std::string, std::string>> tables_; // file, text
+    bool files_ = false;
+    std::vector<std::pair<std::string, std::string>> tables_; // file name, CSV text in international style
     QComboBox *table_;
     QLineEdit *filter_;
-    QTableView *view_;
-    QStandardItemModel *model_;
+    QTimer *soon_; // filters when a person has stopped typing
+    CsvModel *model_;
     QSortFilterProxyModel *sorted_;
+    QTableView *view_;
 };
-
-// Greatest and least values of each result by panel and case or combination, with their places: head
-// panel,kind,case,result,unit,least,mesh_least,greatest,mesh_greatest.
-std::string ExtremesTable(const TankAnswer &answer);
 
 } // namespace havuz

@@ -24,12 +24,12 @@ static QTextBrowser *NewText(const char *name) {
     return text;
 }
 
-SummaryPage::SummaryPage(QWidget *parent) : Page(parent), text_(NewText("summary")) {
+SummaryPage::SummaryPage(QWidget *parent) : QWidget(parent), text_(NewText("summary")) {
     auto *column = new QVBoxLayout(this);
     column->addWidget(text_);
 }
 
-void SummaryPage::show(const Answer &answer) { text_->setHtml(ToQt(SummaryHtml(*answer))); }
+void SummaryPage::showWords(const QString &html) { text_->setHtml(html); }
 
 ReportPage::ReportPage(QWidget *parent) : Page(parent), text_(NewText("report")) {
     auto *save = new QPushButton(QStringLiteral("raporu sakla (PDF, HTML)..."));

@@ -7,10 +7,10 @@ class QTextBrowser;
 
 namespace havuz {
 
-class SummaryPage : public Page {
+class SummaryPage : public QWidget {
 public:
     explicit SummaryPage(QWidget *parent = nullptr);
-    void show(const Answer &answer) override;
+    void showWords(const QString &html); // from SummaryHtml
 
 private:
     QTextBrowser *text_;
