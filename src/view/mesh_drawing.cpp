@@ -21,8 +21,6 @@
 
 namespace havuz {
 
-static constexpr int kResults = 5;
-
 static bool Held(int node) { return HoldsTranslation(NoktaTable[node].Mesnet); }
 
 static std::array<ScreenPoint, 5> MeshRing(int mesh) {
@@ -131,7 +129,7 @@ static void DrawNodesPlan(Surface &scr) {
 
 // Number 1..5 of the first result that is chosen, 0 for none.
 static int ChosenResult(ViewWindow &window) {
-    for (int i = 0; i < kResults; ++i)
+    for (int i = 0; i < kResultOptions; ++i)
         if (window.ResultChosen(i))
             return i + 1;
     return 0;

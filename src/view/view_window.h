@@ -8,6 +8,9 @@ constexpr int kLeftButton = 1;
 constexpr int kRightButton = 2;
 constexpr int kMiddleButton = 4;
 
+// Results that the mesh view can show beside each node: columns 1..5 of the run, Option1 (0..4) of the main window.
+constexpr int kResultOptions = 5;
+
 class ViewWindow {
 public:
     virtual ~ViewWindow() = default;

@@ -27,9 +27,6 @@ std::span<const ToolRow> Tools();
 const ToolRow *ToolOf(Element button); // none: nullptr
 int ToolFrame(const ToolRow &tool);    // index of the Frame that holds it
 
-// Results that the mesh view can show beside each node: Option1 (0..4).
-constexpr int kResultOptions = 5;
-
 // Prompts that the pointer gives again.
 inline constexpr const char *kMovePrompt = "PLAK KENARI veya NOKTA SECIN < ESC : IPTAL >";
 inline constexpr const char *kFixedPrompt = "SABIT PLAK KENARI veya SABIT NOKTA SECIN < ESC : IPTAL >";
