@@ -105,9 +105,11 @@ TEST(Views, TheWheelsZoomSurvivesAPickAndAResultCanBeSwitchedOff) {
     EXPECT_EQ(MeshScale, scale);
     desk.click(kZoomAllTool);
     EXPECT_NE(MeshScale, scale);
+    ProjeYolu = desk.program.file("P");
     desk.click(kPointLoadTool);
     EXPECT_TRUE(desk.click(Option1(2)));
     EXPECT_TRUE(desk.window.Checked(Option1(2)));
+    EXPECT_EQ(desk.prompt(), "SONUC YOK: ONCE FEA ANALIZI");
     EXPECT_TRUE(desk.click(Option1(2)));
     EXPECT_FALSE(desk.window.Checked(Option1(2)));
 }

@@ -371,6 +371,8 @@ TEST(Drawings, DisplacementsOfTheChosenResult) {
     window.result = 1; // the second: column 2
     DrawMeshView(scr, window);
     EXPECT_TRUE(MatchesGolden("drawing_displacements.txt", scr.log));
+    EXPECT_EQ(GreatestDisplacements(2), "SUTUN 2, mm: YATAY EN COK 5 (NOKTA 1), DUSEY EN COK -5 (NOKTA 3)");
+    EXPECT_EQ(GreatestDisplacements(1), "SUTUN 1: YERDEGISTIRME YOK");
     EXPECT_EQ(window.log.find("older"), std::string::npos);
     EXPECT_EQ(scr.pen.lineWidth, 1);
     scr.log.clear();

@@ -2,6 +2,7 @@
 
 #include "model/arithmetic.h"
 #include "model/failure.h"
+#include "model/number_text.h"
 #include "model/result_records.h"
 #include "model/store.h"
 
@@ -15,6 +16,8 @@
 namespace havuz {
 
 static constexpr double kLongestMark = 30.0; // pixels
+
+static std::size_t Place(int node) { return static_cast<std::size_t>(node); }
 
 static double Single(const unsigned char *bytes) {
     std::uint32_t bits = 0;
@@ -53,16 +56,36 @@ LoadCase ReadLoadCase(int column) {
     CheckColumn(column);
     std::ifstream file = OpenDisplacements();
     LoadCase result;
-    result.node.resize(static_cast<std::size_t>(NoktaCount) + 1);
+    result.node.resize(Place(NoktaCount) + 1);
     double longest = 0.0;
     for (int i = 1; i <= NoktaCount; ++i) {
         const Displacement d = ReadRecord(file, i, column);
-        result.node[static_cast<std::size_t>(i)] = d;
+        result.node[Place(i)] = d;
         longest = std::max(longest, MarkLength(d));
     }
     if (longest > 0.0)
         result.factor = kLongestMark / longest;
     return result;
+}
+
+std::string MillimetreText(double metres) { return PictureText(1000.0 * metres, "##0.###"); }
+
+std::string GreatestDisplacements(int column) {
+    const LoadCase read = ReadLoadCase(column);
+    int plan = 0, vertical = 0;
+    const auto planPart = [&](int i) { return Distance2(read.node[Place(i)].x, read.node[Place(i)].y); };
+    const auto verticalPart = [&](int i) { return read.node[Place(i)].z; };
+    for (int i = 1; i <= NoktaCount; ++i) {
+        if (planPart(i) > planPart(plan))
+            plan = i;
+        if (std::fabs(verticalPart(i)) > std::fabs(verticalPart(vertical)))
+            vertical = i;
+    }
+    if (plan == 0 && vertical == 0)
+        return "SUTUN " + std::to_string(column) + ": YERDEGISTIRME YOK";
+    return "SUTUN " + std::to_string(column) + ", mm: YATAY EN COK " + MillimetreText(planPart(plan)) + " (NOKTA " +
+           std::to_string(plan) + "), DUSEY EN COK " + MillimetreText(verticalPart(vertical)) + " (NOKTA " +
+           std::to_string(vertical) + ")";
 }
 
 } // namespace havuz

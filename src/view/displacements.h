@@ -2,6 +2,7 @@
 // 32-bit numbers each (ux, uy, uz in m, rx, ry, rz in radians), least significant byte first.
 #pragma once
 
+#include <string>
 #include <vector>
 
 namespace havuz {
@@ -22,5 +23,11 @@ struct LoadCase {
     double factor = 0.0;            // pixels per metre: the longest mark is as long as the arrow of a point load
 };
 LoadCase ReadLoadCase(int column);
+
+// A length in m as millimetres: "1.492".
+std::string MillimetreText(double metres);
+
+// The greatest plan part and the greatest vertical part of a column in mm, in words for the prompt line.
+std::string GreatestDisplacements(int column);
 
 } // namespace havuz

@@ -100,10 +100,9 @@ void DrawDisplacement(Surface &scr, int node, const LoadCase &result) {
     scr.pen.lineWidth = kWidePen;
     const double u = 2.0 * moved.x * result.factor / MeshScale;
     const double v = 2.0 * moved.y * result.factor / MeshScale;
-    const double length = Distance2(u, v);
-    if (length > 0.0) {
+    if (Distance2(u, v) > 0.0) {
         DrawSide(scr, at, MeshScreen(n.X + u, n.Y + v, n.Z), kQbLightRed);
-        DrawLabel(scr, PictureText(length, "##0.###"), at.x, at.y, kQbYellow);
+        DrawLabel(scr, MillimetreText(Distance2(moved.x, moved.y)), at.x, at.y, kQbYellow);
     }
     const double w = moved.z * result.factor / MeshScale;
     if (w != 0.0)

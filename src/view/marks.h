@@ -19,7 +19,7 @@ void DrawAxisMark(Surface &scr);
 // The point load of a node as an arrow of 30 pixels down to it; nothing without a load, and in plan.
 void DrawPointLoadArrow(Surface &scr, int node);
 
-// The displacement of a node in a load case: its plan part as a line with its length, then its vertical part.
+// The displacement of a node in a load case: its plan part as a line with its length in mm, then its vertical part.
 void DrawDisplacement(Surface &scr, int node, const LoadCase &result);
 
 } // namespace havuz

@@ -1,7 +1,9 @@
 // View commands, and what the mesh and plate tools do besides arming a command.
+#include "model/analysed_project.h"
 #include "ui/commands/tools.h"
 #include "ui/forms/dialogs.h"
 #include "ui/window/view_habits.h"
+#include "view/displacements.h"
 #include "view/overview.h"
 
 #include <cstdlib>
@@ -66,12 +68,24 @@ void SwitchView(Workbench &bench) {
 
 void ShowResultOptions(Workbench &bench) { bench.view.ShowFrame(3, true); }
 
+static void TellGreatest(Workbench &bench, int column) {
+    switch (ResultsBeside(ProjeYolu)) {
+    case ResultState::None:
+        return bench.Prompt("SONUC YOK: ONCE FEA ANALIZI");
+    case ResultState::Older:
+        return bench.view.TellOlderResults();
+    case ResultState::Current:
+        return bench.Prompt(GreatestDisplacements(column));
+    }
+}
+
 void OnResultOption(Workbench &bench, Element option) {
     if (ShownResult == option.index) {
         bench.window.SetChecked(option, false);
         ShownResult = -1;
     } else {
         ShownResult = option.index;
+        TellGreatest(bench, option.index + 1);
     }
     bench.RedrawView();
 }

@@ -231,7 +231,7 @@ static void AddFrames(FormFields &form) {
         form.fields.push_back({.kind = FieldKind::Option,
                                .name = "Option1",
                                .index = i,
-                               .label = "sonuç sütunu " + std::to_string(i + 1) + ": yer değiştirmeler",
+                               .label = "sonuç sütunu " + std::to_string(i + 1) + ": yer değiştirmeler, mm",
                                .text = std::to_string(i + 1),
                                .group = 3,
                                .look = FieldLook::Tool});
