@@ -97,7 +97,16 @@ void PlaceTypedPoint(Workbench &bench) {
     SnapsToCorners = 1;
 }
 
+bool OnSurfaceKey(Workbench &bench, Key key) {
+    if ((key != Key::Enter && key != Key::Escape) || ZoomPending + CommandState == kIdle)
+        return false;
+    OnSurfaceRelease(bench, kRightButton, 0, AnchorX, AnchorY);
+    return true;
+}
+
 bool OnEntryKey(Workbench &bench, Key key) {
+    if (key == Key::Enter && bench.window.Text(kPointEntry).empty())
+        return OnSurfaceKey(bench, key);
     if (key == Key::Enter) {
         PlaceTypedPoint(bench);
         return true;

@@ -15,7 +15,10 @@ bool AwaitsPoint();
 // prompt line and stays.
 void PlaceTypedPoint(Workbench &bench);
 
-// A key in the entry: Enter places, Escape leaves.
+// A key in the entry: Enter places, and in an empty one ends the command; Escape leaves it for the surface.
 bool OnEntryKey(Workbench &bench, Key key);
+
+// A key on the surface: Enter and Escape end the armed command as the right button does. False when nothing is armed.
+bool OnSurfaceKey(Workbench &bench, Key key);
 
 } // namespace havuz

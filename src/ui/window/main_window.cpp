@@ -154,6 +154,8 @@ bool MainWindow::OnKey(Element element, Key key) {
     bool kept = true; // also from a form whose handler fails
     if (element == kPointEntry)
         steps().edit(kScr, [&] { kept = OnEntryKey(*this, key); });
+    else if (element == kScr)
+        steps().edit(kScr, [&] { kept = OnSurfaceKey(*this, key); });
     else if (IsOwnForm(element.form))
         return false;
     else
