@@ -36,8 +36,11 @@ TEST(TypedPoints, DrawAPoolByTheKeyboardAlone) {
     desk.window.Press(Key::Escape);
     EXPECT_EQ(desk.window.Text(kPointEntry), "");
     EXPECT_EQ(PolyCount, 6);
+    EXPECT_EQ(desk.window.Text(kSnapNote), "X=0  Y=1.999");
+    EXPECT_TRUE(desk.window.Shown(kSnapNote));
     desk.window.Press(Key::Escape); // on the surface: as the right button
     EXPECT_FALSE(desk.window.Shown(kPointEntry));
+    EXPECT_FALSE(desk.window.Shown(kSnapNote));
     desk.click({"yesno", "Tamam", 0});
     ASSERT_EQ(PlakTable[1].NoktaSayisi, 6);
     const double wanted[6][2] = {{0, 0}, {8, 0}, {8, 4}, {4.5, 4}, {4.5, 1.999}, {0, 1.999}};
@@ -56,6 +59,11 @@ TEST(TypedPoints, PlaceTheCornersOfAMoveAndTakeNoCorner) {
     EXPECT_FALSE(desk.window.Shown(kPointEntry));
     desk.move(Desk::at(2, 1));
     desk.press(Desk::at(2, 1));
+    desk.move(Desk::at(3.95, 2.05));
+    EXPECT_TRUE(desk.window.Shown(kSnapNote));
+    EXPECT_EQ(desk.window.Text(kSnapNote), "X=4  Y=2");
+    desk.move(Desk::at(3.5, 2.05));
+    EXPECT_FALSE(desk.window.Shown(kSnapNote));
     TypePoint(desk, "0,05;0,05"); // within 0.1 m of a corner
     TypePoint(desk, "@3;1,5");
     EXPECT_NEAR(PanelTable[1].X[1], 0.05, 1e-6);

@@ -95,6 +95,8 @@ void PlaceTypedPoint(Workbench &bench) {
         throw;
     }
     SnapsToCorners = 1;
+    if (ZoomPending == 0 && GorunusModu == 1)
+        ShowSnapNote(bench, AwaitsPoint() ? point : std::nullopt);
 }
 
 bool OnSurfaceKey(Workbench &bench, Key key) {

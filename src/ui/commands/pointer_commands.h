@@ -4,6 +4,8 @@
 #include "ui/commands/pointer.h"
 #include "view/projection.h"
 
+#include <optional>
+
 namespace havuz {
 
 // Mesh editing
@@ -58,5 +60,10 @@ ScreenPoint ToScreen(ModelPoint m);
 
 // The first panel corner within 0.1 m of the point in both axes, in panel order; without one the point itself.
 void SnapToPanelCorner(double &mx, double &my);
+std::optional<ModelPoint> PanelCornerNear(ModelPoint m);
+
+// The note at the place that a press takes or a typed point took, with its coordinates to the millimetre; none hides
+// it.
+void ShowSnapNote(Workbench &bench, std::optional<ModelPoint> at);
 
 } // namespace havuz

@@ -37,9 +37,27 @@ static void MoveEnd(Workbench &bench, int number, ScreenPoint to) {
     bench.window.SetLine(RubberLine(number), ends);
 }
 
+// Each panel in turn can take the point to one of its upper corners, a later one from where an earlier one took it.
+static std::optional<ModelPoint> UpperCornerNear(ModelPoint p) {
+    std::optional<ModelPoint> taken;
+    for (int i = 1; SnapsToCorners == 1 && i <= PanelCount; ++i)
+        for (const int k : {1, 2})
+            if (Distance2(p.x - PanelTable[i].X[k], p.y - PanelTable[i].Y[k]) < kNear)
+                taken = p = {PanelTable[i].X[k], PanelTable[i].Y[k]};
+    return taken;
+}
+
+// Where a press would be taken. The first end of a vertical plate stays where it is.
+static std::optional<ModelPoint> TakenPlace(ModelPoint m) {
+    if (CommandState != kVerticalPlate)
+        return PanelCornerNear(m);
+    return PickStage > 0 ? UpperCornerNear(m) : std::nullopt;
+}
+
 void MoveLine(Workbench &bench, Pointer at) {
     const ModelPoint m = ToModel({at.x, at.y});
     bench.ShowLabel("X=" + PictureText(m.x, kDrawPicture) + "  Y=" + PictureText(m.y, kDrawPicture), at.x, at.y + 25.0);
+    ShowSnapNote(bench, TakenPlace(m));
     if (PickStage <= 0)
         return;
     MoveEnd(bench, 1, {at.x, at.y});
@@ -53,14 +71,6 @@ void PressFirstEnd(Workbench &bench, Pointer at) {
     PickStage = 1;
     Anchor({at.x, at.y});
     StartLine(bench, 1, {at.x, at.y});
-}
-
-// Each panel in turn can take the point to one of its upper corners, a later one from where an earlier one took it.
-static void SnapToUpperCorners(ModelPoint &p) {
-    for (int i = 1; SnapsToCorners == 1 && i <= PanelCount; ++i)
-        for (const int k : {1, 2})
-            if (Distance2(p.x - PanelTable[i].X[k], p.y - PanelTable[i].Y[k]) < kNear)
-                p = {PanelTable[i].X[k], PanelTable[i].Y[k]};
 }
 
 static double AsWritten(double v) { return ParseNumber(PictureText(v, kDrawPicture)); }
@@ -89,9 +99,8 @@ static void AddVerticalPlate(Workbench &bench, ModelPoint p1, ModelPoint p2) {
 
 void PressNextEnd(Workbench &bench, Pointer at) {
     MoveStart(bench, 1, {at.x, at.y});
-    ModelPoint p2 = ToModel({at.x, at.y});
-    SnapToUpperCorners(p2);
-    AddVerticalPlate(bench, ToModel({AnchorX, AnchorY}), p2);
+    const ModelPoint pointed = ToModel({at.x, at.y});
+    AddVerticalPlate(bench, ToModel({AnchorX, AnchorY}), UpperCornerNear(pointed).value_or(pointed));
     bench.DrawPlateView();
     Anchor({at.x, at.y});
 }

@@ -12,7 +12,7 @@
 
 namespace havuz {
 
-static constexpr const char *kNotePicture = "###0.##";
+static constexpr const char *kNotePicture = "###0.##", *kSnapPicture = "##0.###";
 static constexpr double kSnap = 0.1;     // m
 static constexpr double kAtMarker = 5.0; // pixels
 
@@ -23,16 +23,31 @@ ModelPoint ToModel(ScreenPoint p) {
 
 ScreenPoint ToScreen(ModelPoint m) { return {PlateOffsetX + PlateScale * m.x, PlateOffsetY + PlateScale * m.y}; }
 
-void SnapToPanelCorner(double &mx, double &my) {
+std::optional<ModelPoint> PanelCornerNear(ModelPoint m) {
     for (int i = 1; SnapsToCorners == 1 && i <= PanelCount; ++i)
         for (int k = 1; k <= 4; ++k) {
             const double X = PanelTable[i].X[k], Y = PanelTable[i].Y[k];
-            if (std::fabs(mx - X) < kSnap && std::fabs(my - Y) < kSnap) {
-                mx = X;
-                my = Y;
-                return;
-            }
+            if (std::fabs(m.x - X) < kSnap && std::fabs(m.y - Y) < kSnap)
+                return ModelPoint{X, Y};
         }
+    return {};
+}
+
+void SnapToPanelCorner(double &mx, double &my) {
+    const ModelPoint taken = PanelCornerNear({mx, my}).value_or(ModelPoint{mx, my});
+    mx = taken.x;
+    my = taken.y;
+}
+
+void ShowSnapNote(Workbench &bench, std::optional<ModelPoint> at) {
+    if (at) {
+        const ScreenPoint p = ToScreen(*at);
+        bench.window.SetText(kSnapNote,
+                             "X=" + PictureText(at->x, kSnapPicture) + "  Y=" + PictureText(at->y, kSnapPicture));
+        bench.window.Move(kSnapNote, p.x + 10.0, p.y - 25.0);
+    }
+    if (at || bench.window.Shown(kSnapNote))
+        bench.window.Show(kSnapNote, at.has_value());
 }
 
 // Rubber band
@@ -127,6 +142,7 @@ void MoveBand(Workbench &bench, Pointer at) {
     const ModelPoint m = ToModel({at.x, at.y});
     bench.ShowLabel("X=" + PictureText(m.x, kNotePicture) + " Y=" + PictureText(m.y, kNotePicture), at.x + 10.0,
                     at.y + 20.0);
+    ShowSnapNote(bench, PanelCornerNear(m));
 }
 
 // On a plate nothing is shifted, and the last panel goes: wanted. Without any panel there is none to go.

@@ -30,6 +30,7 @@ inline constexpr Element kScr1{kMain, "SCR1", 0};        // opens the overview
 inline constexpr Element kAltnot{kMain, "ALTNOT", 0};    // prompt line
 inline constexpr Element kPointEntry{kMain, "NOKTA", 0}; // a point as text, while one is awaited
 inline constexpr Element kLabel1{kMain, "Label1", 0};    // the pointer's note over the surface
+inline constexpr Element kSnapNote{kMain, "KOSE", 0};    // where a press would be taken, at that place
 inline constexpr Element kProgLab{kMain, "ProgLab", 0};
 inline constexpr Element kVekProgBar{kMain, "VekProgBar", 0};
 constexpr Element Command(int index) { return {kMain, "Command", index}; }

@@ -246,6 +246,7 @@ FormFields MainFields() {
         {.kind = FieldKind::Label, .name = "ALTNOT", .look = FieldLook::Prompt},
         {.kind = FieldKind::TextBox, .name = "NOKTA", .label = "nokta X;Y", .shown = false, .look = FieldLook::Entry},
         {.kind = FieldKind::Label, .name = "Label1", .shown = false, .look = FieldLook::Floating},
+        {.kind = FieldKind::Label, .name = "KOSE", .shown = false, .look = FieldLook::Floating},
         {.kind = FieldKind::Label, .name = "ProgLab", .shown = false, .look = FieldLook::Floating},
         {.kind = FieldKind::Picture, .name = "VekProgBar", .shown = false}};
     AddMany(form, {.kind = FieldKind::Button, .name = "TopBar", .look = FieldLook::Corner}, kUndoButton.index);

@@ -41,6 +41,12 @@ void Workbench::ShowLabel(const std::string &text, double left, double top) {
     window.Show(kLabel1, true);
 }
 
+void Workbench::HideLabel1() {
+    window.Show(kLabel1, false);
+    if (window.Shown(kSnapNote))
+        window.Show(kSnapNote, false);
+}
+
 void Workbench::RedrawView() {
     if (GorunusModu == 1)
         SettlePlateView(*this);

@@ -45,8 +45,8 @@ public:
 
     void Prompt(const std::string &text) { window.SetText(kAltnot, text); }
     void ShowLabel(const std::string &text, double left, double top); // Label1
-    void HideLabel1() { window.Show(kLabel1, false); }
-    void RedrawView(); // whatever view is current
+    void HideLabel1();                                                // and the note of the snap
+    void RedrawView();                                                // whatever view is current
     void DrawPlateView();
     void DrawMeshView();
     void RefreshBounds(); // PlateBoundsAndDepth
