@@ -3,7 +3,9 @@
 #include "ui/window/command_state.h"
 #include "view/projection.h"
 #include "window_desk.h"
+#include "x_hand.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace havuz {
@@ -60,6 +62,74 @@ TEST(project, RectangularPoolFromAnEmptyWindowToItsResults) {
     EXPECT_EQ(ReadBytes(stem + ".DEP").size(), 384U * static_cast<std::size_t>(NoktaCount));
     EXPECT_EQ(ReadBytes(stem + ".SON").size(), 1536U * static_cast<std::size_t>(MeshCount));
     EXPECT_NE(ReadBytes(CalismaDizini + "/WORKPOOL").find("DENEME"), std::string::npos);
+}
+
+// Into whatever has the keyboard, and Enter behind each.
+static void Type(WindowDesk &desk, std::initializer_list<const char *> texts) {
+    for (const char *text : texts) {
+        ASSERT_TRUE(desk.waitFor([&] { return desk.window.keyboardInFront(); }));
+        hand::Write(text);
+        ASSERT_TRUE(desk.waitFor([&] {
+            const auto box = desk.window.focused();
+            return box && desk.window.Text(*box) == text;
+        })) << text;
+        ASSERT_TRUE(desk.key("Return"));
+    }
+}
+
+// The tank of 12 x 6 x 4 m, liquid to its edge: what is not typed stands in the boxes. At most ten clicks.
+TEST(project, ATankFromTheEmptyWindowToItsResultsInFewClicks) {
+    WindowDesk desk;
+    const int before = hand::Presses();
+    ASSERT_TRUE(desk.click(kLibraryTool));
+    Type(desk, {"12", "6", "30", "40", "4", "0", "4", "2"}); // Lx, Ly, dp, ds; levels: top, foot, liquid, soil
+    desk.shot("tank-library");
+    ASSERT_TRUE(desk.click(In("POOLlib", "Tamam")));
+    ASSERT_TRUE(desk.click(kAutoMeshTool));
+    const PanelRecord &base = PanelTable[1], &wall = PanelTable[2];
+    EXPECT_EQ(base.X[3] - base.X[1], 12.0);
+    EXPECT_EQ(base.Y[3] - base.Y[1], 6.0);
+    EXPECT_EQ(*std::max_element(&wall.Z[1], &wall.Z[4] + 1), 4.0);
+    EXPECT_EQ(SiviKotu, 4.0);
+    ASSERT_TRUE(desk.key("s", true));
+    Type(desk, {"DEPO"});
+    desk.shot("tank-saved");
+    const std::string stem = CalismaDizini + "/DEPO";
+    ASSERT_TRUE(desk.click(kAnalysisTool));
+    EXPECT_TRUE(desk.window.ended());
+    EXPECT_EQ(desk.window.program, desk.program.path() + "/RAPORCU.EXE");
+    EXPECT_EQ(desk.window.argument, stem);
+    EXPECT_EQ(ReadBytes(stem + ".SON").size(), 1536U * static_cast<std::size_t>(MeshCount));
+    EXPECT_LE(hand::Presses() - before, 10);
+    RecordProperty("clicks", hand::Presses() - before);
+}
+
+// An L-shaped pool of 8 x 4 m, to the millimetre, with no hand at the mouse.
+TEST(project, AnLShapedPoolByTheKeyboardAlone) {
+    WindowDesk desk;
+    const int before = hand::Presses();
+    for (int i = 0; i < 60 && desk.window.focused() != kPolygonTool; ++i) {
+        hand::Key("Tab");
+        desk.settle();
+    }
+    ASSERT_EQ(desk.window.focused(), kPolygonTool);
+    ASSERT_TRUE(desk.key("space"));
+    ASSERT_EQ(CommandState, kPolygon);
+    Type(desk, {"0;0", "8;0", "@0;4", "@3,5<180", "4,5;1,999", "@-4,5;0"});
+    desk.shot("l-drawn");
+    EXPECT_EQ(PolyCount, 6);
+    ASSERT_TRUE(desk.key("Return")); // nothing typed: the polygon ends
+    ASSERT_TRUE(desk.window.FormShown("yesno"));
+    desk.shot("l-asked");
+    ASSERT_TRUE(desk.key("Return"));
+    const double wanted[6][2] = {{0, 0}, {8, 0}, {8, 4}, {4.5, 4}, {4.5, 1.999}, {0, 1.999}};
+    ASSERT_EQ(PlakTable[1].NoktaSayisi, 6);
+    for (int k = 1; k <= 6; ++k) {
+        EXPECT_NEAR(PlakTable[1].X[k], wanted[k - 1][0], 1e-6) << k;
+        EXPECT_NEAR(PlakTable[1].Y[k], wanted[k - 1][1], 1e-6) << k;
+    }
+    EXPECT_EQ(PanelCount, 6) << "a wall on each edge";
+    EXPECT_EQ(hand::Presses(), before);
 }
 
 } // namespace havuz

@@ -50,7 +50,12 @@ void MoveTo(int x, int y) {
     Send();
 }
 
+static int presses = 0;
+
+int Presses() { return presses; }
+
 void Press(int button) {
+    ++presses;
     XTestFakeButtonEvent(TheDisplay(), static_cast<unsigned>(button), True, CurrentTime);
     Send();
 }

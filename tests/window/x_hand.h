@@ -8,6 +8,7 @@ namespace havuz::hand {
 
 void MoveTo(int x, int y);
 void Press(int button);
+int Presses(); // of buttons, so far
 void Release(int button);
 // A key by its X name ("Return", "Next", "a"), with the control and the shift key held or without.
 void Key(const std::string &name, bool control = false, bool shift = false);
