@@ -2,7 +2,7 @@
 // element accuracy", Finite Elements in Analysis and Design 1 (1985) 3-20; Timoshenko and Woinowsky-Krieger, "Theory of
 // Plates and Shells", 1959; Belytschko and others, Comp. Meth. Appl. Mech. Eng. 51 (1985) 221-258 for the shells.
 // With HAVUZ_PRINT_FIGURES set every ratio is printed: the table of docs/consistent-analysis.md.
-#include "consistent_hand_tank.h"
+#include "verification/hand_tank.h"
 
 #include <cmath>
 #include <cstdio>

@@ -1,7 +1,7 @@
 // The shell element by itself: motions that cost nothing, states that it must have exactly, drilling without influence.
 #include "consistent/failure.h"
 #include "consistent/shell_element.h"
-#include "consistent_hand_tank.h"
+#include "verification/hand_tank.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

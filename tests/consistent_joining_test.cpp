@@ -1,10 +1,10 @@
 // Joints beyond the mesh, mechanisms in words, the bed without tension.
 #include "consistent/failure.h"
 #include "consistent/joining.h"
-#include "consistent_hand_tank.h"
 #include "consistent_support.h"
 #include "mesh/oto_mesh.h"
 #include "model/store.h"
+#include "verification/hand_tank.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

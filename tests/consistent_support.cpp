@@ -1,42 +1,12 @@
 #include "consistent_support.h"
 
-#include "mesh/oto_mesh.h"
-#include "mesh/polygon_pool.h"
-#include "model/store.h"
-#include "pool/pool_library.h"
-#include "support.h"
-
 #include <cmath>
 #include <gtest/gtest.h>
 
 namespace havuz::consistent {
 
-Tank LibraryPool(int page, const Parameters &parameters) {
-    ResetAll();
-    for (const auto &[parameter, value] : parameters)
-        *parameter = value;
-    PoolWindow pool;
-    GeneratePool(page, pool);
-    MeshWindow window;
-    if (page == 1)
-        AutoMesh(window);
-    return ReadTank();
-}
-
 Tank PolygonTank(const std::vector<std::pair<double, double>> &points, double top, double bottom, double width) {
-    ResetAll();
-    PolygonPool pool;
-    for (const auto &[x, y] : points)
-        pool.points.push_back({x, y});
-    pool.dp = 20;
-    pool.ds = 30;
-    pool.UstKot = top;
-    pool.AltKot = bottom;
-    BuildPolygonPool(pool);
-    MeshGenisligi = width;
-    MeshWindow window;
-    AutoMesh(window);
-    return ReadTank();
+    return verification::PolygonTank({points, top, bottom, 20, 30, width});
 }
 
 ShellResult ResultAt(const Tank &tank, const CaseResult &r, int panel, const Vector3 &at) {

@@ -1,8 +1,9 @@
-// Tanks for the tests of the consistent analysis: pools of the library and polygon pools, meshed, as snapshots; and
-// what the analysis says at a place.
+// Polygon tanks for the tests of the consistent analysis beside those of verification/pools.h, and what the analysis
+// says at a place.
 #pragma once
 
 #include "consistent/analysis.h"
+#include "verification/pools.h"
 
 #include <string>
 #include <utility>
@@ -10,10 +11,8 @@
 
 namespace havuz::consistent {
 
-using Parameters = std::vector<std::pair<double *, double>>; // a parameter of the store and its value
-
-// A fresh program with the pool of a page (1 rectangular, 2 circular) in it, meshed.
-Tank LibraryPool(int page, const Parameters &parameters);
+using verification::LibraryPool;
+using verification::Parameters;
 
 // A polygon pool, meshed. points: outline.
 Tank PolygonTank(const std::vector<std::pair<double, double>> &points, double top, double bottom, double width);

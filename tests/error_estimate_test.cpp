@@ -2,7 +2,7 @@
 // (Timoshenko and Woinowsky-Krieger, "Theory of Plates and Shells", 1959, article 27).
 #include "consistent/error_estimate.h"
 #include "consistent/system.h"
-#include "consistent_hand_tank.h"
+#include "verification/hand_tank.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

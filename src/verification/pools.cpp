@@ -1,0 +1,62 @@
+#include "verification/pools.h"
+
+#include "fea/system.h"
+#include "mesh/oto_mesh.h"
+#include "mesh/polygon_pool.h"
+#include "mesh/sound_mesh.h"
+#include "model/options.h"
+#include "model/startup.h"
+#include "model/store.h"
+#include "pool/pool_library.h"
+
+#include <filesystem>
+
+namespace havuz::verification {
+
+using consistent::ReadTank;
+using consistent::Tank;
+
+void FreshModel() {
+    ResetStore();
+    ResetOptions();
+    ResetSystem();
+    StartModel(std::filesystem::read_symlink("/proc/self/exe").string());
+}
+
+static void Take(const Parameters &parameters) {
+    for (const auto &[parameter, value] : parameters)
+        *parameter = value;
+}
+
+Tank LibraryPool(int page, const Parameters &parameters) {
+    FreshModel();
+    Take(parameters);
+    PoolWindow pool;
+    GeneratePool(page, pool);
+    MeshWindow window;
+    if (page == 1)
+        AutoMesh(window);
+    return ReadTank();
+}
+
+Tank PolygonTank(const PolygonShape &shape, const Parameters &parameters, bool sound) {
+    FreshModel();
+    PolygonPool pool;
+    for (const auto &[x, y] : shape.points)
+        pool.points.push_back({x, y});
+    pool.dp = shape.wall;
+    pool.ds = shape.base;
+    pool.UstKot = shape.top;
+    pool.AltKot = shape.bottom;
+    BuildPolygonPool(pool);
+    Take(parameters);
+    MeshGenisligi = shape.width;
+    MeshWindow window;
+    if (sound)
+        SoundMesh(window, {shape.width, 0.0});
+    else
+        AutoMesh(window);
+    return ReadTank();
+}
+
+} // namespace havuz::verification
