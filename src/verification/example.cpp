@@ -1,0 +1,52 @@
+#include "verification/example.h"
+
+#include "verification/literal_run.h"
+#include "verification/sketch.h"
+
+#include <cmath>
+#include <stdexcept>
+
+namespace havuz::verification {
+
+void TakeModel(Example &example, const Model &model) {
+    example.values = [model](std::size_t mesh) {
+        const HandTank t = model.tank(mesh);
+        return model.measure(t, Analysis(t.tank).solve(model.load));
+    };
+    example.sketch = [model] {
+        const HandTank t = model.tank(0);
+        return Sketch(t.tank, NodalLoads(t.tank, model.load));
+    };
+    if (!model.literal)
+        return;
+    const std::size_t middle = example.meshes.size() / 2;
+    example.literal = [model, middle] {
+        const HandTank t = model.tank(middle);
+        const std::vector<double> values = model.measure(t, RunLiteral(t.tank, NodalLoads(t.tank, model.load)));
+        return std::vector<std::optional<double>>(values.begin(), values.end());
+    };
+}
+
+double Moved(const HandTank &t, const CaseResult &r, Vector3 at, std::size_t freedom) {
+    return r.nodes[static_cast<std::size_t>(t.nodeAt(at))].u[freedom];
+}
+
+double MeanAt(const HandTank &t, const CaseResult &r, Vector3 at, double ShellResult::*value) {
+    double sum = 0.0;
+    int count = 0;
+    for (std::size_t i = 0; i < t.tank.meshes.size(); ++i)
+        for (std::size_t k = 0; k < 4; ++k) {
+            const Vector3 d = t.tank.corner(t.tank.meshes[i], k) - at;
+            if (Dot(d, d) < 1e-10) {
+                sum += r.meshes[i][k + 1].*value;
+                ++count;
+            }
+        }
+    if (count == 0)
+        throw std::logic_error("no mesh corner at the place of a quantity");
+    return sum / count;
+}
+
+bool Near(double a, double b) { return std::fabs(a - b) < 1e-6; }
+
+} // namespace havuz::verification
