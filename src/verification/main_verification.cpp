@@ -1,0 +1,61 @@
+// havuz_verification: makes the verification manual, or says whether a page is still what the program computes.
+//   havuz_verification DOCS PROJECTS           DOCS/verification.md and DOCS/pictures/verification/*.svg, at all widths
+//   havuz_verification --check DOCS PROJECTS   computes the coarse widths and compares them with DOCS/verification.md
+// PROJECTS: folder of the sample projects. Ends with 1 when the page differs or a difference above 2 % has no sentence.
+#include "model/failure.h"
+#include "model/write_file.h"
+#include "verification/page.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+
+namespace havuz::verification {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+int Make(const std::string &docs, const std::string &projects) {
+    const Page page = MakePage(AllChapters(projects), Depth::Whole);
+    const std::string pictures = docs + "/pictures/verification";
+    fs::remove_all(pictures);
+    fs::create_directories(pictures);
+    for (const auto &[name, svg] : page.pictures)
+        WriteWholeFile(pictures + "/" + name, svg);
+    WriteWholeFile(docs + "/verification.md", page.markdown);
+    for (const std::string &words : page.unexplained)
+        std::cerr << "havuz_verification: not explained: " << words << "\n";
+    return page.unexplained.empty() ? 0 : 1;
+}
+
+int Check(const std::string &docs, const std::string &projects) {
+    std::ifstream in(docs + "/verification.md", std::ios::binary);
+    const std::string page{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    const std::string difference = FirstDifference(MakePage(AllChapters(projects), Depth::Coarse).markdown, page);
+    if (difference.empty())
+        return 0;
+    std::cerr << "havuz_verification: docs/verification.md is old; docs/make-verification makes it anew\n"
+              << difference << "\n";
+    return 1;
+}
+
+} // namespace
+
+} // namespace havuz::verification
+
+int main(int count, char **words) {
+    const std::vector<std::string> word(words + 1, words + count);
+    const bool check = !word.empty() && word[0] == "--check";
+    if (word.size() != (check ? 3U : 2U)) {
+        std::cerr << "usage: havuz_verification [--check] DOCS PROJECTS\n";
+        return 2;
+    }
+    try {
+        return check ? havuz::verification::Check(word[1], word[2]) : havuz::verification::Make(word[0], word[1]);
+    } catch (const std::exception &failure) {
+        std::cerr << "havuz_verification: " << failure.what() << "\n";
+        return 1;
+    }
+}
