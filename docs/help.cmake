@@ -3,7 +3,7 @@
 find_program(HAVUZ_CMARK_GFM cmark-gfm)
 if(HAVUZ_CMARK_GFM)
   file(GLOB HAVUZ_HELP_SOURCES CONFIGURE_DEPENDS docs/*.md docs/pictures/*.png
-    docs/pictures/*.svg)
+    docs/pictures/*.svg docs/pictures/verification/*.svg)
   add_custom_command(OUTPUT vek9.chm
     COMMAND ${CMAKE_SOURCE_DIR}/docs/make-help ${CMAKE_BINARY_DIR} ${HAVUZ_CMARK_GFM}
     DEPENDS docs/make-help docs/help.css ${HAVUZ_HELP_SOURCES}
