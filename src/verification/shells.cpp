@@ -84,7 +84,7 @@ Example Hemisphere(double top) {
                      hole ? "MacNeal and Harder 1985: 0.0940" : "Belytschko and others 1985: 0.0924", kFlat}};
     e.meshes = {"4 x 4", "8 x 8", "16 x 16"};
     e.notLiteral = kNotLiteral;
-    const auto tank = [top, hole](std::size_t mesh) {
+    const auto tank = [top](std::size_t mesh) {
         HandTank t(6.825e7, 0.3);
         const int p = t.panel(2, 0.04), n = 4 << mesh;
         t.grid(p, n, n, [top](double s, double v) {
