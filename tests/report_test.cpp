@@ -9,6 +9,7 @@
 #include "report/sha256.h"
 #include "report/svg.h"
 #include "support.h"
+#include "view/page_cut.h"
 
 #include <cmath>
 #include <filesystem>
@@ -94,6 +95,29 @@ TEST(Report, BandsHaveRoundLimitsAndSplitAtZero) {
     EXPECT_EQ(bands.bandOf(99.0), bands.colours.size() - 1);
     EXPECT_EQ(MakeBands(3.0, 3.0, 10).colours.size(), 1U);
     EXPECT_EQ(MakeBands(0.0, 0.0, 10).colours.size(), 1U);
+}
+
+// A page of 100: a heading at the foot goes over with what it heads, a picture with its caption; a table goes on under
+// its head, which takes room; a heading over a table goes with head and first row.
+TEST(Report, PagesAreCutWhereNothingStandsAlone) {
+    std::vector<StripPiece> strip = {{0, 50}, {50, 85}, {85, 95, true}, {95, 110}};
+    std::vector<StripPage> pages = CutIntoPages(strip, 100);
+    ASSERT_EQ(pages.size(), 2U);
+    EXPECT_EQ(pages[0].bottom, 85.0);
+    EXPECT_EQ(pages[1].top, 85.0);
+    strip = {{0, 75}, {75, 85, true}, {85, 95, true}, {95, 105}}; // heading, head of a table, rows of 10
+    for (int row = 1; row < 20; ++row)
+        strip.push_back({95.0 + 10 * row, 105.0 + 10 * row, false, 85, 95});
+    pages = CutIntoPages(strip, 100);
+    ASSERT_EQ(pages.size(), 4U);
+    EXPECT_EQ(pages[1].top, 75.0);
+    EXPECT_EQ(pages[1].head(), 0.0);
+    EXPECT_EQ(pages[1].bottom, 175.0);
+    EXPECT_EQ(pages[2].head(), 10.0);
+    EXPECT_EQ(pages[2].bottom, 265.0); // nine rows under the head
+    EXPECT_EQ(pages[3].bottom, 295.0);
+    EXPECT_EQ(CutIntoPages({{0, 30}, {30, 500}, {500, 520}}, 100).size(), 3U); // too high: a page of its own
+    EXPECT_TRUE(CutIntoPages({}, 100).empty());
 }
 
 // 10 x 5 x 3 m, liquid 3 m: 3^2/2 = 4.50 t/m and 3^3/6 = 4.50 t.m/m on each wall; soil .4 * 1.8 times that: 3.24; the

@@ -1,6 +1,7 @@
 #include "ui/qt/report_paper.h"
 
 #include "model/failure.h"
+#include "ui/qt/report_pages.h"
 #include "ui/qt/svg_object.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -63,57 +64,33 @@ void TakePictures(QTextDocument &document) {
     cursor.endEditBlock();
 }
 
-bool HoldsPicture(const QTextBlock &block) {
-    return !block.begin().atEnd() && block.begin().fragment().charFormat().objectType() == SvgObject::kType;
-}
-
-int PageOf(const QTextDocument &document, const QTextBlock &block, bool end) {
-    const QRectF box = document.documentLayout()->blockBoundingRect(block);
-    return static_cast<int>((end ? box.bottom() - 1.0 : box.top() + 1.0) / document.pageSize().height());
-}
-
-// A heading stays with what follows it, a picture with its caption: the first that does not moves to the next page.
-bool MoveOneToNextPage(QTextDocument &document, int &from) {
-    for (QTextBlock block = document.findBlockByNumber(from); block.isValid(); block = block.next()) {
-        const QTextBlock next = block.next();
-        const bool holds = block.blockFormat().headingLevel() > 0 || HoldsPicture(block);
-        const bool free = (block.blockFormat().pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore) == 0;
-        if (!holds || !free || !next.isValid())
-            continue;
-        const bool picture = HoldsPicture(next);
-        if (PageOf(document, next, picture) <= PageOf(document, block, false))
-            continue;
-        QTextCursor cursor(block);
-        QTextBlockFormat format = block.blockFormat();
-        format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
-        cursor.setBlockFormat(format);
-        document.markContentsDirty(0, document.characterCount()); // what follows is laid out anew, all of it
-        from = block.blockNumber();
-        return true;
-    }
-    return false;
-}
-
 struct Paper {
     QRectF text;      // of a page, dots
     double footY = 0; // base line of the foot
 };
 
-void DrawPage(QPainter &painter, QTextDocument &document, const Paper &paper, int page, int pages,
-              const QString &title) {
-    const double height = document.pageSize().height();
+// A part of the strip at a place of the page.
+void DrawPart(QPainter &painter, QTextDocument &document, double top, double bottom, double at) {
     painter.save();
-    painter.translate(0.0, -page * height);
+    painter.translate(0.0, at - top);
     QAbstractTextDocumentLayout::PaintContext context;
-    context.clip = QRectF(0.0, page * height, document.pageSize().width(), height);
+    context.clip = QRectF(0.0, top, document.textWidth(), bottom - top);
     context.palette.setColor(QPalette::Text, Qt::black);
     painter.setClipRect(context.clip);
     document.documentLayout()->draw(&painter, context);
     painter.restore();
+}
+
+void DrawPage(QPainter &painter, QTextDocument &document, const Paper &paper, const std::vector<StripPage> &pages,
+              std::size_t number, const QString &title) {
+    const StripPage &page = pages[number];
+    if (page.head() > 0.0)
+        DrawPart(painter, document, page.headTop, page.headBottom, 0.0);
+    DrawPart(painter, document, page.top, page.bottom, page.head());
     painter.setFont(QFont(QStringLiteral("DejaVu Sans"), 7));
     const QRectF foot(0.0, paper.footY, paper.text.width(), 200.0);
     painter.drawText(foot, Qt::AlignLeft, title);
-    painter.drawText(foot, Qt::AlignRight, QStringLiteral("Sayfa %1 / %2").arg(page + 1).arg(pages));
+    painter.drawText(foot, Qt::AlignRight, QStringLiteral("Sayfa %1 / %2").arg(number + 1).arg(pages.size()));
 }
 
 // The file's date as PDF writes it, in place of the clock's: D:YYYYMMDDHHmmSS+ZZ'ZZ'.
@@ -151,14 +128,14 @@ std::string PdfOfHtml(const std::string &html, const std::string &title, const s
     document.setHtml(QString::fromStdString(html));
     TakePictures(document);
     const Paper paper{QRectF(0.0, 0.0, writer.width(), writer.height() - 250.0), writer.height() - 130.0};
-    document.setPageSize(paper.text.size());
-    for (int from = 0; MoveOneToNextPage(document, from);) {}
+    document.setTextWidth(paper.text.width());
+    const std::vector<StripPage> pages = CutIntoPages(PiecesOf(document), paper.text.height());
 
     QPainter painter(&writer);
-    for (int page = 0; page < document.pageCount(); ++page) {
+    for (std::size_t page = 0; page < pages.size(); ++page) {
         if (page > 0)
             writer.newPage();
-        DrawPage(painter, document, paper, page, document.pageCount(), QString::fromStdString(title));
+        DrawPage(painter, document, paper, pages, page, QString::fromStdString(title));
     }
     painter.end();
     PutDate(bytes, date);
