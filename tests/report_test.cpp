@@ -4,10 +4,9 @@
 #include "design/checks.h"
 #include "model/options.h"
 #include "model/store.h"
-#include "report/colours.h"
+#include "report/html.h"
 #include "report/report.h"
 #include "report/sha256.h"
-#include "report/svg.h"
 #include "support.h"
 #include "view/page_cut.h"
 
@@ -82,19 +81,6 @@ TEST(Report, ADateIsADay) {
     for (const char *wrong :
          {"2026-02-29", "2026-13-01", "2026-00-10", "2026-04-31", "2026-1-31", "31.01.2026", "", "2026-01-3x"})
         EXPECT_EQ(TurkishDate(wrong), "") << wrong;
-}
-
-TEST(Report, BandsHaveRoundLimitsAndSplitAtZero) {
-    const Bands bands = MakeBands(-1.3, 4.7, 10);
-    EXPECT_DOUBLE_EQ(bands.limits.front(), -2.0);
-    EXPECT_DOUBLE_EQ(bands.limits.back(), 5.0);
-    EXPECT_EQ(bands.limits.size(), bands.colours.size() + 1);
-    EXPECT_NE(std::find(bands.limits.begin(), bands.limits.end(), 0.0), bands.limits.end());
-    EXPECT_EQ(bands.bandOf(-1.5), 0U);
-    EXPECT_EQ(bands.bandOf(0.5), 2U);
-    EXPECT_EQ(bands.bandOf(99.0), bands.colours.size() - 1);
-    EXPECT_EQ(MakeBands(3.0, 3.0, 10).colours.size(), 1U);
-    EXPECT_EQ(MakeBands(0.0, 0.0, 10).colours.size(), 1U);
 }
 
 // A page of 100: a heading at the foot goes over with what it heads, a picture with its caption; a table goes on under
@@ -241,11 +227,49 @@ TEST(Report, FromAProjectToFiles) {
     EXPECT_TRUE(Contains(bytes("R.html"), "<td>2,00 m</td>")); // the level as it was analysed
     EXPECT_EQ(CliStatus(folder, "report P.POL -o R.txt"), 2);
     EXPECT_EQ(CliStatus(folder, "report P.POL -o R.html --date 31.01.2026"), 2);
-    EXPECT_EQ(CliStatus(folder, "render P.POL -o C.svg --result M22 --case L --panel 2"), 0) << bytes("error");
-    EXPECT_TRUE(Contains(bytes("C.svg"), "t·m/m"));
-    EXPECT_EQ(CliStatus(folder, "render P.POL -o C.png --result M33 --case L --panel 2"), 2);
     WriteBytes(folder.file("P.RAP"), "{");
     ASSERT_EQ(CliStatus(folder, "results P.POL --csv T"), 0);
     EXPECT_TRUE(Contains(bytes("error"), "P.RAP"));
     EXPECT_EQ(bytes("P.RAP"), "{");
+}
+
+// Every result over the whole tank and on a panel, as vectors and as pixels; the values in the picture are those of the
+// tables, with their unit. What cannot be drawn is said, and no file is left.
+TEST(Report, APictureOfEveryResult) {
+    const TemporaryFolder folder;
+    const auto render = [&folder](const std::string &what) {
+        std::filesystem::remove(folder.file("C.svg"));
+        const int status = CliStatus(folder, "render P.POL " + what);
+        return std::pair(status, ReadBytes(folder.file("C.svg")));
+    };
+    ASSERT_EQ(CliStatus(folder, "pool rectangular -o P.POL --set Lx=4 --set Ly=3 --set UstKot=2 --set SiviKotu=2"), 0);
+    ASSERT_EQ(CliStatus(folder, "mesh P.POL"), 0);
+    for (const char *result :
+         {"UX", "UY", "uz", "U", "N11", "N22", "N12", "M11", "M22", "M12", "MI", "MII", "Q1", "Q2"})
+        for (const char *where : {"", " --plan", " --angles 30,40", " --panel 2", " --panel 2 --plan"}) {
+            const auto [status, svg] = render(std::string("-o C.svg --case L --result ") + result + where);
+            EXPECT_EQ(status, 0) << result << where << ReadBytes(folder.file("error"));
+            const char *unit = result[0] == 'N' || result[0] == 'Q' ? ">t/m<" : result[0] == 'M' ? ">t.m/m<" : ">mm<";
+            EXPECT_TRUE(Contains(svg, unit)) << result << where;
+        }
+    EXPECT_TRUE(Contains(render("-o C.svg --result SOIL --combination full").second, ">t/m²<"));
+    EXPECT_TRUE(Contains(render("-o C.svg --result AS --face inner --direction 2").second, ">cm²/m<"));
+    EXPECT_TRUE(
+        Contains(render("-o C.svg --result AS --face outer --direction 1 --panel 3").second, "Panel 3 (duvar)"));
+    EXPECT_TRUE(Contains(render("-o C.svg --result M22 --case L --range -5,5 --smooth").second, ">-5,000<"));
+    EXPECT_EQ(render("-o C.png --result M22 --case L --size 400x300").first, 0);
+    EXPECT_EQ(ReadBytes(folder.file("C.png")).substr(0, 24),
+              std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\0\1\x90\0\0\1,", 24));
+    for (const char *wrong :
+         {"-o C.svg --result M33 --case L", "-o C.svg --result M22", "-o C.svg --result M22 --case X",
+          "-o C.svg --result M22 --combination L", "-o C.svg --result M22 --case L --combination full",
+          "-o C.svg --result M22 --case L --panel 99", "-o C.txt --result M22 --case L", "-o C.svg --result AS",
+          "-o C.svg --result AS --face inner --direction 1 --case L", "-o C.svg --result M22 --case L --face inner",
+          "-o C.svg --result M22 --case L --range 5,5", "-o C.svg --case L",
+          "-o C.svg --result M22 --case L --size 3x3"}) {
+        const auto [status, svg] = render(wrong);
+        EXPECT_EQ(status, 2) << wrong;
+        EXPECT_TRUE(svg.empty()) << wrong;
+        EXPECT_TRUE(Contains(ReadBytes(folder.file("error")), "-")) << wrong;
+    }
 }

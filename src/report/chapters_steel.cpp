@@ -26,14 +26,14 @@ struct Extreme {
 };
 
 // The greatest (side 1) or least (side -1) corner value of a panel over the combinations in service.
-Extreme FindExtreme(const Source &s, int panel, const ShellField &field, double side) {
+Extreme FindExtreme(const Source &s, int panel, const Quantity &quantity, double side) {
     Extreme found;
     for (std::size_t c = 0; c < s.design.combinations.size(); ++c) {
         if (s.design.basis.combinations[c].factored)
             continue;
         for (std::size_t i = 0; i < s.tank().meshes.size(); ++i)
             for (std::size_t k = 1; s.tank().meshes[i].panel == panel && k <= 4; ++k) {
-                const double value = s.design.combinations[c].meshes[i][k].*field.value;
+                const double value = ValueOf(quantity, s.design.combinations[c].meshes[i][k]);
                 if (found.combination < 0 || side * value > side * found.value)
                     found = {value, static_cast<int>(c), i, k};
             }
@@ -41,10 +41,10 @@ Extreme FindExtreme(const Source &s, int panel, const ShellField &field, double 
     return found;
 }
 
-std::string ExtremeText(const Source &s, const Extreme &e, const char *unit) {
+std::string ExtremeText(const Source &s, const Extreme &e, const std::string &unit) {
     if (e.combination < 0)
         return "-";
-    return WithUnit(e.value, 2, unit) + ", " + s.key(e.combination) + ", " +
+    return WithUnit(e.value, 2, unit.c_str()) + ", " + s.key(e.combination) + ", " +
            PlaceText(s.tank().corner(s.tank().meshes[e.mesh], e.corner - 1));
 }
 
@@ -52,10 +52,11 @@ Rows ExtremeRows(const Source &s) {
     Rows rows;
     for (const auto &[number, panel] : s.tank().panels)
         for (const char *name : {"M11", "M22", "N11", "N22"}) {
-            const ShellField &field = *FindShellField(name);
+            const Quantity &quantity = *FindQuantity(name);
+            const std::string unit(quantity.unit);
             rows.push_back({PanelName(s.tank(), number), name,
-                            ExtremeText(s, FindExtreme(s, number, field, 1.0), field.unit),
-                            ExtremeText(s, FindExtreme(s, number, field, -1.0), field.unit)});
+                            ExtremeText(s, FindExtreme(s, number, quantity, 1.0), unit),
+                            ExtremeText(s, FindExtreme(s, number, quantity, -1.0), unit)});
         }
     return rows;
 }
@@ -72,7 +73,7 @@ std::vector<Contour> ContoursToDraw(const Source &s) {
         Contour contour{number, 0, -1.0};
         for (const char *name : {"M11", "M22"})
             for (const double side : {1.0, -1.0}) {
-                const Extreme e = FindExtreme(s, number, *FindShellField(name), side);
+                const Extreme e = FindExtreme(s, number, *FindQuantity(name), side);
                 if (panel.kind != 2 && e.combination >= 0 && std::fabs(e.value) > contour.moment)
                     contour = {number, e.combination, std::fabs(e.value)};
             }
@@ -87,13 +88,12 @@ std::vector<Contour> ContoursToDraw(const Source &s) {
 }
 
 void DrawContours(Html &html, const Source &s, const Contour &c) {
-    const FlatPanel flat = Unfold(s.tank(), c.panel);
     for (const char *name : {"M11", "M22"}) {
-        const ShellField &field = *FindShellField(name);
-        const std::string title =
-            PanelName(s.tank(), c.panel) + ", " + name + ", " + s.combination(c.combination) + " (" + field.unit + ")";
+        const Quantity &quantity = *FindQuantity(name);
+        const std::string title = PanelName(s.tank(), c.panel) + ", " + name + ", " + s.combination(c.combination) +
+                                  " (" + std::string(quantity.unit) + ")";
         const auto &result = s.design.combinations[static_cast<std::size_t>(c.combination)];
-        html.picture(ContourPicture(flat, ValuesOf(flat, result, field), title, field.unit), title);
+        html.picture(ContourPicture(s.analysis, result, quantity, c.panel), title);
     }
 }
 
@@ -143,8 +143,7 @@ const std::vector<std::string> kSteelHead = {"Bölge, yüz, yön", "Komb.",   "M
 
 void PanelSteel(Html &html, const Source &s, int panel) {
     html.heading(3, PanelName(s.tank(), panel));
-    html.picture(SteelPicture(s.tank(), Unfold(s.tank(), panel), s.design.steel),
-                 PanelName(s.tank(), panel) + ": donatı bölgeleri");
+    html.picture(SteelPicture(s.tank(), panel, s.design.steel), PanelName(s.tank(), panel) + ": donatı bölgeleri");
     Rows rows;
     for (const SteelRow &row : s.design.steel)
         if (row.panel == panel)
@@ -161,7 +160,7 @@ void PanelSteel(Html &html, const Source &s, int panel) {
 
 void MomentChapter(Html &html, const Source &s) {
     html.heading(2, "Momentler");
-    html.paragraph("Katsayısız kombinasyonların köşe değerleri.");
+    html.paragraph("Katsayısız kombinasyonların köşe değerleri; resimlerde düğüm ortalamaları.");
     html.table({"Panel", "Büyüklük", "En büyük", "En küçük"}, ExtremeRows(s));
     for (const Contour &c : ContoursToDraw(s))
         DrawContours(html, s, c);

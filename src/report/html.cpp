@@ -1,25 +1,27 @@
 #include "report/html.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace havuz::report {
 
-// What a browser and a rich text printer both understand. A4 upright.
+// What a browser and a rich text printer both understand: margins in pixels. A4 upright.
 static constexpr const char *kStyle = R"(
 @page { size: A4; margin: 18mm 18mm 20mm 20mm; }
-body { font-family: "DejaVu Sans", sans-serif; font-size: 9pt; color: #111111; max-width: 180mm; margin: auto; }
-h1 { font-size: 18pt; margin-bottom: 2pt; }
-h2 { font-size: 13pt; margin-top: 14pt; margin-bottom: 4pt; color: #1d3f66; page-break-after: avoid; }
-h3 { font-size: 10pt; margin-top: 10pt; margin-bottom: 3pt; page-break-after: avoid; }
-p { margin-top: 3pt; margin-bottom: 3pt; }
+html { max-width: 180mm; margin: auto; }
+body { font-family: "DejaVu Sans", sans-serif; font-size: 9pt; color: #111111; margin: 0; }
+h1 { font-size: 18pt; margin-bottom: 3px; }
+h2 { font-size: 13pt; margin-top: 19px; margin-bottom: 5px; color: #1d3f66; page-break-after: avoid; }
+h3 { font-size: 10pt; margin-top: 13px; margin-bottom: 4px; page-break-after: avoid; }
+p { margin-top: 4px; margin-bottom: 4px; }
 p.notice { color: #8a1020; font-weight: bold; }
 p.good { color: #14602a; font-weight: bold; font-size: 11pt; }
 p.bad { color: #8a1020; font-weight: bold; font-size: 11pt; }
-p.caption { font-size: 8pt; color: #444444; margin-bottom: 8pt; }
-p.picture { margin-top: 6pt; margin-bottom: 0pt; page-break-inside: avoid; }
-p.work { margin-left: 10pt; margin-top: 5pt; font-size: 8pt; }
-p.workbad { margin-left: 10pt; margin-top: 5pt; font-size: 8pt; color: #8a1020; }
-table { border-collapse: collapse; font-size: 7.5pt; margin-top: 4pt; margin-bottom: 8pt; margin-left: 0pt; }
+p.caption { font-size: 8pt; color: #444444; margin-bottom: 11px; }
+p.picture { margin-top: 8px; margin-bottom: 0px; page-break-inside: avoid; }
+p.work { margin-left: 13px; margin-top: 7px; font-size: 8pt; }
+p.workbad { margin-left: 13px; margin-top: 7px; font-size: 8pt; color: #8a1020; }
+table { border-collapse: collapse; font-size: 7.5pt; margin-top: 5px; margin-bottom: 11px; margin-left: 0px; }
 thead { display: table-header-group; }
 tr { page-break-inside: avoid; }
 th { background-color: #e3eaf2; text-align: left; border: 1px solid #9aa7b5; font-weight: bold; }
@@ -31,26 +33,27 @@ Html::Html(const std::string &title) : title_(title) {}
 
 void Html::heading(int level, const std::string &words) {
     const std::string tag = "h" + std::to_string(level);
-    body_ += "<" + tag + (breakBefore_ ? " style=\"page-break-before: always\"" : "") + ">" + Escaped(words) + "</" +
+    body_ += "<" + tag + (breakBefore_ ? " style=\"page-break-before: always\"" : "") + ">" + XmlText(words) + "</" +
              tag + ">\n";
     breakBefore_ = false;
 }
 
 void Html::paragraph(const std::string &words, const std::string &kind) {
-    body_ += "<p" + (kind.empty() ? "" : " class=\"" + kind + "\"") + ">" + Escaped(words) + "</p>\n";
+    body_ += "<p" + (kind.empty() ? "" : " class=\"" + kind + "\"") + ">" + XmlText(words) + "</p>\n";
 }
 
 void Html::block(const std::vector<std::string> &lines, bool good) {
     body_ += std::string("<p class=\"") + (good ? "work" : "workbad") + "\">";
     for (std::size_t i = 0; i < lines.size(); ++i)
-        body_ += (i == 0 ? "<b>" + Escaped(lines[i]) + "</b>" : "<br/>" + Escaped(lines[i]));
+        body_ += (i == 0 ? "<b>" + XmlText(lines[i]) + "</b>" : "<br/>" + XmlText(lines[i]));
     body_ += "</p>\n";
 }
 
-void Html::picture(const Svg &svg, const std::string &caption) {
+void Html::picture(const SvgCanvas &svg, const std::string &caption) {
     const auto whole = [](double v) { return std::to_string(std::lround(v)); };
-    body_ += "<p class=\"picture\"><img src=\"" + svg.dataUri() + "\" width=\"" + whole(svg.width() * 4.0 / 3.0) +
-             "\" height=\"" + whole(svg.height() * 4.0 / 3.0) + "\" alt=\"" + Escaped(caption) + "\"/></p>\n";
+    body_ += "<p class=\"picture\"><img src=\"data:image/svg+xml;base64," + Base64(svg.document(caption)) +
+             "\" width=\"" + whole(svg.width()) + "\" height=\"" + whole(svg.height()) + "\" alt=\"" +
+             XmlText(caption) + "\"/></p>\n";
     paragraph(caption, "caption");
 }
 
@@ -59,13 +62,13 @@ void Html::table(const std::vector<std::string> &head, const std::vector<std::ve
         return;
     body_ += "<table cellspacing=\"0\" cellpadding=\"3\" width=\"100%\"><thead><tr>";
     for (const std::string &cell : head)
-        body_ += "<th>" + Escaped(cell) + "</th>";
+        body_ += "<th>" + XmlText(cell) + "</th>";
     body_ += "</tr></thead><tbody>\n";
     for (const std::vector<std::string> &row : rows) {
         body_ += "<tr>";
         for (const std::string &cell : row) {
             const bool bad = !cell.empty() && cell.front() == '!';
-            body_ += (bad ? "<td class=\"bad\">" : "<td>") + Escaped(bad ? cell.substr(1) : cell) + "</td>";
+            body_ += (bad ? "<td class=\"bad\">" : "<td>") + XmlText(bad ? cell.substr(1) : cell) + "</td>";
         }
         body_ += "</tr>\n";
     }
@@ -73,8 +76,22 @@ void Html::table(const std::vector<std::string> &head, const std::vector<std::ve
 }
 
 std::string Html::file() const {
-    return "<!DOCTYPE html>\n<html lang=\"tr\">\n<head>\n<meta charset=\"utf-8\"/>\n<title>" + Escaped(title_) +
+    return "<!DOCTYPE html>\n<html lang=\"tr\">\n<head>\n<meta charset=\"utf-8\"/>\n<title>" + XmlText(title_) +
            "</title>\n<style>" + kStyle + "</style>\n</head>\n<body>\n" + body_ + "</body>\n</html>\n";
+}
+
+std::string Base64(std::string_view bytes) {
+    constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::string text;
+    for (std::size_t i = 0; i < bytes.size(); i += 3) {
+        unsigned group = 0;
+        const std::size_t count = std::min<std::size_t>(3, bytes.size() - i);
+        for (std::size_t k = 0; k < 3; ++k)
+            group = group << 8U | (k < count ? static_cast<unsigned char>(bytes[i + k]) : 0U);
+        for (std::size_t k = 0; k < 4; ++k)
+            text += k <= count ? digits[group >> (18U - 6U * static_cast<unsigned>(k)) & 63U] : '=';
+    }
+    return text;
 }
 
 } // namespace havuz::report

@@ -2,9 +2,10 @@
 // printed page draw alike. All words are escaped here; pictures are data, nothing is fetched.
 #pragma once
 
-#include "report/svg.h"
+#include "view/svg_canvas.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace havuz::report {
@@ -17,7 +18,7 @@ public:
     void paragraph(const std::string &words, const std::string &kind = ""); // kind: a class of the style sheet
     // Lines one under the other in one block; the first is bold.
     void block(const std::vector<std::string> &lines, bool good);
-    void picture(const Svg &svg, const std::string &caption);
+    void picture(const SvgCanvas &svg, const std::string &caption);
     // Cells of a row in the order of the head; a cell that begins with "!" is marked as not met. A table without rows
     // is left out.
     void table(const std::vector<std::string> &head, const std::vector<std::vector<std::string>> &rows);
@@ -29,5 +30,7 @@ private:
     std::string title_, body_;
     bool breakBefore_ = false;
 };
+
+std::string Base64(std::string_view bytes); // RFC 4648
 
 } // namespace havuz::report

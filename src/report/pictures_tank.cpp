@@ -16,8 +16,8 @@ using design::Turkish;
 
 namespace {
 
-constexpr const char *kConcrete = "#c9c9c9";
-constexpr const char *kInk = "#222222";
+constexpr Colour kConcrete = {0xc9c9c9}, kInk = {0x222222};
+constexpr double kText = 11.0;
 constexpr double kFar = std::numeric_limits<double>::infinity();
 
 struct Box {
@@ -36,10 +36,10 @@ Box BoxOf(const Tank &tank) {
     return box;
 }
 
-// A drawing of metres a across and b up in a frame of points.
+// A drawing of metres a across and b up in a frame of pixels.
 struct Frame {
     double scale, left, bottom, a0, b0;
-    SvgPoint at(double a, double b) const { return {left + (a - a0) * scale, bottom - (b - b0) * scale}; }
+    ScreenPoint at(double a, double b) const { return {left + (a - a0) * scale, bottom - (b - b0) * scale}; }
 };
 
 Frame FitFrame(double a0, double a1, double b0, double b1, double width, double height, double left, double top) {
@@ -71,17 +71,17 @@ std::vector<Segment> CutMeshes(const Tank &tank, const Side &side, const Across 
 }
 
 // A cut wall or slab with its thickness, drawn about its mean line.
-void DrawCut(Svg &svg, const Frame &frame, const Segment &s) {
+void DrawCut(SvgCanvas &svg, const Frame &frame, const Segment &s) {
     const double length = std::hypot(s.a1 - s.a0, s.b1 - s.b0);
     if (!(length > 0.0))
         return;
-    const double half = std::max(s.thickness * frame.scale, 2.0) / 2.0 / frame.scale;
+    const double half = std::max(s.thickness * frame.scale, 2.7) / 2.0 / frame.scale;
     const double na = -(s.b1 - s.b0) / length * half, nb = (s.a1 - s.a0) / length * half;
-    svg.polygon({frame.at(s.a0 + na, s.b0 + nb), frame.at(s.a1 + na, s.b1 + nb), frame.at(s.a1 - na, s.b1 - nb),
-                 frame.at(s.a0 - na, s.b0 - nb)},
-                kConcrete, kConcrete, .3);
-    svg.line(frame.at(s.a0 + na, s.b0 + nb), frame.at(s.a1 + na, s.b1 + nb), kInk, .7);
-    svg.line(frame.at(s.a0 - na, s.b0 - nb), frame.at(s.a1 - na, s.b1 - nb), kInk, .7);
+    svg.Rings({{frame.at(s.a0 + na, s.b0 + nb), frame.at(s.a1 + na, s.b1 + nb), frame.at(s.a1 - na, s.b1 - nb),
+                frame.at(s.a0 - na, s.b0 - nb)}},
+              kConcrete, kConcrete, .4);
+    svg.Line(frame.at(s.a0 + na, s.b0 + nb), frame.at(s.a1 + na, s.b1 + nb), kInk, .9);
+    svg.Line(frame.at(s.a0 - na, s.b0 - nb), frame.at(s.a1 - na, s.b1 - nb), kInk, .9);
 }
 
 // Edges of floor meshes that no second floor mesh has.
@@ -103,24 +103,24 @@ std::vector<Segment> FloorOutline(const Tank &tank) {
     return outline;
 }
 
-void DrawLevel(Svg &svg, const Frame &frame, double from, double to, double level, const char *colour,
+void DrawLevel(SvgCanvas &svg, const Frame &frame, double from, double to, double level, Colour colour,
                const std::string &words, double textY) {
-    const SvgPoint a = frame.at(from, level), b = frame.at(to, level);
-    svg.line(a, b, colour, 1.0, "5,3");
-    svg.line(b, {kPageWidth - 122.0, textY - 3.0}, colour, .4);
-    svg.text({kPageWidth - 120.0, textY}, words + " " + Turkish(level, 2) + " m", 8.0, Anchor::Start, colour);
+    const ScreenPoint a = frame.at(from, level), b = frame.at(to, level);
+    svg.DashedLine(a, b, colour, 1.3, "7,4");
+    svg.Line(b, {kPageWidth - 163.0, textY - 4.0}, colour, .5);
+    svg.Text({kPageWidth - 160.0, textY}, words + " " + Turkish(level, 2) + " m", TextAlign::Left, kText, colour);
 }
 
 struct Level {
     double at;
-    const char *colour;
+    Colour colour;
     const char *words;
     bool inside;
 };
 
 } // namespace
 
-Svg PlanPicture(const Tank &tank) {
+SvgCanvas PlanPicture(const Tank &tank) {
     const Box box = BoxOf(tank);
     double low = kFar, high = -kFar;
     for (const TankMesh &m : tank.meshes)
@@ -129,42 +129,45 @@ Svg PlanPicture(const Tank &tank) {
             high = std::max(high, tank.corner(m, k).z);
         }
     const double wide = box.high.x - box.low.x, deep = box.high.y - box.low.y;
-    const double drawn = std::min((kPageWidth - 130.0) / std::max(wide, 1e-6) * deep, 230.0);
-    Svg svg(kPageWidth, drawn + 66.0);
-    const Frame frame = FitFrame(box.low.x, box.high.x, box.low.y, box.high.y, kPageWidth - 130.0, 230.0, 30.0, 20.0);
+    constexpr double kWidth = kPageWidth - 173.0, kHeight = 306.0;
+    const double drawn = std::min(kWidth / std::max(wide, 1e-6) * deep, kHeight);
+    SvgCanvas svg(kPageWidth, drawn + 88.0);
+    const Frame frame = FitFrame(box.low.x, box.high.x, box.low.y, box.high.y, kWidth, kHeight, 40.0, 27.0);
     for (const Segment &s : FloorOutline(tank))
-        svg.line(frame.at(s.a0, s.b0), frame.at(s.a1, s.b1), "#777777", .6, "3,2");
+        svg.DashedLine(frame.at(s.a0, s.b0), frame.at(s.a1, s.b1), {0x777777}, .8, "4,3");
     const double z = low + .517 * (high - low); // no usual row of nodes
     const auto cuts = CutMeshes(
         tank, [z](const Vector3 &p) { return p.z - z; }, [](const Vector3 &p) { return p.x; },
         [](const Vector3 &p) { return p.y; });
     for (const Segment &s : cuts)
         DrawCut(svg, frame, s);
-    const SvgPoint corner = frame.at(box.low.x, box.low.y), far = frame.at(box.high.x, box.high.y);
-    svg.dimension({corner.x, corner.y + 22.0}, {far.x, corner.y + 22.0}, Turkish(box.high.x - box.low.x, 2) + " m");
-    svg.dimension({far.x + 22.0, corner.y}, {far.x + 22.0, far.y}, Turkish(box.high.y - box.low.y, 2) + " m");
-    svg.text({30.0, drawn + 60.0}, "X →, Y ↑; duvarlar kesik, taban kenarı kesikli çizgi", 7.5);
+    const ScreenPoint corner = frame.at(box.low.x, box.low.y), far = frame.at(box.high.x, box.high.y);
+    svg.Dimension({corner.x, corner.y + 29.0}, {far.x, corner.y + 29.0}, Turkish(box.high.x - box.low.x, 2) + " m");
+    svg.Dimension({far.x + 29.0, corner.y}, {far.x + 29.0, far.y}, Turkish(box.high.y - box.low.y, 2) + " m");
+    svg.Text({40.0, drawn + 80.0}, "X →, Y ↑; duvarlar kesik, taban kenarı kesikli çizgi", TextAlign::Left, kText - 1,
+             kInk);
     return svg;
 }
 
-Svg SectionPicture(const Tank &tank) {
+SvgCanvas SectionPicture(const Tank &tank) {
     const Box box = BoxOf(tank);
     const double pad = .12 * (box.high.x - box.low.x);
-    std::vector<Level> levels = {{tank.liquidLevel, "#1f5fa8", "sıvı kotu", true},
-                                 {tank.soilLevel, "#8a5a1b", "toprak kotu", false},
-                                 {tank.groundwaterLevel, "#127a7a", "yeraltı su kotu", false}};
+    std::vector<Level> levels = {{tank.liquidLevel, {0x1f5fa8}, "sıvı kotu", true},
+                                 {tank.soilLevel, {0x8a5a1b}, "toprak kotu", false},
+                                 {tank.groundwaterLevel, {0x127a7a}, "yeraltı su kotu", false}};
     double low = box.low.z, high = box.high.z;
     for (const Level &l : levels)
         low = std::min(low, l.at), high = std::max(high, l.at);
     const double wide = box.high.x - box.low.x + 2.0 * pad;
-    const double drawn = std::min((kPageWidth - 200.0) / std::max(wide, 1e-6) * (high - low), 180.0);
-    Svg svg(kPageWidth, drawn + 75.0);
-    const Frame frame = FitFrame(box.low.x - pad, box.high.x + pad, low, high, kPageWidth - 200.0, 180.0, 60.0, 25.0);
+    constexpr double kWidth = kPageWidth - 267.0, kHeight = 240.0;
+    const double drawn = std::min(kWidth / std::max(wide, 1e-6) * (high - low), kHeight);
+    SvgCanvas svg(kPageWidth, drawn + 100.0);
+    const Frame frame = FitFrame(box.low.x - pad, box.high.x + pad, low, high, kWidth, kHeight, 80.0, 33.0);
     const double y = box.low.y + .5137 * (box.high.y - box.low.y);
     std::sort(levels.begin(), levels.end(), [](const Level &a, const Level &b) { return a.at > b.at; });
     double textY = -kFar;
     for (const Level &l : levels) {
-        textY = std::max(textY + 12.0, frame.at(0, l.at).y + 3.0);
+        textY = std::max(textY + 16.0, frame.at(0, l.at).y + 4.0);
         const double from = l.inside ? box.low.x : box.low.x - pad, to = l.inside ? box.high.x : box.high.x + pad;
         DrawLevel(svg, frame, from, to, l.at, l.colour, l.words, textY);
     }
@@ -174,18 +177,19 @@ Svg SectionPicture(const Tank &tank) {
     for (const Segment &s : cuts)
         DrawCut(svg, frame, s);
     const double bottom = frame.at(0, low).y;
-    const SvgPoint left = frame.at(box.low.x, low), right = frame.at(box.high.x, low);
-    svg.dimension({left.x, bottom + 22.0}, {right.x, bottom + 22.0}, Turkish(box.high.x - box.low.x, 2) + " m");
-    const SvgPoint foot = frame.at(box.low.x - pad, box.low.z), top = frame.at(box.low.x - pad, box.high.z);
-    svg.dimension(foot, top, Turkish(box.high.z - box.low.z, 2) + " m", Anchor::End);
-    svg.text({30.0, drawn + 69.0}, "Y = " + Turkish(y, 2) + " m boyunca kesit; X →, Z ↑", 7.5);
+    const ScreenPoint left = frame.at(box.low.x, low), right = frame.at(box.high.x, low);
+    svg.Dimension({left.x, bottom + 29.0}, {right.x, bottom + 29.0}, Turkish(box.high.x - box.low.x, 2) + " m");
+    const ScreenPoint foot = frame.at(box.low.x - pad, box.low.z), top = frame.at(box.low.x - pad, box.high.z);
+    svg.Dimension(foot, top, Turkish(box.high.z - box.low.z, 2) + " m", TextAlign::Right);
+    svg.Text({40.0, drawn + 92.0}, "Y = " + Turkish(y, 2) + " m boyunca kesit; X →, Z ↑", TextAlign::Left, kText - 1,
+             kInk);
     return svg;
 }
 
 // Seen along (1, -2, 1.2): right and up of the picture stand at right angles to it.
-Svg MeshPicture(const Tank &tank) {
+SvgCanvas MeshPicture(const Tank &tank) {
     const auto project = [](const Vector3 &p) {
-        return SvgPoint{.894 * p.x + .447 * p.y, -.212 * p.x + .424 * p.y + .881 * p.z};
+        return ScreenPoint{.894 * p.x + .447 * p.y, -.212 * p.x + .424 * p.y + .881 * p.z};
     };
     const auto depth = [](const Vector3 &p) { return -.394 * p.x + .788 * p.y - .473 * p.z; };
     double x0 = kFar, x1 = -kFar, y0 = kFar, y1 = -kFar;
@@ -194,23 +198,23 @@ Svg MeshPicture(const Tank &tank) {
         double sum = 0.0;
         for (std::size_t k = 0; k < 4; ++k) {
             const Vector3 &p = tank.corner(tank.meshes[i], k);
-            const SvgPoint s = project(p);
+            const ScreenPoint s = project(p);
             x0 = std::min(x0, s.x), x1 = std::max(x1, s.x), y0 = std::min(y0, s.y), y1 = std::max(y1, s.y);
             sum += depth(p);
         }
         order.emplace_back(sum, i);
     }
     std::stable_sort(order.begin(), order.end(), [](const auto &a, const auto &b) { return a.first > b.first; });
-    const Frame frame = FitFrame(x0, x1, y0, y1, kPageWidth - 40.0, 250.0, 20.0, 10.0);
-    Svg svg(kPageWidth, 20.0 + frame.scale * (y1 - y0));
+    const Frame frame = FitFrame(x0, x1, y0, y1, kPageWidth - 54.0, 333.0, 27.0, 13.0);
+    SvgCanvas svg(kPageWidth, 26.0 + frame.scale * (y1 - y0));
     for (const auto &[sum, i] : order) {
-        std::vector<SvgPoint> ring;
+        ScreenRing ring;
         for (std::size_t k = 0; k < 4; ++k) {
-            const SvgPoint s = project(tank.corner(tank.meshes[i], k));
+            const ScreenPoint s = project(tank.corner(tank.meshes[i], k));
             ring.push_back(frame.at(s.x, s.y));
         }
         const int kind = tank.panelOf(tank.meshes[i]).kind;
-        svg.polygon(ring, kind == 0 ? "#efe6d2" : kind == 1 ? "#dfe8f2" : "#e4efdd", "#555555", .35);
+        svg.Rings({ring}, Colour{kind == 0 ? 0xefe6d2U : kind == 1 ? 0xdfe8f2U : 0xe4efddU}, Colour{0x555555}, .45);
     }
     return svg;
 }

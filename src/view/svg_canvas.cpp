@@ -1,7 +1,9 @@
 #include "view/svg_canvas.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <cmath>
 
 namespace havuz {
 
@@ -32,6 +34,18 @@ std::string Ring(std::span<const ScreenPoint> ring) {
     for (const ScreenPoint p : ring)
         s += (s.empty() ? "" : " ") + Coordinate(p.x) + "," + Coordinate(p.y);
     return s;
+}
+
+std::string Path(std::span<const ScreenPoint> points, const char *end) {
+    std::string s;
+    for (const ScreenPoint p : points)
+        s += (s.empty() ? "M" : "L") + Coordinate(p.x) + " " + Coordinate(p.y);
+    return s + end;
+}
+
+std::string Filled(const std::string &path, const std::string &fill, const std::string &outline, double lineWidth) {
+    return "<path d=\"" + path + "\" fill=\"" + fill + "\" stroke=\"" + outline + "\" stroke-width=\"" +
+           Coordinate(lineWidth) + "\" stroke-linejoin=\"round\"/>\n";
 }
 
 // Where the value of the edge a-b is v.
@@ -69,28 +83,95 @@ void SvgCanvas::Triangle(const std::array<ValuePoint, 3> &corners, const ColourM
             part = CutAt(part, map.limit(step), 1.0);
         if (step < last)
             part = CutAt(part, map.limit(step + 1), -1.0);
-        std::vector<ScreenPoint> ring;
+        ScreenRing ring;
         for (const ValuePoint &p : part)
             ring.push_back(p.at);
-        if (ring.size() > 2)
+        if (ring.size() < 3)
+            continue;
+        if (apart_)
+            fills_[map.colour(step).rgb] += Path(ring, "Z");
+        else
             Fill(ring, map.colour(step));
     }
 }
 
 // The thin line of its own colour closes the seam that renderers leave between neighbours.
 void SvgCanvas::Fill(std::span<const ScreenPoint> ring, Colour colour) {
+    putCollected();
     const std::string c = Hex(colour);
     body_ += "<polygon points=\"" + Ring(ring) + "\" fill=\"" + c + "\" stroke=\"" + c + "\" stroke-width=\".4\"/>\n";
 }
 
 void SvgCanvas::Line(ScreenPoint from, ScreenPoint to, Colour colour, double lineWidth) {
+    if (!apart_)
+        return line(from, to, colour, lineWidth, "");
+    auto kind = std::find_if(lines_.begin(), lines_.end(),
+                             [&](const LinesOfAKind &k) { return k.colour == colour && k.lineWidth == lineWidth; });
+    if (kind == lines_.end())
+        kind = lines_.insert(kind, {colour, lineWidth, ""});
+    kind->path += Path(std::array{from, to}, "");
+}
+
+void SvgCanvas::line(ScreenPoint from, ScreenPoint to, Colour colour, double lineWidth, const std::string &more) {
+    putCollected();
     body_ += "<line x1=\"" + Coordinate(from.x) + "\" y1=\"" + Coordinate(from.y) + "\" x2=\"" + Coordinate(to.x) +
              "\" y2=\"" + Coordinate(to.y) + "\" stroke=\"" + Hex(colour) + "\" stroke-width=\"" +
-             Coordinate(lineWidth) + "\"/>\n";
+             Coordinate(lineWidth) + "\"" + more + "/>\n";
+}
+
+void SvgCanvas::DashedLine(ScreenPoint from, ScreenPoint to, Colour colour, double lineWidth, const char *dashes) {
+    line(from, to, colour, lineWidth, " stroke-dasharray=\"" + std::string(dashes) + "\"");
+}
+
+void SvgCanvas::Rings(const std::vector<ScreenRing> &rings, std::optional<Colour> fill, std::optional<Colour> outline,
+                      double lineWidth) {
+    putCollected();
+    std::string path;
+    for (const ScreenRing &ring : rings)
+        path += Path(ring, "Z");
+    if (!path.empty())
+        body_ += Filled(path, fill ? Hex(*fill) : "none", outline ? Hex(*outline) : "none", lineWidth);
+}
+
+void SvgCanvas::Dimension(ScreenPoint from, ScreenPoint to, const std::string &words, TextAlign side) {
+    constexpr Colour kGrey = {0x333333};
+    constexpr double kArrow = 6.5, kText = 11.0;
+    const double length = std::hypot(to.x - from.x, to.y - from.y);
+    if (!(length > 0.0))
+        return;
+    const ScreenPoint along{(to.x - from.x) / length, (to.y - from.y) / length};
+    line(from, to, kGrey, .7, "");
+    for (const auto &[end, way] : {std::pair(from, kArrow), std::pair(to, -kArrow)}) {
+        const ScreenPoint back{end.x + way * along.x, end.y + way * along.y};
+        Rings(
+            {{end, {back.x - 2.0 * along.y, back.y + 2.0 * along.x}, {back.x + 2.0 * along.y, back.y - 2.0 * along.x}}},
+            kGrey, std::nullopt, 0.0);
+    }
+    const ScreenPoint middle{(from.x + to.x) / 2.0, (from.y + to.y) / 2.0};
+    if (std::fabs(along.x) > std::fabs(along.y))
+        Text({middle.x, middle.y - 4.0}, words, TextAlign::Centre, kText, {0});
+    else
+        Text({middle.x + (side == TextAlign::Left ? 5.0 : -5.0), middle.y + 4.0}, words, side, kText, {0});
+}
+
+std::string SvgCanvas::collected() const {
+    std::string s;
+    for (const auto &[rgb, path] : fills_)
+        s += Filled(path, Hex({rgb}), Hex({rgb}), .4);
+    for (const LinesOfAKind &k : lines_)
+        s += Filled(k.path, "none", Hex(k.colour), k.lineWidth);
+    return s;
+}
+
+void SvgCanvas::putCollected() {
+    body_ += collected();
+    fills_.clear();
+    lines_.clear();
 }
 
 void SvgCanvas::Text(ScreenPoint at, const std::string &text, TextAlign align, double size, Colour colour) {
     constexpr const char *anchors[] = {"start", "middle", "end"};
+    putCollected();
     body_ += "<text x=\"" + Coordinate(at.x) + "\" y=\"" + Coordinate(at.y) + "\" font-size=\"" + Coordinate(size) +
              "\" text-anchor=\"" + anchors[static_cast<int>(align)] + "\" fill=\"" + Hex(colour) + "\">" +
              XmlText(text) + "</text>\n";
@@ -99,8 +180,8 @@ void SvgCanvas::Text(ScreenPoint at, const std::string &text, TextAlign align, d
 std::string SvgCanvas::document(const std::string &title) const {
     const std::string w = Coordinate(width_), h = Coordinate(height_);
     return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + w + "\" height=\"" + h + "\" viewBox=\"0 0 " + w +
-           " " + h + "\" font-family=\"DejaVu Sans, Arial, sans-serif\">\n<title>" + XmlText(title) +
-           "</title>\n<rect width=\"" + w + "\" height=\"" + h + "\" fill=\"#ffffff\"/>\n" + body_ + "</svg>\n";
+           " " + h + "\" font-family=\"DejaVu Sans\">\n<title>" + XmlText(title) + "</title>\n<rect width=\"" + w +
+           "\" height=\"" + h + "\" fill=\"#ffffff\"/>\n" + body_ + collected() + "</svg>\n";
 }
 
 std::string XmlText(const std::string &text) {

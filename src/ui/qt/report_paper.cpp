@@ -142,10 +142,10 @@ std::string PdfOfHtml(const std::string &html, const std::string &title, const s
     return bytes.toStdString();
 }
 
-std::string PngOfSvg(const std::string &svg, double pixelsPerPoint) {
+std::string PngOfSvg(const std::string &svg) {
     NeedFonts();
     QSvgRenderer picture(QByteArray::fromStdString(svg));
-    const QSize size = (QSizeF(picture.defaultSize()) * pixelsPerPoint).toSize();
+    const QSize size = picture.defaultSize();
     QImage image(size, QImage::Format_RGB32);
     if (image.isNull())
         throw RuntimeFailure({.fault = Fault::PictureTooLarge, .number = size.width(), .bound = size.height()});

@@ -9,7 +9,7 @@ namespace havuz {
 // date, "2026-01-31", is the date of the file; title stands at the foot of each page beside the page's number.
 std::string PdfOfHtml(const std::string &html, const std::string &title, const std::string &date);
 
-// A picture of that many pixels to a point of the drawing, on white. A picture that memory cannot hold is Overflow.
-std::string PngOfSvg(const std::string &svg, double pixelsPerPoint);
+// A picture of the drawing's own size, on white. A picture that memory cannot hold is Overflow.
+std::string PngOfSvg(const std::string &svg);
 
 } // namespace havuz

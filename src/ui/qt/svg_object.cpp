@@ -6,7 +6,7 @@ namespace havuz {
 
 QSizeF SvgObject::intrinsicSize(QTextDocument * /*document*/, int /*place*/, const QTextFormat &format) {
     const QSvgRenderer picture(format.property(kBytes).toByteArray());
-    return QSizeF(picture.defaultSize()) * dotsPerInch_ / 72.0;
+    return QSizeF(picture.defaultSize()) * dotsPerInch_ / 96.0;
 }
 
 void SvgObject::drawObject(QPainter *painter, const QRectF &rect, QTextDocument * /*document*/, int /*place*/,

@@ -20,7 +20,7 @@ public:
                     const QTextFormat &format) override;
 
 private:
-    int dotsPerInch_; // of the document; pictures are in points
+    int dotsPerInch_; // of the document; pictures are in pixels, 96 to the inch
 };
 
 } // namespace havuz
