@@ -31,6 +31,7 @@ void ProofChapter(Html &html, const Source &s);
 void SoilChapter(Html &html, const Source &s);
 void FlotationChapter(Html &html, const Source &s);
 void ComparisonChapter(Html &html, const Source &s); // nothing without result files
+void MovementChapter(Html &html, const Source &s);
 void MomentChapter(Html &html, const Source &s);
 void SteelChapter(Html &html, const Source &s);
 void CrackChapter(Html &html, const Source &s);

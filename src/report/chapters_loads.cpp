@@ -305,12 +305,40 @@ void FlotationChapter(Html &html, const Source &s) {
                w.met);
 }
 
+void MovementChapter(Html &html, const Source &s) {
+    html.heading(2, "Yer değiştirmeler");
+    Rows rows;
+    for (std::size_t c = 0; c < s.design.combinations.size(); ++c) {
+        if (s.design.basis.combinations[c].factored)
+            continue;
+        const consistent::CaseResult &r = s.design.combinations[c];
+        std::size_t lowest = 0, farthest = 0;
+        const auto across = [&r](std::size_t n) { return std::hypot(r.nodes[n].u[0], r.nodes[n].u[1]); };
+        for (std::size_t n = 1; n < r.nodes.size(); ++n) {
+            if (!s.tank().nodes[n].used)
+                continue;
+            if (lowest == 0 || r.nodes[n].u[2] < r.nodes[lowest].u[2])
+                lowest = n;
+            if (farthest == 0 || across(n) > across(farthest))
+                farthest = n;
+        }
+        if (lowest != 0)
+            rows.push_back({design::TurkishName(r.key), WithUnit(-1000.0 * r.nodes[lowest].u[2], 2, "mm"),
+                            std::to_string(lowest) + " " + PlaceText(s.tank().nodes[lowest].at),
+                            WithUnit(1000.0 * across(farthest), 2, "mm"),
+                            std::to_string(farthest) + " " + PlaceText(s.tank().nodes[farthest].at)});
+    }
+    html.table({"Kombinasyon", "En büyük çökme", "Düğüm", "En büyük yatay", "Düğüm"}, rows);
+}
+
 void WarningChapter(Html &html, const Source &s) {
     html.heading(2, "Uyarılar ve işaretler");
+    Rows rows;
     for (const auto &[code, words] : s.input.warnings)
-        html.paragraph(code + ": " + words, "notice");
-    if (s.input.warnings.empty())
-        html.paragraph("Analizin uyarısı yok.");
+        rows.push_back({code, words});
+    html.paragraph(rows.empty() ? "Programın kendi çözümünün uyarısı yok."
+                                : "Programın kendi çözümünün (.SON) uyarıları; tutarlı hesap bunlardan etkilenmez.");
+    html.table({"Kod", "Uyarı"}, rows);
     html.paragraph(
         "Eksenler: duvarda 1 yatay, 2 yukarı; döşemede 1 = X, 2 = Y; yuvarlak havuzun tabanında 1 teğet, 2 yarıçap "
         "doğrultusu. N çekmede artı; M artı ise duvarın iç (ıslak) yüzü, döşemenin üst yüzü çekmededir; M11, 1 "

@@ -50,13 +50,28 @@ std::string Percent(const RunComparison &c) {
     return (percent > 0.0 ? "+%" : "-%") + Turkish(std::fabs(percent), 0);
 }
 
+// Panels that say the same, as opposite walls do, share a row.
 Rows ComparisonRows(const Source &s) {
     Rows rows;
-    for (const RunComparison &c : s.input.comparison)
-        if (Greater(c) >= .005 && std::fabs(c.run - c.consistent) > kWorthTelling * Greater(c))
-            rows.push_back({s.input.literal[static_cast<std::size_t>(c.column - 1)].name + " (" + c.cases + ")",
-                            PanelName(s.tank(), c.panel), c.quantity, WithUnit(c.run, 2, "t·m/m"),
-                            WithUnit(c.consistent, 2, "t·m/m"), Percent(c), CauseWords(c)});
+    for (const RunComparison &c : s.input.comparison) {
+        if (Greater(c) < .005 || std::fabs(c.run - c.consistent) <= kWorthTelling * Greater(c))
+            continue;
+        const std::vector<std::string> row = {s.input.literal[static_cast<std::size_t>(c.column - 1)].name + " (" +
+                                                  c.cases + ")",
+                                              PanelName(s.tank(), c.panel),
+                                              c.quantity,
+                                              WithUnit(c.run, 2, "t·m/m"),
+                                              WithUnit(c.consistent, 2, "t·m/m"),
+                                              Percent(c),
+                                              CauseWords(c)};
+        const auto same = std::find_if(rows.begin(), rows.end(), [&](const std::vector<std::string> &other) {
+            return other[0] == row[0] && std::equal(row.begin() + 2, row.end(), other.begin() + 2);
+        });
+        if (same == rows.end())
+            rows.push_back(row);
+        else
+            (*same)[1] += ", " + row[1];
+    }
     return rows;
 }
 

@@ -97,7 +97,7 @@ static void TitleBlock(Html &html, const ReportInput &input, const design::Desig
                                                   {"Modelin özeti (SHA-256)", input.hash}};
     for (const auto &[name, text] : design.basis.settings.texts)
         rows.push_back({name, text});
-    html.table({"Rapor", ""}, rows);
+    html.table({"Rapor", "Bilgi"}, rows);
     for (const std::string &notice : input.notices)
         html.paragraph(notice, "notice");
 }
@@ -107,8 +107,8 @@ std::string ReportHtml(const ReportInput &input, const consistent::Analysis &ana
     const Source source{input, analysis, design};
     TitleBlock(html, input, design);
     for (const auto chapter :
-         {VerdictChapter, InputChapter, LoadChapter, ProofChapter, SoilChapter, FlotationChapter, MomentChapter,
-          ComparisonChapter, SteelChapter, CrackChapter, ShearChapter, WarningChapter})
+         {VerdictChapter, InputChapter, LoadChapter, ProofChapter, SoilChapter, FlotationChapter, MovementChapter,
+          MomentChapter, ComparisonChapter, SteelChapter, CrackChapter, ShearChapter, WarningChapter})
         chapter(html, source);
     return html.file();
 }

@@ -32,7 +32,7 @@ private:
     void takeBlock(const QTextBlock &block) {
         const QRectF box = layout_.blockBoundingRect(block);
         const bool keeps = block.blockFormat().headingLevel() > 0 || HoldsPicture(block);
-        if (box.height() > 0.0)
+        if (block.length() > 1) // not the empty one behind a table
             pieces_.push_back({box.top(), box.bottom(), keeps});
     }
     void takeTable(const QTextTable &table) {
