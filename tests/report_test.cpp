@@ -273,3 +273,18 @@ TEST(Report, APictureOfEveryResult) {
         EXPECT_TRUE(Contains(ReadBytes(folder.file("error")), "-")) << wrong;
     }
 }
+
+// A viewer's own library reads the file: points, cells and every array are those of the tables.
+TEST(Report, TheFileForViewersIsReadByVtk) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(CliStatus(folder, "pool circular -o P.POL --set Lx=5 --set UstKot=2 --set SiviKotu=2"), 0);
+    ASSERT_EQ(CliStatus(folder, "results P.POL -o P.vtu --csv T --combination full"), 0)
+        << ReadBytes(folder.file("error"));
+    const std::string command =
+        "cd " + folder.path() + " && /usr/bin/python3 " + HAVUZ_SOURCE_DIR + "/tests/read_vtu.py P.vtu T";
+    const int status = WEXITSTATUS(std::system((command + " >out 2>error").c_str()));
+    if (status == 77 || status == 127)
+        GTEST_SKIP() << "python3-vtk9 is not installed";
+    EXPECT_EQ(status, 0) << ReadBytes(folder.file("error"));
+    EXPECT_EQ(ReadBytes(folder.file("out")), "8 cases agree\n");
+}
