@@ -81,11 +81,27 @@ Worked LeastSteelWorked(const Basis &b, const SteelRow &row) {
     const LayerChoice &l = row.layer;
     w.title = "En az donatı";
     w.clause = "EN 1992-1-1 9.2.1.1 (1)";
-    w.formula = "As,min = 0,26 fctm/fyk b d ≥ 0,0013 b d";
+    w.formula = "As,min = 0,26 fctm/fyk b d ≥ 0,0013 b d; iki yüz birlikte ρ b h";
     w.numbers = "0,26·" + T(b.materials.fctm(), 1) + "/" + T(b.materials.fyk, 0) + "·100·" + T(l.section.d, 1) +
-                " ≥ 0,0013·100·" + T(l.section.d, 1);
-    w.result = "As,min = " + T(l.least) + " cm²/m; seçilen " + T(l.bars.area()) + " cm²/m";
+                " ≥ 0,0013·100·" + T(l.section.d, 1) + "; " + T(b.settings.leastTotal, 4) + "·100·" +
+                T(l.section.h, 1) + " = " + T(b.settings.leastTotal * kWidth * l.section.h) + " cm²/m";
+    w.result = "As,min = " + T(l.least) + " cm²/m; seçilen " + T(l.bars.area()) + " cm²/m; iki yüzün toplamı " +
+               (l.totalMet ? "yeterli" : "yetersiz");
     w.met = l.bars.area() >= l.least && l.totalMet;
+    return w;
+}
+
+Worked SpacingWorked(const Basis &b, const SteelRow &row) {
+    Worked w;
+    const double spacing = row.layer.bars.spacing;
+    w.title = "Donatı aralığı";
+    w.clause = "EN 1992-1-1 9.3.1.1 (3), projenin sınırları";
+    w.formula = "s,min ≤ s ≤ s,max";
+    w.numbers = T(b.settings.spacingLeast, 0) + " ≤ " + T(spacing, 0) + " ≤ " + T(b.settings.spacingGreatest, 0);
+    w.result = "s = " + T(spacing, 0) + " cm";
+    w.met = spacing >= b.settings.spacingLeast && spacing <= b.settings.spacingGreatest;
+    if (!w.met)
+        w.advice = "projede donatı çapı seçilmeli";
     return w;
 }
 

@@ -21,6 +21,7 @@ struct Worked {
 
 Worked SteelWorked(const Basis &basis, const SteelRow &row);
 Worked LeastSteelWorked(const Basis &basis, const SteelRow &row);
+Worked SpacingWorked(const Basis &basis, const SteelRow &row);
 Worked CrackWorked(const SteelRow &row);
 Worked ShearWorked(const Basis &basis, const SteelRow &row);
 Worked SoilWorked(const SoilState &state, double allowable);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "design/mesh_hint.h"
+#include "design/worked.h"
 #include "report/html.h"
 #include "report/report.h"
 
@@ -23,6 +24,8 @@ std::string PanelName(const consistent::Tank &tank, int panel);
 std::string WithUnit(double value, int decimals, const char *unit);
 std::string PlaceText(const Vector3 &at); // "(5,00; 0,00; 2,00) m"
 std::string Verdict(bool met);            // for a cell: marked when it is not met
+// Place, title and verdict with the clause; formula, numbers and result under them.
+void ShowWorked(Html &html, const std::string &place, const design::Worked &worked);
 
 void VerdictChapter(Html &html, const Source &s);
 void InputChapter(Html &html, const Source &s);

@@ -57,6 +57,8 @@ std::string AdviceFor(const Source &s, const Check &c) {
         return FlotationWorked(s.design.flotation).advice;
     if (c.kind == "steel")
         return SteelWorked(s.design.basis, row()).advice;
+    if (c.kind == "spacing")
+        return SpacingWorked(s.design.basis, row()).advice;
     if (c.kind == "crack")
         return CrackWorked(row()).advice;
     if (c.kind == "shear")
@@ -290,6 +292,10 @@ void SoilChapter(Html &html, const Source &s) {
     if (rows.empty())
         html.paragraph("Zemine oturan eleman yok.");
     html.table({"Kombinasyon", "En büyük gerilme", "Gzem", "Düğüm", "Kalkan taban", "Sonuç"}, rows);
+    const auto worst = std::max_element(s.design.soil.begin(), s.design.soil.end(),
+                                        [](const auto &a, const auto &b) { return a.pressure < b.pressure; });
+    if (worst != s.design.soil.end() && worst->node != 0)
+        ShowWorked(html, design::TurkishName(worst->combination), SoilWorked(*worst, s.design.basis.allowableSoil));
     for (const design::SoilState &state : s.design.soil)
         if (!state.failure.empty())
             html.paragraph(design::TurkishName(state.combination) + ": " + state.failure, "notice");
@@ -299,10 +305,7 @@ void SoilChapter(Html &html, const Source &s) {
 
 void FlotationChapter(Html &html, const Source &s) {
     html.heading(2, "Yüzme");
-    const design::Worked w = FlotationWorked(s.design.flotation);
-    html.block({w.title + ": " + design::VerdictText(w.met), w.formula + "; " + w.clause, w.numbers,
-                w.result + (w.advice.empty() ? "" : "; " + w.advice)},
-               w.met);
+    ShowWorked(html, "tüm havuz", FlotationWorked(s.design.flotation));
 }
 
 void MovementChapter(Html &html, const Source &s) {

@@ -109,11 +109,9 @@ std::string RowPlace(const SteelRow &row) {
     return std::string(TurkishNameOf(row.zone)) + ", " + TurkishFaceName(row) + ", " + std::to_string(row.direction);
 }
 
-void ShowWorked(Html &html, const Source &s, const SteelRow &row, const Worked &w) {
-    html.block({PanelName(s.tank(), row.panel) + ", " + RowPlace(row) + ": " + w.title + " " +
-                    design::VerdictText(w.met) + " (" + w.clause + ")",
-                w.formula, w.numbers, w.result + (w.advice.empty() ? "" : "; " + w.advice)},
-               w.met);
+// The row that governs a kind of check in a panel, worked by hand.
+void ShowRow(Html &html, const Source &s, const SteelRow &row, const Worked &w) {
+    ShowWorked(html, PanelName(s.tank(), row.panel) + ", " + RowPlace(row), w);
 }
 
 // Where and under what the governing steel of a row was found, with its numbers.
@@ -151,8 +149,9 @@ void PanelSteel(Html &html, const Source &s, int panel) {
     html.table(kSteelHead, rows);
     if (const SteelRow *row = GoverningRow(s, "steel", panel)) {
         html.paragraph(GoverningText(s, *row));
-        ShowWorked(html, s, *row, SteelWorked(s.design.basis, *row));
-        ShowWorked(html, s, *row, LeastSteelWorked(s.design.basis, *row));
+        ShowRow(html, s, *row, SteelWorked(s.design.basis, *row));
+        ShowRow(html, s, *row, LeastSteelWorked(s.design.basis, *row));
+        ShowRow(html, s, *row, SpacingWorked(s.design.basis, *row));
     }
 }
 
@@ -191,7 +190,7 @@ void CrackChapter(Html &html, const Source &s) {
     html.table({"Panel", "Bölge, yüz, yön", "Komb.", "M*", "N*", "σs", "wk", "Sınır", "Sonuç"}, rows);
     for (const auto &[number, panel] : s.tank().panels)
         if (const SteelRow *row = GoverningRow(s, "crack", number))
-            ShowWorked(html, s, *row, CrackWorked(*row));
+            ShowRow(html, s, *row, CrackWorked(*row));
 }
 
 void ShearChapter(Html &html, const Source &s) {
@@ -206,7 +205,7 @@ void ShearChapter(Html &html, const Source &s) {
     html.table({"Panel", "Bölge, yüz, yön", "Komb.", "Eleman", "V", "VRd", "Sonuç"}, rows);
     for (const auto &[number, panel] : s.tank().panels)
         if (const SteelRow *row = GoverningRow(s, "shear", number); row != nullptr && row->shear.mesh != 0)
-            ShowWorked(html, s, *row, ShearWorked(s.design.basis, *row));
+            ShowRow(html, s, *row, ShearWorked(s.design.basis, *row));
 }
 
 } // namespace havuz::report

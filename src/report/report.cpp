@@ -39,6 +39,12 @@ std::string PlaceText(const Vector3 &at) {
 
 std::string Verdict(bool met) { return (met ? "" : "!") + std::string(design::VerdictText(met)); }
 
+void ShowWorked(Html &html, const std::string &place, const design::Worked &w) {
+    html.block({place + ": " + w.title + " " + design::VerdictText(w.met) + " (" + w.clause + ")", w.formula, w.numbers,
+                w.result + (w.advice.empty() ? "" : "; " + w.advice)},
+               w.met);
+}
+
 static std::string Diameters(const design::Basis &basis) {
     std::string text;
     for (const double d : basis.diameters)
