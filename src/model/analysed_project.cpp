@@ -2,6 +2,7 @@
 
 #include "model/failure.h"
 #include "model/files.h"
+#include "model/number_text.h"
 #include "model/project_file.h"
 #include "model/springs.h"
 #include "model/store.h"
@@ -12,29 +13,43 @@ namespace havuz {
 
 namespace {
 
-// The springs of all nodes, put back at the end.
-class KeptSprings {
+// Springs and places of all nodes, put back at the end.
+class KeptNodes {
 public:
-    KeptSprings() {
+    KeptNodes() {
         for (int i = 0; i <= kNoktaCapacity; ++i)
-            yay_.push_back(NoktaTable[i].Yay);
+            nodes_.push_back({NoktaTable[i].X, NoktaTable[i].Y, NoktaTable[i].Yay});
     }
-    ~KeptSprings() {
-        for (int i = 0; i <= kNoktaCapacity; ++i)
-            NoktaTable[i].Yay = yay_[static_cast<std::size_t>(i)];
+    ~KeptNodes() {
+        for (int i = 0; i <= kNoktaCapacity; ++i) {
+            const Node &node = nodes_[static_cast<std::size_t>(i)];
+            NoktaTable[i].X = node.x;
+            NoktaTable[i].Y = node.y;
+            NoktaTable[i].Yay = node.spring;
+        }
     }
-    KeptSprings(const KeptSprings &) = delete;
-    KeptSprings &operator=(const KeptSprings &) = delete;
+    KeptNodes(const KeptNodes &) = delete;
+    KeptNodes &operator=(const KeptNodes &) = delete;
 
 private:
-    std::vector<Float32> yay_;
+    struct Node {
+        Float32 x, y, spring;
+    };
+    std::vector<Node> nodes_;
 };
+
+Float32 AsRead(Float32 value) { return Float32(ParseNumber(NumberText(value))); }
 
 } // namespace
 
-// A project file may hold springs of another subgrade; the analysis makes its own.
+// A project file may hold springs of another subgrade; the analysis makes its own. They are those of the places that
+// the file has, of seven digits: a model that was made and never read would else be another one than its own file.
 std::string AnalysedText() {
-    const KeptSprings kept;
+    const KeptNodes kept;
+    for (int i = 1; i <= NoktaCount; ++i) {
+        NoktaTable[i].X = AsRead(NoktaTable[i].X);
+        NoktaTable[i].Y = AsRead(NoktaTable[i].Y);
+    }
     SpringStiffness();
     return ProjectText();
 }
