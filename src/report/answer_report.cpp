@@ -7,6 +7,7 @@
 #include "model/store.h"
 #include "report/chapters.h"
 #include "report/sha256.h"
+#include "report/summary_chapters.h"
 
 #include <filesystem>
 
@@ -65,10 +66,12 @@ std::string SummaryHtml(const TankAnswer &answer) {
     report::Html html("Özet");
     report::VerdictChapter(html, source);
     report::ProofChapter(html, source);
+    report::WeightChapter(html, source);
     report::LoadChapter(html, source);
     report::SoilChapter(html, source);
     report::FlotationChapter(html, source);
     report::ComparisonChapter(html, source);
+    report::MeshChapter(html, source, answer.meshFaults);
     report::WarningChapter(html, source);
     return html.file();
 }

@@ -52,7 +52,6 @@ TankAnswer AnswerOfModel(const std::string &project) {
     answer.noFiles = WhyNoFiles(project);
     answer.hasFiles = answer.noFiles.empty();
     answer.tank = consistent::ReadTank();
-    answer.meshFaults = MeshFaults();
     answer.settings = design::ReadSettings(project + ".RAP");
     answer.basis = design::MakeBasis(answer.settings.settings);
     answer.columns = ColumnNames();
@@ -65,6 +64,7 @@ TankAnswer ReadAnswer(const std::string &project, const std::function<void(const
     const bool changed = found && FileExists(own) && Differs(own, analysed, open);
     open(found ? analysed : own);
     TankAnswer answer = AnswerOfModel(project);
+    answer.meshFaults = MeshFaults();
     answer.origin = found ? ModelOrigin::Analysed : ModelOrigin::Project;
     answer.changed = changed;
     return answer;

@@ -28,7 +28,7 @@ struct TankAnswer {
     consistent::Tank tank;
     design::SettingsFile settings;
     design::Basis basis;
-    std::vector<MeshFault> meshFaults; // of the mesh as it stands
+    std::vector<MeshFault> meshFaults; // of the mesh as it stands; ReadAnswer alone fills it
     std::vector<std::string> columns;  // Turkish names of the load columns of the files, from column 1
     // after AnalyseAnswer
     std::shared_ptr<const consistent::Analysis> analysis;
