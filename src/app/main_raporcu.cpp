@@ -61,12 +61,15 @@ int Main(int argc, char **argv) {
         return StartDetached(Beside("havuz"), {"--open", FindFile(stem + ".POL")});
     };
     services.analyse = AnalyseAgain;
+    services.cli = Beside("havuz-cli");
+    std::string stem;
     try {
-        return RunRaporcu(argc, argv, StemOf(project), HAVUZ_VERSION, services);
-    } catch (const RuntimeFailure &failure) {
+        stem = StemOf(project);
+    } catch (const RuntimeFailure &failure) { // from a menu nobody sees standard error: the window says it too
         std::cerr << "havuz-raporcu: " << failure.what() << "\n";
-        return 1;
+        services.noProject = FailureInTurkish(failure);
     }
+    return RunRaporcu(argc, argv, stem, HAVUZ_VERSION, services);
 }
 
 } // namespace

@@ -19,7 +19,8 @@ CombinationPage::CombinationPage(QWidget *parent) : Page(parent) {
     table_->setObjectName(QStringLiteral("combinations"));
     QStringList head = {QStringLiteral("anahtar"), QStringLiteral("adı"), QStringLiteral("artırılmış")};
     for (const consistent::Case c : consistent::kAllCases)
-        head.append(ToQt(consistent::NameOf(c).key) + QStringLiteral("\n") + ToQt(consistent::NameOf(c).turkish));
+        head.append(ToQt(consistent::NameOf(c).key) + QLatin1Char('\n') +
+                    ToQt(consistent::NameOf(c).turkish).replace(QLatin1Char(' '), QLatin1Char('\n')));
     table_->setColumnCount(static_cast<int>(head.size()));
     table_->setHorizontalHeaderLabels(head);
     table_->verticalHeader()->hide();

@@ -82,6 +82,10 @@ QString TurkishHead(const QString &name, const QStringList &all) {
     return name;
 }
 
+QString KindWord(int kind) {
+    return kind == 1 ? QStringLiteral("duvar") : kind == 2 ? QStringLiteral("konsol") : QStringLiteral("taban");
+}
+
 constexpr int kShownDigits = 6;
 
 } // namespace
@@ -127,6 +131,8 @@ QVariant CsvModel::data(const QModelIndex &index, int role) const {
     const QString text = field(index.row(), index.column());
     bool isNumber = false;
     const double value = text.toDouble(&isNumber);
+    if (role == Qt::DisplayRole && isNumber && names_[index.column()] == QLatin1String("kind"))
+        return KindWord(static_cast<int>(value));
     if (role == Qt::TextAlignmentRole)
         return static_cast<int>((isNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     if (role == Qt::UserRole)

@@ -1,8 +1,8 @@
 #include "ui/raporcu/picture_page.h"
 
-#include "model/failure.h"
 #include "model/write_file.h"
 #include "ui/qt/text.h"
+#include "ui/raporcu/caught.h"
 #include "ui/raporcu/probe_words.h"
 #include "view/svg_canvas.h"
 
@@ -168,8 +168,8 @@ void PicturePage::redraw(bool refit) {
     ResultScene scene;
     try {
         scene = makeScene();
-    } catch (const RuntimeFailure &failure) { // a file that went or was cut since
-        tell(FailureInTurkish(failure));
+    } catch (const std::exception &) { // a file that went or was cut since
+        tell(CaughtInTurkish());
     }
     scene.title = nameOfResult();
     if (side_->faults->isChecked())
@@ -238,8 +238,8 @@ void PicturePage::savePicture() {
     try {
         WriteWholeFile(FromQt(path), bytes);
         tell("YAZILDI: " + FromQt(path));
-    } catch (const RuntimeFailure &failure) {
-        tell(FailureInTurkish(failure));
+    } catch (const std::exception &) {
+        tell(CaughtInTurkish());
     }
 }
 

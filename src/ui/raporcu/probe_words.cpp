@@ -1,7 +1,7 @@
 #include "ui/raporcu/probe_words.h"
 
-#include "model/failure.h"
 #include "ui/qt/text.h"
+#include "ui/raporcu/caught.h"
 
 #include <algorithm>
 
@@ -88,8 +88,8 @@ QString ProbeWords(const TankAnswer &answer, const ResultScene &scene, const Pro
                              : QStringLiteral("meshin ortasında (%1):").arg(ToQt(quantity->unit));
     try {
         return text + AllValues(answer, *quantity, face.mesh, place.corner, files);
-    } catch (const RuntimeFailure &failure) {
-        return text + ToQt(FailureInTurkish(failure)).toHtmlEscaped();
+    } catch (const std::exception &) {
+        return text + ToQt(CaughtInTurkish()).toHtmlEscaped();
     }
 }
 

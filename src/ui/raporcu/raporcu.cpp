@@ -22,7 +22,10 @@ int RunRaporcu(int &argc, char **argv, const std::string &stem, const std::strin
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/havuz.svg")));
     RaporcuWindow window(services);
     window.show();
-    window.load(stem);
+    if (services.noProject.empty())
+        window.load(stem);
+    else
+        window.loadNothing(services.noProject);
     return QApplication::exec();
 }
 

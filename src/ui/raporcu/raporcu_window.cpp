@@ -1,12 +1,12 @@
 #include "ui/raporcu/raporcu_window.h"
 
-#include "consistent/failure.h"
-#include "model/failure.h"
 #include "report/answer_report.h"
 #include "ui/kit/vek_top_bar.h"
 #include "ui/qt/text.h"
+#include "ui/raporcu/caught.h"
 
 #include <QComboBox>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QProgressBar>
@@ -39,10 +39,14 @@ void RaporcuWindow::layOutTop(VekTopBar *top) {
     anew_ = new QPushButton(QStringLiteral("yeniden analiz et"));
     anew_->setObjectName(QStringLiteral("analyseAnew"));
     anew_->hide();
+    auto *open = new QPushButton(QStringLiteral("proje aç..."));
+    open->setObjectName(QStringLiteral("openProject"));
     top->add(new QLabel(QStringLiteral("kaynak:")));
     top->add(source_);
     top->add(anew_);
+    top->add(open);
     top->add(edit_);
+    connect(open, &QPushButton::clicked, this, [this] { openProject(); });
     connect(source_, &QComboBox::currentIndexChanged, this, [this](int at) { takeSource(at == 1); });
     connect(edit_, &QPushButton::clicked, this, [this] {
         if (!services_.edit(stem_))
@@ -61,6 +65,8 @@ void RaporcuWindow::layOut() {
     tabs_->addTab(combinations_ = new CombinationPage, QStringLiteral("Kombinasyonlar"));
     tabs_->addTab(steel_ = new SteelPage, QStringLiteral("Donatı"));
     tabs_->addTab(report_ = new ReportPage, QStringLiteral("Rapor"));
+    tabs_->addTab(sweep_ = new SweepPage, QStringLiteral("Varyantlar"));
+    sweep_->setProgram(services_.cli);
     layOutTop(top);
     state_ = new QLabel;
     state_->setObjectName(QStringLiteral("state"));
@@ -83,7 +89,7 @@ void RaporcuWindow::layOut() {
     connect(tabs_, &QTabWidget::currentChanged, this, [this] { showStale(tabs_->currentWidget()); });
     for (Page *page : {static_cast<Page *>(tables_), static_cast<Page *>(steel_)})
         page->showPlace = [this](const ShownPlace &place) { showPlace(place); };
-    picture_->tell = tables_->tell = report_->tell = [this](const std::string &words) { tell(words); };
+    picture_->tell = tables_->tell = report_->tell = sweep_->tell = [this](const std::string &words) { tell(words); };
     combinations_->changed = [this](const std::vector<design::DesignCombination> &c) { takeCombinations(c); };
 }
 
@@ -95,15 +101,18 @@ void RaporcuWindow::failed(const QString &words) {
     status_->clear();
 }
 
+void RaporcuWindow::loadNothing(const std::string &why) {
+    edit_->setEnabled(false);
+    failed(ToQt(why));
+}
+
 void RaporcuWindow::load(const std::string &stem) {
     stem_ = stem;
     setWindowTitle(QFileInfo(ToQt(stem)).fileName() + QStringLiteral(" - RAPORCU"));
     try {
         start(std::make_shared<TankAnswer>(ReadAnswer(stem, services_.open)));
-    } catch (const RuntimeFailure &failure) {
-        failed(ToQt(FailureInTurkish(failure)));
-    } catch (const consistent::AnalysisFailure &failure) {
-        failed(ToQt(failure.turkish()));
+    } catch (const std::exception &) {
+        failed(ToQt(CaughtInTurkish()));
     }
 }
 
@@ -140,12 +149,8 @@ void RaporcuWindow::work(const std::shared_ptr<TankAnswer> &answer, int round) {
         later([this] { step(QStringLiteral("özet yazılıyor")); });
         const QString summary = ToQt(SummaryHtml(*answer));
         later([this, summary] { summary_->showWords(summary); });
-    } catch (const consistent::AnalysisFailure &f) {
-        failure = ToQt(f.turkish());
-    } catch (const RuntimeFailure &f) {
-        failure = ToQt(FailureInTurkish(f));
-    } catch (const std::exception &f) {
-        failure = QString::fromUtf8(f.what());
+    } catch (const std::exception &) {
+        failure = ToQt(CaughtInTurkish());
     }
     later([this, failure] { finish(failure); });
 }
@@ -155,7 +160,7 @@ void RaporcuWindow::step(const QString &words) { status_->setText(words + QStrin
 void RaporcuWindow::take(const Answer &answer) {
     answer_ = answer;
     tabs_->setEnabled(true);
-    stale_ = {picture_, tables_, combinations_, steel_, report_};
+    stale_ = {picture_, tables_, combinations_, steel_, report_, sweep_};
     source_->setEnabled(answer_->hasFiles);
     if (!answer_->hasFiles)
         source_->setCurrentIndex(0);
@@ -202,7 +207,7 @@ void RaporcuWindow::tellState() {
     if (answer_->changed)
         words << QStringLiteral("<b>Model bu analizden sonra değişti</b>");
     if (!answer_->hasFiles)
-        words << QStringLiteral(".SON yok");
+        words << ToQt(answer_->noFiles);
     words << (source_->currentIndex() == 0
                   ? QStringLiteral("Gösterilen: tutarlı hesap")
                   : QStringLiteral("Gösterilen: Resim ve uç değerler .SON dosyası, ötekiler tutarlı hesap"));
@@ -226,17 +231,29 @@ void RaporcuWindow::takeCombinations(const std::vector<design::DesignCombination
     auto next = std::make_shared<TankAnswer>(*answer_);
     next->settings.settings.combinations = combinations;
     try {
-        design::WriteSettings(stem_ + ".RAP", next->settings.settings);
-        next->settings = design::ReadSettings(stem_ + ".RAP");
-    } catch (const RuntimeFailure &failure) {
-        next->settings.turkish = FailureInTurkish(failure);
+        next->basis = design::MakeBasis(next->settings.settings);
+    } catch (const std::exception &) { // combinations that cannot serve: what was stays
+        tell(CaughtInTurkish());
+        return;
     }
     try {
-        next->basis = design::MakeBasis(next->settings.settings);
-        start(next);
-    } catch (const RuntimeFailure &failure) {
-        tell(FailureInTurkish(failure));
+        design::WriteSettings(stem_ + ".RAP", next->settings.settings);
+        next->settings = design::ReadSettings(stem_ + ".RAP");
+    } catch (const std::exception &) {
+        next->settings.turkish = ".RAP yazılamadı, katsayılar bu pencerede geçerli: " + CaughtInTurkish();
     }
+    start(next);
+}
+
+void RaporcuWindow::openProject() {
+    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Proje aç"), QFileInfo(ToQt(stem_)).path(),
+                                                      QStringLiteral("Projeler (*.POL *.pol)"));
+    if (path.isEmpty())
+        return;
+    if (thread_.joinable())
+        thread_.join(); // it reads the model in the store
+    const QFileInfo file(path);
+    load(FromQt(file.path() + QLatin1Char('/') + file.completeBaseName()));
 }
 
 void RaporcuWindow::analyseAnew() {

@@ -5,6 +5,7 @@
 #include "ui/raporcu/combination_page.h"
 #include "ui/raporcu/picture_page.h"
 #include "ui/raporcu/steel_page.h"
+#include "ui/raporcu/sweep_page.h"
 #include "ui/raporcu/tables_page.h"
 #include "ui/raporcu/text_pages.h"
 
@@ -28,7 +29,9 @@ struct RaporcuServices {
     std::function<void(const std::string &path)> open; // a project into the store, as a fresh program reads it
     std::function<bool(const std::string &stem)> edit; // havuz with the project; false: it cannot be started
     std::function<std::string(const std::string &stem)>
-        analyse; // the run anew; words of its failure, empty when it went well
+        analyse;           // the run anew; words of its failure, empty when it went well
+    std::string cli;       // path of havuz-cli, for the variants
+    std::string noProject; // why there is no project to begin with
 };
 
 class RaporcuWindow : public QWidget {
@@ -39,6 +42,7 @@ public:
     RaporcuWindow &operator=(const RaporcuWindow &) = delete;
 
     void load(const std::string &stem);              // without extension
+    void loadNothing(const std::string &why);        // there is no project to begin with
     bool busy() const { return thread_.joinable(); } // analysing, or at the words of the summary
 
 private:
@@ -59,6 +63,7 @@ private:
     void failed(const QString &words);
     void takeCombinations(const std::vector<design::DesignCombination> &combinations);
     void analyseAnew();
+    void openProject();
 
     RaporcuServices services_;
     std::string stem_;
@@ -77,6 +82,7 @@ private:
     CombinationPage *combinations_;
     SteelPage *steel_;
     ReportPage *report_;
+    SweepPage *sweep_;
 };
 
 } // namespace havuz

@@ -1,9 +1,9 @@
 #include "ui/raporcu/tables_page.h"
 
 #include "design/tables.h"
-#include "model/failure.h"
 #include "model/write_file.h"
 #include "ui/qt/text.h"
+#include "ui/raporcu/caught.h"
 #include "ui/raporcu/extremes_table.h"
 
 #include <QApplication>
@@ -114,8 +114,8 @@ void TablesPage::makeTables() {
     if (files_)
         try {
             tables_.emplace_back("extremes-son.csv", FileExtremesTable(*answer_));
-        } catch (const RuntimeFailure &failure) {
-            tell(FailureInTurkish(failure));
+        } catch (const std::exception &) {
+            tell(CaughtInTurkish());
         }
     for (const design::NamedTable &t :
          design::ResultTables(*answer_->analysis, answer_->design, design::TableStyle::International, ""))
@@ -183,8 +183,8 @@ void TablesPage::writeFiles() {
     try {
         WriteWholeFile(FromQt(path), text);
         tell("YAZILDI: " + FromQt(path));
-    } catch (const RuntimeFailure &failure) {
-        tell(FailureInTurkish(failure));
+    } catch (const std::exception &) {
+        tell(CaughtInTurkish());
     }
 }
 

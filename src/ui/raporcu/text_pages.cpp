@@ -1,10 +1,10 @@
 #include "ui/raporcu/text_pages.h"
 
-#include "model/failure.h"
 #include "model/write_file.h"
 #include "report/answer_report.h"
 #include "ui/qt/report_paper.h"
 #include "ui/qt/text.h"
+#include "ui/raporcu/caught.h"
 
 #include <QCoreApplication>
 #include <QDate>
@@ -61,8 +61,8 @@ void ReportPage::save() {
         const bool html = path.endsWith(QLatin1String(".html"), Qt::CaseInsensitive);
         WriteWholeFile(FromQt(path), html ? html_ : PdfOfHtml(html_, AnswerReportTitle(*answer_, Today()), Today()));
         tell("YAZILDI: " + FromQt(path));
-    } catch (const RuntimeFailure &failure) {
-        tell(FailureInTurkish(failure));
+    } catch (const std::exception &) {
+        tell(CaughtInTurkish());
     }
 }
 
