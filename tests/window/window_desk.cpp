@@ -234,6 +234,19 @@ void WindowDesk::openRecent(int entry) {
     settle();
 }
 
+bool TypeAll(WindowDesk &desk, std::initializer_list<const char *> texts) {
+    return std::all_of(texts.begin(), texts.end(), [&](const char *text) {
+        if (!desk.waitFor([&] { return desk.window.keyboardInFront(); }))
+            return false;
+        hand::Write(text);
+        const auto typed = [&] {
+            const auto box = desk.window.focused();
+            return box && desk.window.Text(*box) == text;
+        };
+        return desk.waitFor(typed) && desk.key("Return");
+    });
+}
+
 void WindowDesk::shot(const std::string &name) {
     settle();
     if (const char *folder = std::getenv("HAVUZ_SHOTS"))

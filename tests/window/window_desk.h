@@ -77,4 +77,7 @@ private:
     int ticks_ = 0;
 };
 
+// Into whatever has the keyboard, and Enter behind each.
+bool TypeAll(WindowDesk &desk, std::initializer_list<const char *> texts);
+
 } // namespace havuz

@@ -64,25 +64,12 @@ TEST(project, RectangularPoolFromAnEmptyWindowToItsResults) {
     EXPECT_NE(ReadBytes(CalismaDizini + "/WORKPOOL").find("DENEME"), std::string::npos);
 }
 
-// Into whatever has the keyboard, and Enter behind each.
-static void Type(WindowDesk &desk, std::initializer_list<const char *> texts) {
-    for (const char *text : texts) {
-        ASSERT_TRUE(desk.waitFor([&] { return desk.window.keyboardInFront(); }));
-        hand::Write(text);
-        ASSERT_TRUE(desk.waitFor([&] {
-            const auto box = desk.window.focused();
-            return box && desk.window.Text(*box) == text;
-        })) << text;
-        ASSERT_TRUE(desk.key("Return"));
-    }
-}
-
 // The tank of 12 x 6 x 4 m, liquid to its edge: what is not typed stands in the boxes. At most ten clicks.
 TEST(project, ATankFromTheEmptyWindowToItsResultsInFewClicks) {
     WindowDesk desk;
     const int before = hand::Presses();
     ASSERT_TRUE(desk.click(kLibraryTool));
-    Type(desk, {"12", "6", "30", "40", "4", "0", "4", "2"}); // Lx, Ly, dp, ds; levels: top, foot, liquid, soil
+    TypeAll(desk, {"12", "6", "30", "40", "4", "0", "4", "2"}); // Lx, Ly, dp, ds; levels: top, foot, liquid, soil
     desk.shot("tank-library");
     ASSERT_TRUE(desk.click(In("POOLlib", "Tamam")));
     ASSERT_TRUE(desk.click(kAutoMeshTool));
@@ -92,7 +79,7 @@ TEST(project, ATankFromTheEmptyWindowToItsResultsInFewClicks) {
     EXPECT_EQ(*std::max_element(&wall.Z[1], &wall.Z[4] + 1), 4.0);
     EXPECT_EQ(SiviKotu, 4.0);
     ASSERT_TRUE(desk.key("s", true));
-    Type(desk, {"DEPO"});
+    ASSERT_TRUE(TypeAll(desk, {"DEPO"}));
     desk.shot("tank-saved");
     const std::string stem = CalismaDizini + "/DEPO";
     ASSERT_TRUE(desk.click(kAnalysisTool));
@@ -115,7 +102,7 @@ TEST(project, AnLShapedPoolByTheKeyboardAlone) {
     ASSERT_EQ(desk.window.focused(), kPolygonTool);
     ASSERT_TRUE(desk.key("space"));
     ASSERT_EQ(CommandState, kPolygon);
-    Type(desk, {"0;0", "8;0", "@0;4", "@3,5<180", "4,5;1,999", "@-4,5;0"});
+    ASSERT_TRUE(TypeAll(desk, {"0;0", "8;0", "@0;4", "@3,5<180", "4,5;1,999", "@-4,5;0"}));
     desk.shot("l-drawn");
     EXPECT_EQ(PolyCount, 6);
     ASSERT_TRUE(desk.key("Return")); // nothing typed: the polygon ends

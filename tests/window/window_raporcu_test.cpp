@@ -1,39 +1,37 @@
 // The output program's window on a project that was analysed: its pages, the picture by mouse, combinations, old
 // models.
-#include "app/project.h"
 #include "model/store.h"
 #include "program_folder.h"
+#include "raporcu_desk.h"
 #include "support.h"
-#include "ui/raporcu/raporcu_window.h"
 #include "x_hand.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTableWidget>
 #include <QTextBrowser>
 #include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace havuz {
 
 namespace {
 
-constexpr int kWhile = 20000; // ms
-
-struct RaporcuDesk {
+// A small tank in a folder, and the window on it.
+struct TankDesk : RaporcuDesk {
     ProgramFolder program;
     TemporaryFolder folder;
     std::string stem = folder.file("Havuz");
-    std::unique_ptr<RaporcuWindow> window;
 
-    RaporcuDesk() {
+    TankDesk() {
         shell("pool rectangular -o Havuz.POL --set Lx=6 --set Ly=4 --set UstKot=2 --set SiviKotu=2");
         shell("mesh Havuz.POL");
     }
@@ -41,52 +39,19 @@ struct RaporcuDesk {
         const std::string command = "cd " + folder.path() + " && " + HAVUZ_CLI + " " + arguments + " >out 2>error";
         ASSERT_EQ(std::system(command.c_str()), 0) << command << ReadBytes(folder.file("error"));
     }
-    void open() {
-        RaporcuServices services;
-        services.open = [](const std::string &path) { OpenProject(path); };
-        services.edit = [](const std::string &) { return false; };
-        services.analyse = [](const std::string &) { return "no"; };
-        window = std::make_unique<RaporcuWindow>(services);
-        window->move(0, 0);
-        window->show();
-        load();
-    }
-    void load() {
-        window->load(stem);
-        wait([this] { return !window->busy(); });
-    }
-    static bool wait(const std::function<bool()> &holds) {
-        QElapsedTimer clock;
-        clock.start();
-        while (!holds() && clock.elapsed() < kWhile)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-        return holds();
-    }
-    template <class Widget>
-    Widget *find(const char *name) const {
-        return window->findChild<Widget *>(QLatin1String(name));
-    }
-    QString words(const char *name) const { return find<QLabel>(name)->text(); }
-    // By the mouse, on the middle of a cell that is shown.
-    void clickCell(const QTableView &table, int row, int column) const {
-        QCoreApplication::processEvents();
-        const QPoint at = table.viewport()->mapToGlobal(table.visualRect(table.model()->index(row, column)).center());
-        const int before = find<QTabWidget>("tabs")->currentIndex();
-        hand::MoveTo(at.x(), at.y());
-        hand::Press(1);
-        hand::Release(1);
-        wait([&] { return find<QTabWidget>("tabs")->currentIndex() != before; });
-    }
-    void turnTo(int page) const {
-        find<QTabWidget>("tabs")->setCurrentIndex(page);
-        QCoreApplication::processEvents();
+    void open() { RaporcuDesk::open(stem); }
+    void load() { RaporcuDesk::load(stem); }
+    // On a row that shows its place.
+    void clickRow(const QTableView &table, int row, int column) const {
+        clickCell(table, row, column);
+        wait([&] { return page() == 1; });
     }
 };
 
 } // namespace
 
 TEST(raporcu, ShowsTheModelAsItWasAnalysedAndSaysWhenItIsOld) {
-    RaporcuDesk desk;
+    TankDesk desk;
     desk.open();
     EXPECT_TRUE(desk.words("state").contains(QStringLiteral(".HSP yok")));
     EXPECT_TRUE(desk.words("state").contains(QStringLiteral(".SON yok")));
@@ -96,7 +61,7 @@ TEST(raporcu, ShowsTheModelAsItWasAnalysedAndSaysWhenItIsOld) {
     EXPECT_TRUE(desk.words("state").contains(QStringLiteral("analiz edildiği hali")));
     EXPECT_TRUE(desk.find<QComboBox>("source")->isEnabled());
     EXPECT_TRUE(desk.find<QTextBrowser>("summary")->toPlainText().contains(QStringLiteral("Zemin gerilmesi")));
-    desk.turnTo(5);
+    ASSERT_TRUE(desk.turnTo(5));
     EXPECT_TRUE(desk.find<QTextBrowser>("report")->toPlainText().contains(QStringLiteral("Hesap Raporu")));
     desk.shell("set Havuz.POL ZeminKo=1500");
     WriteBytes(desk.stem + ".RAP", "{ damaged");
@@ -107,7 +72,7 @@ TEST(raporcu, ShowsTheModelAsItWasAnalysedAndSaysWhenItIsOld) {
 }
 
 TEST(raporcu, ATankThatCannotBeReadOrAnalysedIsSaid) {
-    RaporcuDesk desk;
+    TankDesk desk;
     desk.shell("set Havuz.POL ZeminKo=0");
     desk.open();
     EXPECT_FALSE(desk.find<QTabWidget>("tabs")->isEnabled());
@@ -118,11 +83,11 @@ TEST(raporcu, ATankThatCannotBeReadOrAnalysedIsSaid) {
 }
 
 TEST(raporcu, ThePictureTurnsByTheMouseAndFollowsTheTables) {
-    RaporcuDesk desk;
+    TankDesk desk;
     desk.shell("run Havuz.POL --quiet");
     desk.open();
-    desk.turnTo(1);
-    auto *view = static_cast<ResultView *>(desk.find<QWidget>("picture"));
+    ASSERT_TRUE(desk.turnTo(1));
+    ResultView *view = &desk.view();
     ASSERT_TRUE(RaporcuDesk::wait([&] { return view->isVisible() && !view->picture().isNull(); }));
     EXPECT_NE(view->scene().title.find("tutarlı hesap"), std::string::npos);
     const double before = ViewAngleB;
@@ -136,21 +101,21 @@ TEST(raporcu, ThePictureTurnsByTheMouseAndFollowsTheTables) {
     desk.find<QComboBox>("source")->setCurrentIndex(1);
     EXPECT_NE(view->scene().title.find(".SON"), std::string::npos);
     desk.find<QComboBox>("source")->setCurrentIndex(0);
-    desk.turnTo(2);
+    ASSERT_TRUE(desk.turnTo(2));
     auto *table = desk.find<QTableView>("tableView");
     ASSERT_GT(table->model()->rowCount(), 0);
     const int panel = table->model()->index(1, 0).data().toInt();
-    desk.clickCell(*table, 1, 0);
+    desk.clickRow(*table, 1, 0);
     EXPECT_EQ(desk.find<QTabWidget>("tabs")->currentIndex(), 1);
     EXPECT_EQ(desk.find<QComboBox>("look")->currentData().toInt(), panel);
 }
 
 // The envelope is over the combinations in service; a row of it shows its side of the picture.
 TEST(raporcu, TheEnvelopeHoldsEveryCombinationInPictureAndTable) {
-    RaporcuDesk desk;
+    TankDesk desk;
     desk.open();
-    desk.turnTo(1);
-    auto *view = static_cast<ResultView *>(desk.find<QWidget>("picture"));
+    ASSERT_TRUE(desk.turnTo(1));
+    ResultView *view = &desk.view();
     auto *result = desk.find<QComboBox>("case");
     const auto greatest = [&](const char *key) {
         result->setCurrentIndex(result->findData(QLatin1String(key)));
@@ -160,26 +125,26 @@ TEST(raporcu, TheEnvelopeHoldsEveryCombinationInPictureAndTable) {
     EXPECT_EQ(most, std::max({test, full, greatest("empty"), greatest("empty-water")}));
     EXPECT_GT(greatest("envelope-most-u"), most);
     EXPECT_LE(greatest("envelope-least"), std::min(test, full));
-    desk.turnTo(2);
+    ASSERT_TRUE(desk.turnTo(2));
     desk.find<QComboBox>("table")->setCurrentIndex(1);
     auto *table = desk.find<QTableView>("tableView");
     desk.find<QLineEdit>("filter")->setText(QStringLiteral("M22"));
     ASSERT_TRUE(RaporcuDesk::wait([&] { return table->model()->index(0, 3).data() == QStringLiteral("M22"); }));
     const auto cell = [&](int column) { return table->model()->index(0, column).data(Qt::UserRole).toDouble(); };
     const char *side = std::fabs(cell(5)) > std::fabs(cell(8)) ? "envelope-least" : "envelope-most";
-    desk.clickCell(*table, 0, 5);
+    desk.clickRow(*table, 0, 5);
     EXPECT_EQ(desk.find<QTabWidget>("tabs")->currentIndex(), 1);
     EXPECT_EQ(result->currentData().toString(), QLatin1String(side));
 }
 
 // The L of the first mesher has joints that are not joined: the picture outlines them, and the probe names them.
 TEST(raporcu, BadPlacesOfTheMeshAreMarkedAndTheProbeTellsOfThem) {
-    RaporcuDesk desk;
+    TankDesk desk;
     desk.shell("polygon -o Havuz.POL --points '0,0 8,0 8,4 4,4 4,7 0,7' --dp 25 --ds 40 --top 3 --bottom 0");
     desk.shell("mesh Havuz.POL");
     desk.open();
-    desk.turnTo(1);
-    auto *view = static_cast<ResultView *>(desk.find<QWidget>("picture"));
+    ASSERT_TRUE(desk.turnTo(1));
+    ResultView *view = &desk.view();
     auto *look = desk.find<QComboBox>("look");
     look->setCurrentIndex(look->findData(1001));
     ASSERT_TRUE(RaporcuDesk::wait([&] { return !view->picture().isNull(); }));
@@ -208,10 +173,10 @@ TEST(raporcu, BadPlacesOfTheMeshAreMarkedAndTheProbeTellsOfThem) {
 }
 
 TEST(raporcu, AFactorThatIsChangedIsCalculatedAndKept) {
-    RaporcuDesk desk;
+    TankDesk desk;
     desk.open();
     const QString before = desk.find<QTextBrowser>("summary")->toPlainText();
-    desk.turnTo(3);
+    ASSERT_TRUE(desk.turnTo(3));
     auto *table = desk.find<QTableWidget>("combinations");
     const int liquid = 3 + consistent::kLiquid;
     table->item(0, liquid)->setText(QStringLiteral("3,0"));
@@ -224,6 +189,72 @@ TEST(raporcu, AFactorThatIsChangedIsCalculatedAndKept) {
     desk.find<QPushButton>("defaultCombinations")->click();
     RaporcuDesk::wait([&] { return !desk.window->busy(); });
     EXPECT_EQ(table->item(0, liquid)->text(), QStringLiteral("1,00"));
+}
+
+// A settings file that cannot be taken or written keeps its bytes, the factors are calculated with all the same; and
+// combinations that cannot serve change nothing.
+TEST(raporcu, SettingsThatCannotBeKeptLoseNothing) {
+    TankDesk desk;
+    desk.open();
+    ASSERT_TRUE(desk.turnTo(3));
+    auto *table = desk.find<QTableWidget>("combinations");
+    const int liquid = 3 + consistent::kLiquid;
+    const auto apply = [&] {
+        table->item(0, liquid)->setText(QStringLiteral("2,00"));
+        desk.click(desk.find<QPushButton>("applyCombinations"));
+        RaporcuDesk::wait([&] { return desk.window->busy(); });
+        RaporcuDesk::wait([&] { return !desk.window->busy(); });
+        EXPECT_TRUE(desk.words("state").contains(QStringLiteral(".RAP yazılamadı")))
+            << desk.words("state").toStdString();
+        EXPECT_EQ(table->item(0, liquid)->text(), QStringLiteral("2,00"));
+    };
+    for (const char *bytes : {"{ damaged", "{\"version\": 99}"}) {
+        WriteBytes(desk.stem + ".RAP", bytes);
+        desk.load();
+        apply();
+        EXPECT_EQ(ReadBytes(desk.stem + ".RAP"), bytes);
+    }
+    std::filesystem::remove(desk.stem + ".RAP");
+    std::filesystem::create_directory(desk.stem + ".RAP"); // nothing can be written there
+    apply();
+    std::filesystem::remove(desk.stem + ".RAP");
+    for (int row = 0; row < table->rowCount(); ++row)
+        table->item(row, 2)->setCheckState(Qt::Checked);
+    desk.click(desk.find<QPushButton>("applyCombinations"));
+    EXPECT_TRUE(RaporcuDesk::wait([&] { return desk.words("status").contains(QStringLiteral("katsayısız")); }));
+    EXPECT_FALSE(std::filesystem::exists(desk.stem + ".RAP"));
+}
+
+// The sweep by hand; its table is that of the command line.
+TEST(raporcu, ASweepIsComputedStoppedGoneOnWithAndPlotted) {
+    TankDesk desk;
+    desk.open();
+    ASSERT_TRUE(desk.turnTo(6));
+    const auto running = [&] { return desk.find<QPushButton>("stopSweep")->isEnabled(); };
+    const auto begin = [&](const char *sweep) {
+        desk.find<QLineEdit>("sweep")->clear();
+        ASSERT_TRUE(desk.type("sweep", sweep));
+        desk.click(desk.find<QPushButton>("startSweep"));
+    };
+    begin("KenarKalinlik=20:");
+    EXPECT_TRUE(RaporcuDesk::wait([&] { return desk.words("sweepRows").contains(QStringLiteral("20:")); }));
+    EXPECT_FALSE(running());
+    begin("KenarKalinlik=20:40:1");
+    ASSERT_TRUE(RaporcuDesk::wait([&] { return desk.find<QProgressBar>("sweepProgress")->value() > 0; }));
+    desk.click(desk.find<QPushButton>("stopSweep"));
+    ASSERT_TRUE(RaporcuDesk::wait([&] { return !running(); }));
+    EXPECT_TRUE(desk.words("sweepRows").contains(QStringLiteral("durduruldu")));
+    begin("KenarKalinlik=20,25 AltKalinlik=30,40");
+    ASSERT_TRUE(RaporcuDesk::wait(running));
+    ASSERT_TRUE(RaporcuDesk::wait([&] { return !running(); }));
+    EXPECT_EQ(desk.words("sweepRows"), QStringLiteral("4 havuz"));
+    EXPECT_EQ(desk.find<QComboBox>("plotBy")->currentData().toString(), QStringLiteral("AltKalinlik"));
+    EXPECT_TRUE(desk.words("lightest").startsWith(QStringLiteral("En hafif: ")));
+    desk.save("saveSweep", desk.folder.file("window.csv"));
+    desk.shell("variants --base Havuz.POL --sweep 'KenarKalinlik=20,25 AltKalinlik=30,40' -o cli.csv");
+    EXPECT_EQ(ReadBytes(desk.folder.file("window.csv")), ReadBytes(desk.folder.file("cli.csv")));
+    desk.save("savePlot", desk.folder.file("window.svg"));
+    EXPECT_NE(ReadBytes(desk.folder.file("window.svg")).find("</svg>"), std::string::npos);
 }
 
 } // namespace havuz

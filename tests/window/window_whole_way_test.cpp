@@ -1,0 +1,153 @@
+// The whole way by hand, for three tanks: from the empty window of havuz to the printed report of havuz-raporcu. With
+// HAVUZ_SHOTS every page is kept as a picture for a person to look at.
+#include "raporcu_desk.h"
+#include "ui/window/command_state.h"
+#include "ui/window/sound_switch.h"
+#include "window_desk.h"
+#include "x_hand.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QPushButton>
+#include <QTableView>
+#include <QTableWidget>
+#include <QTextBrowser>
+#include <gtest/gtest.h>
+
+namespace havuz {
+
+namespace {
+
+Element In(std::string_view form, std::string_view name, int index = 0) { return {form, name, index}; }
+
+void Library(WindowDesk &desk, int page, std::initializer_list<const char *> boxes) {
+    ASSERT_TRUE(desk.click(kLibraryTool));
+    if (!desk.window.Checked(In("POOLlib", "Sayfa", page))) {
+        ASSERT_TRUE(desk.click(In("POOLlib", "Sayfa", page)));
+    }
+    ASSERT_TRUE(TypeAll(desk, boxes));
+    ASSERT_TRUE(desk.click(In("POOLlib", "Tamam")));
+}
+
+void Rectangle(WindowDesk &desk) { Library(desk, 1, {"12", "6", "30", "40", "4", "0", "3,7", "0"}); }
+
+void Circle(WindowDesk &desk) { Library(desk, 2, {"10"}); }
+
+void LShape(WindowDesk &desk) {
+    ASSERT_TRUE(desk.click(kPolygonTool));
+    ASSERT_TRUE(TypeAll(desk, {"0;0", "8;0", "8;4", "4;4", "4;7", "0;7"}));
+    ASSERT_TRUE(desk.key("Return"));
+    ASSERT_TRUE(desk.waitFor([&] { return desk.window.FormShown("yesno"); }));
+    ASSERT_TRUE(desk.key("Return"));
+}
+
+struct TankCase {
+    const char *name;
+    void (*build)(WindowDesk &);
+    bool sound;
+    int panels;
+    const char *verdict; // words of the summary
+};
+
+// From the empty window to the result files; stem: the project that the output program is started with.
+void Analysed(WindowDesk &desk, const TankCase &tank, std::string &stem) {
+    tank.build(desk);
+    if (::testing::Test::HasFatalFailure())
+        return;
+    if (tank.sound && !desk.window.Checked(kSoundSwitch)) {
+        ASSERT_TRUE(desk.click(kSoundSwitch));
+    }
+    ASSERT_TRUE(desk.click(kAutoMeshTool));
+    ASSERT_GT(MeshCount, 100);
+    ASSERT_TRUE(desk.key("s", true));
+    ASSERT_TRUE(TypeAll(desk, {tank.name}));
+    stem = CalismaDizini + "/" + tank.name;
+    ASSERT_TRUE(desk.click(kAnalysisTool));
+    ASSERT_TRUE(desk.window.ended());
+    ASSERT_EQ(desk.window.argument, stem);
+}
+
+void LookAtPictures(RaporcuDesk &desk, const TankCase &tank) {
+    const std::string name = tank.name;
+    ASSERT_TRUE(desk.turnTo(1));
+    ASSERT_TRUE(RaporcuDesk::wait([&] { return !desk.view().picture().isNull(); }));
+    desk.shot(name + "-resim");
+    auto *look = desk.find<QComboBox>("look");
+    EXPECT_EQ(look->count(), 2 + tank.panels);
+    for (int i = 1; i < look->count(); ++i) { // in plan, and every panel laid flat
+        ASSERT_TRUE(desk.pick("look", look->itemData(i)));
+        ASSERT_FALSE(desk.view().scene().faces.empty()) << i;
+        EXPECT_TRUE(ExtremesOf(desk.view().scene())) << i;
+        EXPECT_EQ(desk.view().scene().unit, "t.m/m");
+    }
+    desk.shot(name + "-panel");
+    ASSERT_TRUE(desk.pick("look", 0));
+    ASSERT_TRUE(desk.pick("quantity", QStringLiteral("SOIL")));
+    desk.shot(name + "-zemin");
+}
+
+void LookAtTables(RaporcuDesk &desk, const TankCase &tank) {
+    ASSERT_TRUE(desk.turnTo(2));
+    auto *list = desk.find<QComboBox>("table");
+    ASSERT_GE(list->count(), 9);
+    for (int i = 0; i < list->count(); ++i) {
+        list->setCurrentIndex(i);
+        EXPECT_GT(desk.find<QTableView>("tableView")->model()->rowCount(), 0) << list->currentText().toStdString();
+    }
+    list->setCurrentIndex(0);
+    desk.shot(std::string(tank.name) + "-tablolar");
+    ASSERT_TRUE(desk.turnTo(3));
+    EXPECT_GE(desk.find<QTableWidget>("combinations")->rowCount(), 4);
+    desk.shot(std::string(tank.name) + "-kombinasyonlar");
+    ASSERT_TRUE(desk.turnTo(4));
+    EXPECT_GE(desk.find<QTableWidget>("steel")->rowCount(), 4 * tank.panels);
+    EXPECT_TRUE(desk.find<QTextBrowser>("worked")->toPlainText().contains(QStringLiteral("Belirleyen yer")));
+    desk.shot(std::string(tank.name) + "-donati");
+}
+
+void PrintReport(RaporcuDesk &desk, const TankCase &tank, const std::string &stem) {
+    ASSERT_TRUE(desk.turnTo(5));
+    EXPECT_TRUE(desk.find<QTextBrowser>("report")->toPlainText().contains(QLatin1String(tank.name)));
+    desk.shot(std::string(tank.name) + "-rapor");
+    desk.save("saveReport", stem + ".pdf");
+    const std::string pdf = ReadBytes(stem + ".pdf");
+    EXPECT_EQ(pdf.substr(0, 5), "%PDF-") << desk.words("status").toStdString();
+    EXPECT_GT(pdf.size(), 50'000U);
+    if (const char *folder = std::getenv("HAVUZ_SHOTS"))
+        WriteBytes(std::string(folder) + "/" + tank.name + ".pdf", pdf);
+}
+
+} // namespace
+
+class whole_way : public ::testing::TestWithParam<TankCase> {};
+
+TEST_P(whole_way, FromTheEmptyWindowToThePrintedReport) {
+    const TankCase tank = GetParam();
+    std::string stem;
+    WindowDesk maker;
+    Analysed(maker, tank, stem);
+    if (::testing::Test::HasFatalFailure())
+        return;
+    RaporcuDesk desk;
+    desk.open(stem);
+    EXPECT_TRUE(desk.words("state").contains(QStringLiteral("analiz edildiği hali")))
+        << desk.words("state").toStdString();
+    EXPECT_FALSE(desk.words("state").contains(QStringLiteral("değişti")));
+    EXPECT_TRUE(desk.find<QComboBox>("source")->isEnabled());
+    const QString summary = desk.find<QTextBrowser>("summary")->toPlainText();
+    EXPECT_TRUE(summary.startsWith(QStringLiteral("Sonuç")));
+    for (const char *words : {"Denge", "Ağırlık ve sıvı hacmi", "Zemin gerilmesi", "Yüzme", tank.verdict})
+        EXPECT_TRUE(summary.contains(QString::fromUtf8(words))) << words;
+    desk.shot(std::string(tank.name) + "-ozet");
+    LookAtPictures(desk, tank);
+    LookAtTables(desk, tank);
+    PrintReport(desk, tank, stem);
+}
+
+INSTANTIATE_TEST_SUITE_P(Tanks, whole_way,
+                         ::testing::Values(TankCase{"DIKDORT", Rectangle, false, 9, "12,00·6,00"},
+                                           TankCase{"DAIRE", Circle, true, 3, "π·5,00²"},
+                                           TankCase{"ELLI", LShape, true, 7, "6 köşe"}),
+                         [](const auto &info) { return std::string(info.param.name); });
+
+} // namespace havuz
