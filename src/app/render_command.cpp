@@ -8,6 +8,7 @@
 #include "model/store.h"
 #include "model/write_file.h"
 #include "report/result_picture.h"
+#include "ui/qt/image_canvas.h"
 #include "ui/qt/raster_surface.h"
 #include "ui/qt/report_paper.h"
 #include "view/mesh_drawing.h"
@@ -170,10 +171,17 @@ void RenderResult(const RenderOptions &o) {
     ResetView();
     TakeAngles(o.angles);
     const ResultScene scene = SceneToDraw(o, quantity, DesignModel(ProjectStem(o.file)));
-    SvgCanvas canvas(size.x, size.y, scene.look == SceneLook::Flat);
-    DrawScene(canvas, scene, style, FitScene(scene, canvas.width(), canvas.height()));
-    const std::string svg = canvas.document(scene.title);
-    WriteWholeFile(o.out, EndsWith(o.out, ".svg") ? svg : PngOfSvg(svg));
+    const SceneTransform to = FitScene(scene, size.x, size.y);
+    if (EndsWith(o.out, ".svg")) {
+        SvgCanvas canvas(size.x, size.y, scene.look == SceneLook::Flat);
+        DrawScene(canvas, scene, style, to);
+        WriteWholeFile(o.out, canvas.document(scene.title));
+        return;
+    }
+    NeedFonts();
+    ImageCanvas canvas(size.x, size.y);
+    DrawScene(canvas, scene, style, to);
+    WriteWholeFile(o.out, canvas.png());
 }
 
 void Render(const RenderOptions &o) {

@@ -1,6 +1,5 @@
 #include "ui/qt/report_paper.h"
 
-#include "model/failure.h"
 #include "ui/qt/report_pages.h"
 #include "ui/qt/svg_object.h"
 
@@ -9,11 +8,9 @@
 #include <QByteArray>
 #include <QGuiApplication>
 #include <QHashSeed>
-#include <QImage>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSvgRenderer>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -25,19 +22,6 @@ namespace havuz {
 namespace {
 
 constexpr int kDotsPerInch = 600;
-
-// Text needs the font database of a graphical program; one without a display serves when none runs yet.
-void NeedFonts() {
-    if (QCoreApplication::instance() != nullptr)
-        return;
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    QHashSeed::setDeterministicGlobalSeed(); // the order of fonts in a file follows it
-    static int count = 1;
-    static char name[] = "havuz";
-    static char *names[] = {name, nullptr};
-    static QGuiApplication *const program = new QGuiApplication(count, names); // lives as long as the process
-    (void)program;
-}
 
 constexpr auto kSvgUri = "data:image/svg+xml;base64,";
 
@@ -107,6 +91,18 @@ void PutDate(QByteArray &pdf, const std::string &date) {
 
 } // namespace
 
+void NeedFonts() {
+    if (QCoreApplication::instance() != nullptr)
+        return;
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    QHashSeed::setDeterministicGlobalSeed(); // the order of fonts in a file follows it
+    static int count = 1;
+    static char name[] = "havuz";
+    static char *names[] = {name, nullptr};
+    static QGuiApplication *const program = new QGuiApplication(count, names); // lives as long as the process
+    (void)program;
+}
+
 std::string PdfOfHtml(const std::string &html, const std::string &title, const std::string &date) {
     NeedFonts();
     QByteArray bytes;
@@ -139,25 +135,6 @@ std::string PdfOfHtml(const std::string &html, const std::string &title, const s
     }
     painter.end();
     PutDate(bytes, date);
-    return bytes.toStdString();
-}
-
-std::string PngOfSvg(const std::string &svg) {
-    NeedFonts();
-    QSvgRenderer picture(QByteArray::fromStdString(svg));
-    const QSize size = picture.defaultSize();
-    QImage image(size, QImage::Format_RGB32);
-    if (image.isNull())
-        throw RuntimeFailure({.fault = Fault::PictureTooLarge, .number = size.width(), .bound = size.height()});
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    picture.render(&painter);
-    painter.end();
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
     return bytes.toStdString();
 }
 

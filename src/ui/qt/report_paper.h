@@ -1,5 +1,5 @@
-// Documents and drawings on paper: a HTML report as a PDF of A4 pages, its SVG pictures painted as vectors, its text as
-// text with fonts embedded; a SVG drawing as a PNG picture. Needs no display. The same input gives the same bytes.
+// Documents on paper: a HTML report as a PDF of A4 pages, its SVG pictures painted as vectors, its text as
+// text with fonts embedded. Needs no display. The same input gives the same bytes.
 #pragma once
 
 #include <string>
@@ -9,7 +9,8 @@ namespace havuz {
 // date, "2026-01-31", is the date of the file; title stands at the foot of each page beside the page's number.
 std::string PdfOfHtml(const std::string &html, const std::string &title, const std::string &date);
 
-// A picture of the drawing's own size, on white. A picture that memory cannot hold is Overflow.
-std::string PngOfSvg(const std::string &svg);
+// Text of a picture or a page needs the font database of a graphical program: one without a display is begun when none
+// runs yet.
+void NeedFonts();
 
 } // namespace havuz
