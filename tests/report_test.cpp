@@ -227,6 +227,27 @@ TEST(Report, FromAProjectToFiles) {
     EXPECT_TRUE(Contains(bytes("R.html"), "<td>2,00 m</td>")); // the level as it was analysed
     EXPECT_EQ(CliStatus(folder, "report P.POL -o R.txt"), 2);
     EXPECT_EQ(CliStatus(folder, "report P.POL -o R.html --date 31.01.2026"), 2);
+    const std::string project = bytes("P.POL"), copy = bytes("P.HSP"), stresses = bytes("P.SON");
+    for (const std::string target : {"results P.POL -o P.POL", "render P.POL --result UZ --case L -o P.svg"}) {
+        std::filesystem::create_symlink("P.POL", folder.file("P.svg"));
+        EXPECT_EQ(CliStatus(folder, target), 1) << target; // nothing is written over the project
+        EXPECT_EQ(bytes("P.POL"), project) << target;
+        std::filesystem::remove(folder.file("P.svg"));
+    }
+    // files that are of another model, cut off, damaged: each is said by its name, and the report is there all the same
+    const auto reportSays = [&](const char *name, const std::string &content, const char *words) {
+        const std::string kept = bytes(name);
+        WriteBytes(folder.file(name), content);
+        EXPECT_EQ(CliStatus(folder, "report P.POL -o R.html --date 2026-01-31"), 0) << name;
+        EXPECT_TRUE(Contains(bytes("error"), words)) << name << bytes("error");
+        EXPECT_TRUE(Contains(bytes("R.html"), words)) << name;
+        WriteBytes(folder.file(name), kept);
+    };
+    reportSays("P.SON", stresses.substr(0, 2000), ".SON okunamadı");
+    reportSays("P.HSP", copy.substr(0, 200), ".HSP okunamadı, projenin kendisi alındı");
+    std::filesystem::remove(folder.file("P.HSP"));
+    ASSERT_EQ(CliStatus(folder, "report P.POL -o R.html --date 2026-01-31"), 0);
+    EXPECT_TRUE(Contains(bytes("error"), ".SON bu modelin değil"));
     WriteBytes(folder.file("P.RAP"), "{");
     ASSERT_EQ(CliStatus(folder, "results P.POL --csv T"), 0);
     EXPECT_TRUE(Contains(bytes("error"), "P.RAP"));

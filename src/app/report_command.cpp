@@ -39,6 +39,7 @@ void WriteReport(const Options &o) {
     if (!pdf && !EndsWith(o.out, ".html"))
         throw UsageError("-o: \"" + o.out + "\" ends neither with .pdf nor with .html");
     OpenProject(o.file); // a project that cannot be read is told before anything else
+    RefuseProjectAsTarget(o.file, o.out);
     TankAnswer answer = ReadAnswer(ProjectStem(o.file), [&o](const std::string &path) {
         OpenProject(path);
         TakeProjectPaths(o.file);

@@ -21,6 +21,7 @@ void WriteResults(const Options &o) {
     if (o.csv.empty() && o.out.empty())
         throw UsageError("results: --csv DIR or -o OUT.vtu says what to write");
     OpenProject(o.file);
+    RefuseProjectAsTarget(o.file, o.out);
     const TankAnswer project = DesignModel(ProjectStem(o.file));
     if (!o.csv.empty())
         WriteTables(o.csv, design::ResultTables(*project.analysis, project.design,

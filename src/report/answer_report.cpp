@@ -39,6 +39,8 @@ report::ReportInput InputOf(const TankAnswer &answer) {
     report::ReportInput input;
     input.title = ProjeIsmi;
     input.name = std::filesystem::path(answer.stem).filename().string();
+    if (!answer.noAnalysed.empty())
+        input.notices.push_back(answer.noAnalysed);
     if (answer.changed)
         input.notices.emplace_back(report::kModelChanged);
     if (!answer.hasFiles)

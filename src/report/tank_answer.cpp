@@ -44,6 +44,16 @@ bool Differs(const std::string &own, const std::string &analysed,
     }
 }
 
+// What is wrong with a copy of an analysed model, Turkish; empty: it is as the analysis wrote it.
+std::string Damage(const std::string &analysed, const std::function<void(const std::string &path)> &open) {
+    try {
+        open(analysed);
+        return AnalysedText() == ReadWholeFile(analysed) ? "" : "dosya analizin yazdığı gibi değil";
+    } catch (const RuntimeFailure &failure) {
+        return FailureInTurkish(failure);
+    }
+}
+
 } // namespace
 
 TankAnswer AnswerOfModel(const std::string &project) {
@@ -60,13 +70,17 @@ TankAnswer AnswerOfModel(const std::string &project) {
 
 TankAnswer ReadAnswer(const std::string &project, const std::function<void(const std::string &path)> &open) {
     const std::string own = FindFile(project + ".POL"), analysed = FindFile(project + ".HSP");
-    const bool found = FileExists(analysed);
-    const bool changed = found && FileExists(own) && Differs(own, analysed, open);
-    open(found ? analysed : own);
+    const bool found = FileExists(analysed), hasOwn = FileExists(own);
+    const bool changed = found && hasOwn && Differs(own, analysed, open);
+    const std::string damage = found ? Damage(analysed, open) : "";
+    const bool taken = found && (damage.empty() || !hasOwn); // else the project stands in for its copy
+    open(taken ? analysed : own);
     TankAnswer answer = AnswerOfModel(project);
     answer.meshFaults = MeshFaults();
-    answer.origin = found ? ModelOrigin::Analysed : ModelOrigin::Project;
-    answer.changed = changed;
+    answer.origin = taken ? ModelOrigin::Analysed : ModelOrigin::Project;
+    answer.changed = taken && changed;
+    if (!damage.empty() && !taken)
+        answer.noAnalysed = ".HSP okunamadı, projenin kendisi alındı: " + damage;
     return answer;
 }
 

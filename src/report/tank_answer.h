@@ -22,9 +22,10 @@ enum class ModelOrigin {
 struct TankAnswer {
     std::string stem; // full path of the project without extension
     ModelOrigin origin = ModelOrigin::Project;
-    bool changed = false;  // the project would be analysed as another model than NAME.HSP
-    bool hasFiles = false; // NAME.DEP and NAME.SON are there, and of this model
-    std::string noFiles;   // else why not, Turkish: ".SON yok"
+    std::string noAnalysed; // NAME.HSP is there and cannot be read: why, Turkish
+    bool changed = false;   // the project would be analysed as another model than NAME.HSP
+    bool hasFiles = false;  // NAME.DEP and NAME.SON are there, and of this model
+    std::string noFiles;    // else why not, Turkish: ".SON yok"
     consistent::Tank tank;
     design::SettingsFile settings;
     design::Basis basis;
