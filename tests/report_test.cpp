@@ -113,8 +113,8 @@ TEST(Report, PagesAreCutWhereNothingStandsAlone) {
 TEST(Report, SaysLoadsByHandAndEveryChapter) {
     const Reported r = ReportOf({{&SiviKotu, 3.0}, {&ToprakKotu, 3.0}, {&MeshGenisligi, 1.0}});
     std::size_t at = 0;
-    for (const char *heading : {"Sonuç", "Girdiler", "Yükler", "Denge", "Zemin gerilmesi", "Yüzme", "Momentler",
-                                "Donatı", "Çatlak", "Kesme", "Uyarılar"}) {
+    for (const char *heading : {"Sonuç", "Girdiler", "Ağırlık", "Yükler", "Denge", "Zemin gerilmesi", "Yüzme",
+                                "Yer değiştirmeler", "Momentler", "Donatı", "Çatlak", "Kesme", "Uyarılar"}) {
         const std::size_t found = r.html.find("<h2>" + std::string(heading));
         ASSERT_NE(found, std::string::npos) << heading;
         EXPECT_GT(found, at) << heading;

@@ -47,6 +47,7 @@ report::ReportInput InputOf(const TankAnswer &answer) {
         input.notices.push_back(answer.noFiles);
     if (!answer.settings.turkish.empty())
         input.notices.push_back(answer.settings.turkish);
+    input.meshFaults = answer.meshFaults;
     TakeRun(answer, input);
     input.facts = report::ProjectFacts(answer.design.basis);
     return input;
@@ -73,7 +74,7 @@ std::string SummaryHtml(const TankAnswer &answer) {
     report::SoilChapter(html, source);
     report::FlotationChapter(html, source);
     report::ComparisonChapter(html, source);
-    report::MeshChapter(html, source, answer.meshFaults);
+    report::MeshChapter(html, source);
     report::WarningChapter(html, source);
     return html.file();
 }

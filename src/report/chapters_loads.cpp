@@ -219,6 +219,8 @@ void VerdictChapter(Html &html, const Source &s) {
         html.paragraph(std::to_string(bad.size()) + " kontrol sağlanmıyor.", "bad");
         html.table(head, bad);
     }
+    if (!s.input.meshFaults.empty())
+        html.paragraph("Mesh kusurlu; \"Mesh raporu\" bölümü yerlerini söyler.", "notice");
     if (s.hint.coarse())
         html.paragraph("Ağ seyrek: hata tahmini " + design::ErrorText(s.hint.estimate.whole) + ".", "notice");
     html.table(std::vector(head.begin(), head.end() - 1), [&] {

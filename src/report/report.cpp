@@ -5,6 +5,7 @@
 #include "model/options.h"
 #include "model/store.h"
 #include "report/chapters.h"
+#include "report/summary_chapters.h"
 
 #include <array>
 #include <charconv>
@@ -112,9 +113,9 @@ std::string ReportHtml(const ReportInput &input, const consistent::Analysis &ana
     Html html("Hesap Raporu: " + (input.title.empty() ? input.name : input.title));
     const Source source{input, analysis, design};
     TitleBlock(html, input, design);
-    for (const auto chapter :
-         {VerdictChapter, InputChapter, LoadChapter, ProofChapter, SoilChapter, FlotationChapter, MovementChapter,
-          MomentChapter, ComparisonChapter, SteelChapter, CrackChapter, ShearChapter, WarningChapter})
+    for (const auto chapter : {VerdictChapter, InputChapter, WeightChapter, LoadChapter, ProofChapter, SoilChapter,
+                               FlotationChapter, MovementChapter, MomentChapter, ComparisonChapter, SteelChapter,
+                               CrackChapter, ShearChapter, MeshChapter, WarningChapter})
         chapter(html, source);
     return html.file();
 }

@@ -5,6 +5,7 @@
 #include "consistent/analysis.h"
 #include "consistent/causes.h"
 #include "design/checks.h"
+#include "mesh/mesh_report.h"
 
 #include <string>
 #include <utility>
@@ -28,6 +29,7 @@ struct ReportInput {
     std::string hash;                 // SHA-256 of the model's bytes
     std::vector<std::string> notices; // what the reader must know first, Turkish
     Facts warnings;                   // of the run: code and words, Turkish
+    std::vector<MeshFault> meshFaults;
     Facts facts;
     std::vector<LiteralColumn> literal; // empty without result files, so too the comparison
     std::vector<consistent::RunComparison> comparison;

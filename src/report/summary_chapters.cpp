@@ -106,7 +106,8 @@ void WeightChapter(Html &html, const Source &s) {
         html.paragraph("Tekil yükler ağırlığa girmez.");
 }
 
-void MeshChapter(Html &html, const Source &s, const std::vector<MeshFault> &faults) {
+void MeshChapter(Html &html, const Source &s) {
+    const std::vector<MeshFault> &faults = s.input.meshFaults;
     if (faults.empty())
         return;
     constexpr std::size_t kShown = 12;
@@ -120,7 +121,7 @@ void MeshChapter(Html &html, const Source &s, const std::vector<MeshFault> &faul
     }
     html.heading(2, "Mesh raporu");
     html.paragraph(std::to_string(s.tank().meshes.size()) +
-                       " meshten kusurlu yerlerde olanlar; \"Resim\" sayfasında çerçevelidir.",
+                       " meshten kusurlu yerlerde olanlar; raporcunun \"Resim\" sayfasında çerçevelidir.",
                    "notice");
     html.table({"Kusur", "Mesh sayısı", "Meshler"}, rows);
 }

@@ -1,8 +1,6 @@
-// What the summary says besides the chapters of the report: weight and volume of liquid by the outer sizes of the tank,
-// and the places that the mesh report names.
+// Weight and volume of liquid by the outer sizes of the tank, and the places that the mesh report names.
 #pragma once
 
-#include "mesh/mesh_report.h"
 #include "report/chapters.h"
 
 namespace havuz::report {
@@ -13,6 +11,6 @@ namespace havuz::report {
 void WeightChapter(Html &html, const Source &s);
 
 // Nothing for a mesh without a fault.
-void MeshChapter(Html &html, const Source &s, const std::vector<MeshFault> &faults);
+void MeshChapter(Html &html, const Source &s);
 
 } // namespace havuz::report
