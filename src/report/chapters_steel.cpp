@@ -141,7 +141,8 @@ const std::vector<std::string> kSteelHead = {"Bölge, yüz, yön", "Komb.",   "M
 
 void PanelSteel(Html &html, const Source &s, int panel) {
     html.heading(3, PanelName(s.tank(), panel));
-    html.picture(SteelPicture(s.tank(), panel, s.design.steel), PanelName(s.tank(), panel) + ": donatı bölgeleri");
+    html.picture(SteelPicture(s.tank(), panel, s.design.steel), PanelName(s.tank(), panel) + ": donatı bölgeleri",
+                 kPageWidth);
     Rows rows;
     for (const SteelRow &row : s.design.steel)
         if (row.panel == panel)

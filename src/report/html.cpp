@@ -49,10 +49,11 @@ void Html::block(const std::vector<std::string> &lines, bool good) {
     body_ += "</p>\n";
 }
 
-void Html::picture(const SvgCanvas &svg, const std::string &caption) {
+void Html::picture(const SvgCanvas &svg, const std::string &caption, double width) {
+    const double scale = width > 0.0 ? width / svg.width() : 1.0;
     const auto whole = [](double v) { return std::to_string(std::lround(v)); };
     body_ += "<p class=\"picture\"><img src=\"data:image/svg+xml;base64," + Base64(svg.document(caption)) +
-             "\" width=\"" + whole(svg.width()) + "\" height=\"" + whole(svg.height()) + "\" alt=\"" +
+             "\" width=\"" + whole(scale * svg.width()) + "\" height=\"" + whole(scale * svg.height()) + "\" alt=\"" +
              XmlText(caption) + "\"/></p>\n";
     paragraph(caption, "caption");
 }

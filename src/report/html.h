@@ -18,7 +18,8 @@ public:
     void paragraph(const std::string &words, const std::string &kind = ""); // kind: a class of the style sheet
     // Lines one under the other in one block; the first is bold.
     void block(const std::vector<std::string> &lines, bool good);
-    void picture(const SvgCanvas &svg, const std::string &caption);
+    // width: at which it is shown, pixels; 0: its own.
+    void picture(const SvgCanvas &svg, const std::string &caption, double width = 0.0);
     // Cells of a row in the order of the head; a cell that begins with "!" is marked as not met. A table without rows
     // is left out.
     void table(const std::vector<std::string> &head, const std::vector<std::vector<std::string>> &rows);

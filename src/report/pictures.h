@@ -25,7 +25,7 @@ SvgCanvas MeshPicture(const consistent::Tank &tank);
 SvgCanvas ContourPicture(const consistent::Analysis &analysis, const consistent::CaseResult &result,
                          const Quantity &quantity, int panel);
 
-// Zones with a bar of each, for each face and direction.
+// Zones with a bar of each, for each face and direction; wider than the page, to be shown at its width.
 SvgCanvas SteelPicture(const consistent::Tank &tank, int panel, const std::vector<design::SteelRow> &rows);
 
 } // namespace havuz::report

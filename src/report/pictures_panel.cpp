@@ -43,8 +43,8 @@ SvgCanvas ContourPicture(const consistent::Analysis &analysis, const consistent:
 }
 
 SvgCanvas SteelPicture(const consistent::Tank &tank, int panel, const std::vector<design::SteelRow> &rows) {
-    constexpr double kWords = 40.0; // beside a bar at the right edge
-    SvgCanvas svg(kPageWidth, 430.0);
+    constexpr double kWide = 900.0, kHigh = 600.0, kWords = 50.0; // room for words beside a bar at the right edge
+    SvgCanvas svg(kWide, kHigh);
     SteelDrawing(tank, rows, panel, svg.width() - kWords, svg.height()).draw(svg, -1);
     return svg;
 }

@@ -36,6 +36,9 @@ private:
             pieces_.push_back({box.top(), box.bottom(), keeps});
     }
     void takeTable(const QTextTable &table) {
+        const bool behindTable = !tables_.empty() && tables_.back().second == pieces_.size();
+        if (!pieces_.empty() && !behindTable)
+            pieces_.back().keepWithNext = true; // what introduces a table
         tables_.emplace_back(pieces_.size(), pieces_.size() + static_cast<std::size_t>(table.rows()));
         for (int row = 0; row < table.rows(); ++row)
             pieces_.push_back(rowOf(table, row));

@@ -40,6 +40,7 @@ void TakePictures(QTextDocument &document) {
             object.setProperty(
                 SvgObject::kBytes,
                 QByteArray::fromBase64(name.mid(static_cast<qsizetype>(std::string(kSvgUri).size())).toLatin1()));
+            object.setProperty(SvgObject::kWidth, fragment.charFormat().toImageFormat().width());
             cursor.setPosition(fragment.position());
             cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
             cursor.setCharFormat(object);

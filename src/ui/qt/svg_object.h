@@ -13,6 +13,7 @@ class SvgObject : public QObject, public QTextObjectInterface {
 public:
     static constexpr int kType = QTextFormat::UserObject + 1;    // object type of the character's format
     static constexpr int kBytes = QTextFormat::UserProperty + 1; // its property with the picture
+    static constexpr int kWidth = QTextFormat::UserProperty + 2; // and with the width it is shown at, pixels
 
     explicit SvgObject(int dotsPerInch) : dotsPerInch_(dotsPerInch) {}
     QSizeF intrinsicSize(QTextDocument *document, int place, const QTextFormat &format) override;
