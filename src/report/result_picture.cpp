@@ -172,9 +172,9 @@ ResultScene SceneOf(const Analysis &analysis, const CaseResult &result, const Qu
                 face.value[k] = q.factor * ValueOf(q, result.means[place.at({m.node[k], plane[i]})]);
         }
         face.hasValue = face.hasValue || onBed;
-        face.lifted = result.tensionFree && onBed && std::all_of(m.node.begin(), m.node.end(), [&](int n) {
-                          return result.nodes[static_cast<std::size_t>(n)].soil == 0.0;
-                      });
+        for (std::size_t k = 0; k < 4; ++k)
+            face.lifted[k] =
+                result.tensionFree && onBed && result.nodes[static_cast<std::size_t>(m.node[k])].soil == 0.0;
         scene.faces.push_back(face);
     }
     return scene;

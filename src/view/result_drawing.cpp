@@ -63,15 +63,15 @@ void DrawOutline(ResultCanvas &canvas, const Placed &p, Colour colour, double li
         canvas.Line(p.at[k], p.at[(k + 1) % 4], colour, lineWidth);
 }
 
-// Three lines from side to side.
-void DrawHatching(ResultCanvas &canvas, const Placed &p) {
-    const auto between = [](ScreenPoint a, ScreenPoint b, double t) {
-        return ScreenPoint{a.x + t * (b.x - a.x), a.y + t * (b.y - a.y)};
-    };
-    for (const double t : {0.25, 0.5, 0.75}) {
-        canvas.Line(between(p.at[0], p.at[1], t), between(p.at[0], p.at[3], t), kInk, 1.0);
-        canvas.Line(between(p.at[2], p.at[3], t), between(p.at[2], p.at[1], t), kInk, 1.0);
-    }
+ScreenPoint Between(ScreenPoint a, ScreenPoint b, double t) { return {a.x + t * (b.x - a.x), a.y + t * (b.y - a.y)}; }
+
+// Lines across the quarter of a corner, which is what its node carries.
+void DrawHatching(ResultCanvas &canvas, const Placed &p, std::size_t corner) {
+    const ScreenPoint at = p.at[corner], middle = Middle(p.at);
+    const ScreenPoint next = Between(at, p.at[(corner + 1) % 4], .5), before = Between(at, p.at[(corner + 3) % 4], .5);
+    for (const double t : {0.5, 1.0})
+        canvas.Line(Between(at, next, t), Between(at, before, t), kInk, 1.0);
+    canvas.Line(Between(middle, next, .5), Between(middle, before, .5), kInk, 1.0);
 }
 
 void DrawFace(ResultCanvas &canvas, const ResultFace &face, const Placed &p, const ColourMap &map,
@@ -80,8 +80,9 @@ void DrawFace(ResultCanvas &canvas, const ResultFace &face, const Placed &p, con
         DrawContours(canvas, face, p, map);
     else
         canvas.Fill(p.at, kNoValue);
-    if (face.lifted)
-        DrawHatching(canvas, p);
+    for (std::size_t k = 0; k < 4; ++k)
+        if (face.lifted[k])
+            DrawHatching(canvas, p, k);
     if (style.meshLines)
         DrawOutline(canvas, p, kMeshLine, 1.0);
     if (face.marked)
@@ -149,24 +150,23 @@ void DrawMarks(ResultCanvas &canvas, const ResultScene &scene, const std::vector
 void DrawKeys(ResultCanvas &canvas, const ResultScene &scene) {
     constexpr double kBox = 12.0, kTop = 34.0;
     double x = 14.0;
-    const auto key = [&](bool ResultFace::*drawn, const char *words) {
-        const auto count =
-            std::count_if(scene.faces.begin(), scene.faces.end(), [&](const ResultFace &f) { return f.*drawn; });
+    const auto key = [&](bool lifted, const char *words) {
+        const auto count = std::count_if(scene.faces.begin(), scene.faces.end(),
+                                         [&](const ResultFace &f) { return lifted ? f.anyLifted() : f.marked; });
         if (count == 0)
             return;
         Placed box;
         box.at = {ScreenPoint{x, kTop}, ScreenPoint{x + kBox, kTop}, ScreenPoint{x + kBox, kTop + kBox},
                   ScreenPoint{x, kTop + kBox}};
-        if (drawn == &ResultFace::lifted)
-            DrawHatching(canvas, box);
-        DrawOutline(canvas, box, drawn == &ResultFace::lifted ? kMeshLine : kBadMesh,
-                    drawn == &ResultFace::lifted ? 1.0 : 3.0);
+        for (std::size_t k = 0; k < 4 && lifted; ++k)
+            DrawHatching(canvas, box, k);
+        DrawOutline(canvas, box, lifted ? kMeshLine : kBadMesh, lifted ? 1.0 : 3.0);
         const std::string text = std::string(words) + ": " + std::to_string(count) + " mesh";
         canvas.Text({x + kBox + 6.0, kTop + kBox - 1.0}, text, TextAlign::Left, kTextSize, kInk);
         x += kBox + 30.0 + 0.6 * kTextSize * static_cast<double>(text.size());
     };
-    key(&ResultFace::lifted, "kalkan taban");
-    key(&ResultFace::marked, "mesh raporunda");
+    key(true, "kalkan taban");
+    key(false, "mesh raporunda");
 }
 
 int LimitDecimals(const ColourMap &map) {

@@ -16,9 +16,10 @@ struct ResultFace {
     std::array<SpacePoint, 4> moved{}; // displacement of each corner, m
     std::array<double, 4> value{};
     int mesh = 0, panel = 0;
-    bool hasValue = true; // false: drawn grey
-    bool lifted = false;  // the bed under it was let go: hatched
-    bool marked = false;  // the mesh report names it: outlined
+    bool hasValue = true;         // false: drawn grey
+    std::array<bool, 4> lifted{}; // the bed under a corner was let go: its quarter is hatched
+    bool marked = false;          // the mesh report names it: outlined
+    bool anyLifted() const { return lifted[0] || lifted[1] || lifted[2] || lifted[3]; }
 };
 
 enum class SceneLook {
