@@ -17,6 +17,7 @@ double IntegralOf(const std::vector<DiagramPoint> &points);
 class LineDiagram : public QWidget {
 public:
     explicit LineDiagram(QWidget *parent);
+    const std::vector<DiagramPoint> &points() const { return points_; }
     void show(std::vector<DiagramPoint> points, const std::string &unit, int decimals);
     using QWidget::show;
     QSize sizeHint() const override { return {400, 150}; }

@@ -42,8 +42,8 @@ PictureSide::PictureSide(QWidget *parent) : QWidget(parent), form_(new QFormLayo
     result = newList("durum", "case");
     look = newList("görünüş", "look");
     scale = newList("ölçek", "scale");
-    scale->addItem(QStringLiteral("otomatik"));
-    scale->addItem(QStringLiteral("sabit"));
+    scale->addItem(QStringLiteral("otomatik"), 0);
+    scale->addItem(QStringLiteral("sabit"), 1);
     low = newBox("en küçük", "low");
     high = newBox("en büyük", "high");
     smooth = newMark("yumuşak geçiş", "smooth", false);

@@ -118,13 +118,17 @@ void RaporcuWindow::load(const std::string &stem) {
 
 // The analysis works on the answer alone: the window stays free. Buttons that read or write the model wait for its end.
 void RaporcuWindow::start(std::shared_ptr<TankAnswer> answer) {
+    begin([this, answer](int round) { work(answer, round); });
+}
+
+void RaporcuWindow::begin(std::function<void(int round)> work) {
     if (thread_.joinable())
         thread_.join();
     progress_->show();
     edit_->setEnabled(false);
     anew_->setEnabled(false);
     ++round_;
-    thread_ = std::thread([this, answer, round = round_] { work(answer, round); });
+    thread_ = std::thread([work = std::move(work), round = round_] { work(round); });
 }
 
 // What a round that was overtaken still has to say is not heard.
@@ -175,7 +179,7 @@ void RaporcuWindow::finish(const QString &failure) {
     anew_->setEnabled(true);
     if (!failure.isEmpty())
         failed(failure);
-    else
+    else if (answer_)
         tellSize();
 }
 
@@ -257,11 +261,17 @@ void RaporcuWindow::openProject() {
 }
 
 void RaporcuWindow::analyseAnew() {
-    const std::string words = services_.analyse(stem_);
-    if (!words.empty())
-        tell(words);
-    else
-        load(stem_);
+    step(QStringLiteral("analiz ediliyor"));
+    begin([this](int round) {
+        const std::string words = services_.analyse(stem_);
+        later(round, [this, words] {
+            finish({});
+            if (words.empty())
+                load(stem_);
+            else
+                tell(words);
+        });
+    });
 }
 
 } // namespace havuz

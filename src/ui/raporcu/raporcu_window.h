@@ -49,6 +49,7 @@ private:
     void layOut();
     void layOutTop(VekTopBar *top);
     void start(std::shared_ptr<TankAnswer> answer);
+    void begin(std::function<void(int round)> work); // beside the window
     void work(const std::shared_ptr<TankAnswer> &answer, int round);
     void later(int round, std::function<void()> act);
     void take(const Answer &answer);
