@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -52,6 +53,10 @@ struct TankDesk : RaporcuDesk {
 
 TEST(raporcu, ShowsTheModelAsItWasAnalysedAndSaysWhenItIsOld) {
     TankDesk desk;
+    desk.services.analyse = [&](const std::string &) {
+        desk.shell("run Havuz.POL --quiet");
+        return "";
+    };
     desk.open();
     EXPECT_TRUE(desk.words("state").contains(QStringLiteral(".HSP yok")));
     EXPECT_TRUE(desk.words("state").contains(QStringLiteral(".SON yok")));
@@ -69,6 +74,10 @@ TEST(raporcu, ShowsTheModelAsItWasAnalysedAndSaysWhenItIsOld) {
     EXPECT_TRUE(desk.words("state").contains(QStringLiteral("Model bu analizden sonra değişti")));
     EXPECT_TRUE(desk.words("state").contains(QStringLiteral(".RAP")));
     EXPECT_EQ(ReadBytes(desk.stem + ".RAP"), "{ damaged");
+    desk.click(desk.find<QPushButton>("analyseAnew"));
+    EXPECT_TRUE(RaporcuDesk::wait([&] { return !desk.words("state").contains(QStringLiteral("değişti")); }));
+    EXPECT_TRUE(desk.find<QComboBox>("source")->isEnabled());
+    RaporcuDesk::wait([&] { return !desk.window->busy(); });
 }
 
 TEST(raporcu, ATankThatCannotBeReadOrAnalysedIsSaid) {
@@ -110,6 +119,68 @@ TEST(raporcu, ThePictureTurnsByTheMouseAndFollowsTheTables) {
     EXPECT_EQ(desk.find<QComboBox>("look")->currentData().toInt(), panel);
 }
 
+// A column pulls one corner up: the base lifts there where the ground cannot pull.
+TEST(raporcu, ThePictureObeysItsControls) {
+    TankDesk desk;
+    desk.shell("set Havuz.POL 'FZ(1)=-10'");
+    desk.open();
+    ASSERT_TRUE(desk.turnTo(1));
+    ResultView &view = desk.view();
+    ASSERT_TRUE(RaporcuDesk::wait([&] { return !view.picture().isNull(); }));
+    const auto lifted = [&] {
+        return std::count_if(view.scene().faces.begin(), view.scene().faces.end(),
+                             [](const ResultFace &f) { return f.anyLifted(); });
+    };
+    EXPECT_EQ(lifted(), 0);
+    ASSERT_TRUE(desk.pick("case", QStringLiteral("empty/free")));
+    EXPECT_GT(lifted(), 0);
+    EXPECT_LT(lifted(), static_cast<long>(view.scene().faces.size()));
+    const auto clicked = [&](const char *mark, const std::function<bool()> &holds) {
+        desk.click(desk.find<QCheckBox>(mark), QPoint(8, desk.find<QCheckBox>(mark)->height() / 2));
+        return RaporcuDesk::wait(holds);
+    };
+    EXPECT_TRUE(clicked("smooth", [&] { return view.style().smooth; }));
+    EXPECT_TRUE(clicked("lines", [&] { return !view.style().meshLines; }));
+    EXPECT_TRUE(clicked("deformed", [&] { return view.style().deformation > 0.0; }));
+    EXPECT_EQ(view.style().deformation, UsualDeformation(view.scene()));
+    ASSERT_TRUE(desk.type("factor", "50"));
+    EXPECT_EQ(view.style().deformation, 50.0);
+    ASSERT_TRUE(desk.pick("scale", 1));
+    ASSERT_TRUE(desk.type("low", "-1,5"));
+    ASSERT_TRUE(desk.type("high", "2"));
+    EXPECT_EQ(MapOf(view.scene(), view.style()).low(), -1.5);
+    EXPECT_EQ(MapOf(view.scene(), view.style()).high(), 2.0);
+
+    ASSERT_TRUE(desk.pick("look", 1)); // the base, laid flat
+    ASSERT_TRUE(RaporcuDesk::wait([&] { return !view.picture().isNull(); }));
+    const SceneTransform fitted = view.transform();
+    const QPoint middle = view.mapToGlobal(view.rect().center());
+    const auto wheel = [&](int button) {
+        hand::MoveTo(middle.x(), middle.y());
+        hand::Press(button);
+        hand::Release(button);
+    };
+    wheel(4);
+    EXPECT_TRUE(RaporcuDesk::wait([&] { return std::fabs(view.transform().scale - 1.25 * fitted.scale) < 1e-9; }));
+    wheel(5);
+    EXPECT_TRUE(RaporcuDesk::wait([&] { return std::fabs(view.transform().x - fitted.x) < 1e-6; }));
+    const int height = view.height();
+    EXPECT_TRUE(clicked("line", [&] { return view.height() < height && !view.picture().isNull(); }));
+    const auto at = [&](double x, double y) {
+        const SceneTransform &to = view.transform();
+        return view.mapToGlobal(QPointF(to.x + to.scale * x, to.y - to.scale * y).toPoint());
+    };
+    const QPoint from = at(-0.1, 2.0), to = at(6.1, 2.0);
+    hand::MoveTo(from.x(), from.y());
+    hand::Press(1);
+    hand::MoveTo(to.x(), to.y());
+    hand::Release(1);
+    const auto &points = static_cast<LineDiagram *>(desk.find<QWidget>("diagram"))->points();
+    ASSERT_TRUE(RaporcuDesk::wait([&] { return !points.empty(); }));
+    EXPECT_NEAR(points.back().along, 6.0, 0.06); // from edge to edge of the base of 6 x 4 m, by points
+    EXPECT_EQ(IntegralOf({{0.0, 1.0}, {2.0, 3.0}, {3.0, 3.0}}), 7.0);
+}
+
 // The envelope is over the combinations in service; a row of it shows its side of the picture.
 TEST(raporcu, TheEnvelopeHoldsEveryCombinationInPictureAndTable) {
     TankDesk desk;
@@ -130,6 +201,11 @@ TEST(raporcu, TheEnvelopeHoldsEveryCombinationInPictureAndTable) {
     auto *table = desk.find<QTableView>("tableView");
     desk.find<QLineEdit>("filter")->setText(QStringLiteral("M22"));
     ASSERT_TRUE(RaporcuDesk::wait([&] { return table->model()->index(0, 3).data() == QStringLiteral("M22"); }));
+    desk.click(desk.find<QPushButton>("copyTable"));
+    EXPECT_TRUE(RaporcuDesk::wait(
+        [&] { return QGuiApplication::clipboard()->text().startsWith(QStringLiteral("panel\ttür\tzarf\tsonuç")); }));
+    desk.save("writeTables", desk.folder.file("zarf.csv"));
+    EXPECT_EQ(ReadBytes(desk.folder.file("zarf.csv")).substr(0, 26), "panel;kind;envelope;result");
     const auto cell = [&](int column) { return table->model()->index(0, column).data(Qt::UserRole).toDouble(); };
     const char *side = std::fabs(cell(5)) > std::fabs(cell(8)) ? "envelope-least" : "envelope-most";
     desk.clickRow(*table, 0, 5);
