@@ -1,10 +1,13 @@
 // havuz_verification: makes the verification manual, or says whether a page is still what the program computes.
-//   havuz_verification DOCS PROJECTS           DOCS/verification.md and DOCS/pictures/verification/*.svg, at all widths
-//   havuz_verification --check DOCS PROJECTS   computes the coarse widths and compares them with DOCS/verification.md
+//   havuz_verification DOCS PROJECTS           DOCS/verification.md and DOCS/pictures/verification/*.svg, at all
+//   widths,
+//                                              and the program's figures in DOCS/ornekler.md
+//   havuz_verification --check DOCS PROJECTS   computes the coarse widths and compares them with both pages
 // PROJECTS: folder of the sample projects. Ends with 1 when the page differs or a difference above 2 % has no sentence.
 #include "model/failure.h"
 #include "model/write_file.h"
 #include "verification/page.h"
+#include "verification/samples.h"
 
 #include <filesystem>
 #include <fstream>
@@ -17,6 +20,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
+std::string TextOf(const std::string &path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
 int Make(const std::string &docs, const std::string &projects) {
     const Page page = MakePage(AllChapters(projects), Depth::Whole);
     const std::string pictures = docs + "/pictures/verification";
@@ -25,20 +33,25 @@ int Make(const std::string &docs, const std::string &projects) {
     for (const auto &[name, svg] : page.pictures)
         WriteWholeFile(pictures + "/" + name, svg);
     WriteWholeFile(docs + "/verification.md", page.markdown);
+    WriteWholeFile(docs + "/ornekler.md", FillSamples(TextOf(docs + "/ornekler.md"), projects));
     for (const std::string &words : page.unexplained)
         std::cerr << "havuz_verification: not explained: " << words << "\n";
     return page.unexplained.empty() ? 0 : 1;
 }
 
+// Says where a page is old.
+bool IsCurrent(const std::string &page, const std::string &difference) {
+    if (!difference.empty())
+        std::cerr << "havuz_verification: " << page << " is old; docs/make-verification makes it anew\n"
+                  << difference << "\n";
+    return difference.empty();
+}
+
 int Check(const std::string &docs, const std::string &projects) {
-    std::ifstream in(docs + "/verification.md", std::ios::binary);
-    const std::string page{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    const std::string difference = FirstDifference(MakePage(AllChapters(projects), Depth::Coarse).markdown, page);
-    if (difference.empty())
-        return 0;
-    std::cerr << "havuz_verification: docs/verification.md is old; docs/make-verification makes it anew\n"
-              << difference << "\n";
-    return 1;
+    const std::string manual = docs + "/verification.md", samples = docs + "/ornekler.md", text = TextOf(samples);
+    const bool current = IsCurrent(samples, FirstDifference(FillSamples(text, projects), text));
+    const Page page = MakePage(AllChapters(projects), Depth::Coarse);
+    return IsCurrent(manual, FirstDifference(page.markdown, TextOf(manual))) && current ? 0 : 1;
 }
 
 } // namespace
