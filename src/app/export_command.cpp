@@ -1,5 +1,6 @@
-// havuz-cli export: the meshed model as input text of an outside analysis program.
+// havuz-cli export: the meshed model as input text of an outside analysis program, and the steel as a drawing.
 #include "app/cli.h"
+#include "app/designed_project.h"
 #include "app/project.h"
 #include "app/shell_export.h"
 #include "export/calculix.h"
@@ -11,6 +12,7 @@
 #include "model/failure.h"
 #include "model/store.h"
 #include "model/write_file.h"
+#include "report/dxf.h"
 
 #include <array>
 #include <iostream>
@@ -52,10 +54,16 @@ void WriteShellExport(const ExportOptions &o, const ShellFormat &format) {
     WriteWholeFile(o.out, format.text(model));
 }
 
+void WriteDrawing(const ExportOptions &o) {
+    const TankAnswer project = DesignModel(ProjectStem(o.file));
+    WriteWholeFile(o.out, report::SteelDxf(project.tank, project.design.steel));
+}
+
 void ExportProject(const ExportOptions &o) {
     const ShellFormat *shells = ShellFormatOf(o.format);
     if (o.literal && shells == nullptr)
-        throw UsageError("--literal is for calculix, staadpro and s2k; " + o.format + " has the run's model always");
+        throw UsageError("--literal is for calculix, staadpro and s2k; " + o.format +
+                         (o.format == "dxf" ? " shows the consistent analysis" : " has the run's model always"));
     OpenProject(o.file);
     RefuseProjectAsTarget(o.file, o.out);
     if (!o.name.empty())
@@ -64,6 +72,8 @@ void ExportProject(const ExportOptions &o) {
         throw RuntimeFailure({.fault = Fault::NothingToExport});
     if (shells != nullptr)
         WriteShellExport(o, *shells);
+    else if (o.format == "dxf")
+        WriteDrawing(o);
     else
         WriteExport(o.out, o.format == "staad" ? StaadText : SapText);
 }
@@ -72,10 +82,11 @@ void ExportProject(const ExportOptions &o) {
 
 void AddExportCommand(CLI::App &parser, Job &job) {
     const auto o = std::make_shared<ExportOptions>();
-    CLI::App *command = parser.add_subcommand("export", "write the meshed model for another analysis program");
-    command->add_option("format", o->format, "staad, sap90, calculix, staadpro or s2k")
+    CLI::App *command = parser.add_subcommand(
+        "export", "write the meshed model for another analysis program, or the steel as a drawing");
+    command->add_option("format", o->format, "staad, sap90, calculix, staadpro, s2k or dxf")
         ->required()
-        ->check(CLI::IsMember({"staad", "sap90", "calculix", "staadpro", "s2k"}));
+        ->check(CLI::IsMember({"staad", "sap90", "calculix", "staadpro", "s2k", "dxf"}));
     command->add_option("file", o->file, "project file")->required()->type_name("FILE.POL");
     command->add_option("-o", o->out, "file to write")->required()->type_name("OUT");
     command->add_option("--name", o->name, "project name in the title; else that of the file")->type_name("ProjeAdi");
