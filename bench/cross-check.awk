@@ -1,10 +1,17 @@
 # cross-check's comparison. Files: the .inp (cases in their order, thickness by set), nodes.csv, corners.csv, the .dat.
 function abs(x) { return x < 0 ? -x : x }
+# 1 where the corners of a slab's mesh run anti-clockwise from above, else -1: which of its sides CalculiX calls the upper.
+function upward(e) {
+    return (cx[e, 3] - cx[e, 1]) * (cy[e, 4] - cy[e, 2]) < (cy[e, 3] - cy[e, 1]) * (cx[e, 4] - cx[e, 2]) ? -1 : 1
+}
 FNR == 1 { file++ }
 file == 1 {
     if ($0 ~ /^\*\* CASE /) key[++steps] = $3
     if ($0 ~ /^\*SHELL SECTION/) { match($0, /PANEL_[0-9]+/); set = substr($0, RSTART, RLENGTH); want = 1; next }
     if (want) { thickness[set] = $1; want = 0 }
+    if ($0 ~ /^\*ELEMENT/) triangles = $0 ~ /TYPE=S6/
+    else if ($0 ~ /^\*/) triangles = 0
+    else if (triangles) { split($0, f, ","); triangle[f[1]] = 1 }
     next
 }
 file == 2 { # node,x,y,z,case,ux,uy,uz,...
@@ -32,10 +39,13 @@ NF == 4 && !stresses {
     if (u > greatest[k]) greatest[k] = u
     next
 }
-NF >= 8 && stresses { # element, point, sxx, syy, szz, sxy, sxz, syz; points 1 to 4 below, 5 to 8 above
+# Of a quadrilateral points 1 to 4 lie below, 5 to 8 above, at t/(2 sqrt 3); of a triangle 1 to 3 below, 7 to 9 above, at
+# sqrt(.6) t/2. sigma = 12 M z / t^3.
+NF >= 8 && stresses { # element, point, sxx, syy, szz, sxy, sxz, syz
     k = key[step]
-    sign = $2 > 4 ? 1 : -1
-    f0 = sign * t * t * sqrt(3) / 12 / 4
+    if ($1 in triangle) f0 = ($2 > 6 ? 1 : $2 < 4 ? -1 : 0) * t * t / (36 * sqrt(.6))
+    else f0 = ($2 > 4 ? 1 : -1) * t * t * sqrt(3) / 12 / 4
+    if (kind[$1] != 1) f0 *= upward($1)
     # direction 1: X of slabs, around a circular pool, along the wall; direction 2: Y, outward, upward
     e = $1
     if (kind[e] == 1) {
@@ -52,7 +62,7 @@ NF >= 8 && stresses { # element, point, sxx, syy, szz, sxy, sxz, syz; points 1 t
     seen[k, e] = 1
 }
 END {
-    # CalculiX's upper side is that of its normal: one sign for all meshes of a panel
+    # CalculiX's upper side of a wall is that of its normal: one sign for all meshes of a panel
     for (ke in seen) {
         split(ke, p, SUBSEP)
         dot[panel[p[2]]] += a11[ke] * m11[ke] + a22[ke] * m22[ke]
