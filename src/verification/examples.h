@@ -13,6 +13,7 @@ std::vector<Example> BedExamples();    // strips and plates on an elastic bed
 std::vector<Example> FoldedExamples(); // plates at right angles
 
 std::vector<Example> WorkedExamples();  // checks of the design by hand
+std::vector<Example> OutsideExamples(); // pools beside CalculiX
 std::vector<Example> LiteralOutcomes(); // what the rules of the run make of practical tanks
 
 // All models of the first six, in the order of the manual.

@@ -370,7 +370,74 @@ Outcome Turned(const std::string &key, double degrees) {
     return o;
 }
 
+// Greatest displacements of all nodes in G, L and S, mm, beside those of CalculiX on the same mesh of 0.5 m.
+Outcome BesideCalculix(const std::string &key, const std::string &title, MakeTank tank, std::array<double, 3> targets) {
+    Outcome o;
+    o.key = key;
+    o.title = title;
+    o.words = "Greatest displacement of a node.";
+    o.tank = std::move(tank);
+    o.widths = {0.5};
+    const std::string source = "CalculiX 2.20, S8R shells on the same mesh: `bench/cross-check` computes both",
+                      shear = "CalculiX bends by shear, joins walls and floor as solids and takes rows as quadratic: "
+                              "[export](export.md) tells their parts";
+    o.quantities = {
+        {"dead load", "mm", targets[0], source, shear, "in the run walls of polygons weigh nothing"},
+        {"liquid", "mm", targets[1], source, shear, "the run's element, its shares of nodes and its 32-bit cells"},
+        {"soil", "mm", targets[2], source, shear, "above the soil the walls keep the pressure of the liquid, inward"}};
+    const auto greatest = [](const CaseResult &r) {
+        double most = 0;
+        for (const NodeResult &n : r.nodes)
+            most = std::max(most, 1000 * std::sqrt(n.u[0] * n.u[0] + n.u[1] * n.u[1] + n.u[2] * n.u[2]));
+        return most;
+    };
+    o.consistent = [=](const Tank &t) {
+        const Analysis a(t);
+        return std::vector<double>{greatest(a.solve(kDead)), greatest(a.solve(kLiquid)), greatest(a.solve(kSoil))};
+    };
+    o.literal = [=](const Tank &t) {
+        return std::vector<double>{greatest(Column(t, 0)), greatest(Column(t, kColumnLiquid)),
+                                   greatest(Column(t, kColumnSoil))};
+    };
+    return o;
+}
+
 } // namespace
+
+std::vector<Example> OutsideExamples() {
+    PolygonShape l{kL, 3, 0, 30, 40, 0};
+    const std::vector<Outcome> all = {
+        BesideCalculix("outside-rectangular", "12 x 6 x 4 m",
+                       Rectangular({{&Lx, 12},
+                                    {&Ly, 6},
+                                    {&UstKot, 4},
+                                    {&Bk, 0},
+                                    {&KenarKalinlik, 30},
+                                    {&AltKalinlik, 40},
+                                    {&SiviKotu, 3.7},
+                                    {&ToprakKotu, 2.5},
+                                    {&YeraltiSuKotu, 1}}),
+                       {1.74134, 4.14811, 0.711383}),
+        BesideCalculix("outside-l", "L-shaped, 8 x 8 x 3 m",
+                       Polygon(l, {{&SiviKotu, 2.8}, {&ToprakKotu, 2}, {&YeraltiSuKotu, 0.5}}),
+                       {1.67718, 1.51903, 0.179616}),
+        BesideCalculix("outside-circular", "Circular, 10 m",
+                       [](double width) {
+                           return LibraryPool(2, With({{&Lx, 10},
+                                                       {&UstKot, 4},
+                                                       {&SiviKotu, 3.5},
+                                                       {&ToprakKotu, 2},
+                                                       {&KenarKalinlik, 25},
+                                                       {&AltKalinlik, 35},
+                                                       {&Bk, 0.5}},
+                                                      width));
+                       },
+                       {1.47, 1.64306, 0.0237996})};
+    std::vector<Example> examples;
+    for (const Outcome &o : all)
+        examples.push_back(Of(o));
+    return examples;
+}
 
 std::vector<Example> LiteralOutcomes() {
     std::vector<Outcome> all = FootMoments();
