@@ -25,6 +25,12 @@ std::string TextOf(const std::string &path) {
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
+bool IsExplained(const Page &page) {
+    for (const std::string &words : page.unexplained)
+        std::cerr << "havuz_verification: not explained: " << words << "\n";
+    return page.unexplained.empty();
+}
+
 int Make(const std::string &docs, const std::string &projects) {
     const Page page = MakePage(AllChapters(projects), Depth::Whole);
     const std::string pictures = docs + "/pictures/verification";
@@ -34,9 +40,7 @@ int Make(const std::string &docs, const std::string &projects) {
         WriteWholeFile(pictures + "/" + name, svg);
     WriteWholeFile(docs + "/verification.md", page.markdown);
     WriteWholeFile(docs + "/ornekler.md", FillSamples(TextOf(docs + "/ornekler.md"), projects));
-    for (const std::string &words : page.unexplained)
-        std::cerr << "havuz_verification: not explained: " << words << "\n";
-    return page.unexplained.empty() ? 0 : 1;
+    return IsExplained(page) ? 0 : 1;
 }
 
 // Says where a page is old.
@@ -51,7 +55,8 @@ int Check(const std::string &docs, const std::string &projects) {
     const std::string manual = docs + "/verification.md", samples = docs + "/ornekler.md", text = TextOf(samples);
     const bool current = IsCurrent(samples, FirstDifference(FillSamples(text, projects), text));
     const Page page = MakePage(AllChapters(projects), Depth::Coarse);
-    return IsCurrent(manual, FirstDifference(page.markdown, TextOf(manual))) && current ? 0 : 1;
+    const bool same = IsCurrent(manual, FirstDifference(page.markdown, TextOf(manual)));
+    return IsExplained(page) && same && current ? 0 : 1;
 }
 
 } // namespace
