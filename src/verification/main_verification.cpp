@@ -32,6 +32,8 @@ bool IsExplained(const Page &page) {
 }
 
 int Make(const std::string &docs, const std::string &projects) {
+    const std::string samples =
+        FillSamples(TextOf(docs + "/ornekler.md"), projects); // fails in a folder that is not docs/
     const Page page = MakePage(AllChapters(projects), Depth::Whole);
     const std::string pictures = docs + "/pictures/verification";
     fs::remove_all(pictures);
@@ -39,7 +41,7 @@ int Make(const std::string &docs, const std::string &projects) {
     for (const auto &[name, svg] : page.pictures)
         WriteWholeFile(pictures + "/" + name, svg);
     WriteWholeFile(docs + "/verification.md", page.markdown);
-    WriteWholeFile(docs + "/ornekler.md", FillSamples(TextOf(docs + "/ornekler.md"), projects));
+    WriteWholeFile(docs + "/ornekler.md", samples);
     return IsExplained(page) ? 0 : 1;
 }
 
