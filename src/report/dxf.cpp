@@ -15,8 +15,54 @@ namespace havuz::report {
 namespace {
 
 struct FlatPoint {
-    double u = 0, v = 0; // m
+    double u = 0.0, v = 0.0; // m, in the axes of a panel laid flat
 };
+
+struct FlatMesh {
+    std::size_t place = 0; // in Tank::meshes
+    std::array<FlatPoint, 4> corner{};
+};
+
+struct FlatMeshes {
+    int panel = 0, kind = 0;
+    std::vector<FlatMesh> meshes;
+    FlatPoint low, high; // box around them
+};
+
+// The faces of a panel by themselves.
+FlatMeshes LayFlat(const consistent::Tank &tank, int panel) {
+    FlatMeshes flat{panel, tank.panels.at(panel).kind, {}, {1e30, 1e30}, {-1e30, -1e30}};
+    const ResultScene scene = BareScene(tank, {SceneLook::Flat, panel});
+    for (std::size_t i = 0; i < tank.meshes.size(); ++i) {
+        if (tank.meshes[i].panel != panel)
+            continue;
+        FlatMesh mesh{i, {}};
+        for (std::size_t k = 0; k < 4; ++k) {
+            const SpacePoint &p = scene.faces[flat.meshes.size()].at[k];
+            mesh.corner[k] = {p.x, p.y};
+            flat.low = {std::min(flat.low.u, p.x), std::min(flat.low.v, p.y)};
+            flat.high = {std::max(flat.high.u, p.x), std::max(flat.high.v, p.y)};
+        }
+        flat.meshes.push_back(mesh);
+    }
+    return flat;
+}
+
+std::string DirectionWords(int kind, int direction) {
+    if (kind == 1)
+        return direction == 1 ? "yatay donatı (1)" : "düşey donatı (2)";
+    return direction == 1 ? "1 doğrultusunda donatı" : "2 doğrultusunda donatı";
+}
+
+// "iç Ø12/15, dış Ø10/20": the bars of a zone, "!" behind those that do not meet their checks.
+std::string ZoneWords(const std::vector<design::SteelRow> &rows, int panel, design::Zone zone, int direction) {
+    std::string words;
+    for (const design::SteelRow &row : rows)
+        if (row.panel == panel && row.zone == zone && row.direction == direction)
+            words += std::string(words.empty() ? "" : ", ") + TurkishFaceName(row) + " " +
+                     design::BarsText(row.layer.bars) + (row.met() ? "" : " !");
+    return words;
+}
 
 constexpr double kGap = 2.0, kText = 0.2; // between panels, height of the text, m
 
@@ -115,86 +161,30 @@ std::string Upper(std::string word) {
     return word;
 }
 
-// A panel laid flat, its lower left corner at 0, 0; the meshes by their places in Tank::meshes.
-struct Sheet {
-    int panel = 0, kind = 0;
-    std::vector<std::pair<std::size_t, Ring>> meshes;
-    double width = 0, height = 0;
-};
-
-// Of a round wall the mesh at the cut stays in one piece.
-Ring LaidFlat(const consistent::Tank &tank, const consistent::TankMesh &mesh, const havuz::FlatPanel &flat) {
-    Ring ring;
-    double low = 1e30;
-    for (std::size_t k = 0; k < 4; ++k) {
-        const Vector3 &p = tank.corner(mesh, k);
-        const SpacePoint q = flat({p.x, p.y, p.z});
-        ring[k] = {q.x, q.y};
-        low = std::min(low, q.x);
-    }
-    const double way = flat.wayAround();
-    bool cut = false;
-    for (const FlatPoint &p : ring)
-        cut = cut || (way > 0 && p.u > low + way / 2);
-    for (FlatPoint &p : ring)
-        if (cut && p.u < low + way / 2)
-            p.u += way;
-    return Turned(ring);
-}
-
-Sheet SheetOf(const consistent::Tank &tank, int panel) {
-    Sheet sheet{panel, tank.panels.at(panel).kind, {}, 0, 0};
-    const havuz::FlatPanel flat(tank, panel);
-    FlatPoint low{1e30, 1e30}, high{-1e30, -1e30};
-    for (std::size_t i = 0; i < tank.meshes.size(); ++i)
-        if (tank.meshes[i].panel == panel) {
-            sheet.meshes.emplace_back(i, LaidFlat(tank, tank.meshes[i], flat));
-            for (const FlatPoint &p : sheet.meshes.back().second) {
-                low = {std::min(low.u, p.u), std::min(low.v, p.v)};
-                high = {std::max(high.u, p.u), std::max(high.v, p.v)};
-            }
-        }
-    for (auto &[place, ring] : sheet.meshes)
-        for (FlatPoint &p : ring)
-            p = {p.u - low.u, p.v - low.v};
-    sheet.width = high.u - low.u;
-    sheet.height = high.v - low.v;
-    return sheet;
-}
-
-// "dip: iç Ø12/15, dış Ø10/20", "!" behind bars that do not meet their checks.
-std::string BarsOfZone(const std::vector<design::SteelRow> &rows, int panel, design::Zone zone, int direction) {
-    std::string words;
-    for (const design::SteelRow &row : rows)
-        if (row.panel == panel && row.zone == zone && row.direction == direction)
-            words += std::string(words.empty() ? "" : ", ") + TurkishFaceName(row) + " " +
-                     design::BarsText(row.layer.bars) + (row.met() ? "" : " !");
-    return std::string(TurkishNameOf(zone)) + ": " + words;
-}
-
 // One direction of a panel, its lower left corner at a place.
-void DrawDirection(Drawing &drawing, const Sheet &sheet, const std::vector<design::MeshPlace> &places,
+void DrawDirection(Drawing &drawing, const FlatMeshes &flat, const std::vector<design::MeshPlace> &places,
                    const std::vector<design::SteelRow> &rows, int direction, FlatPoint at) {
-    const std::string panel = "PANEL_" + std::to_string(sheet.panel);
+    const std::string panel = "PANEL_" + std::to_string(flat.panel);
     std::vector<Ring> all;
     std::map<design::Zone, std::vector<Ring>> zones;
-    for (auto [place, ring] : sheet.meshes) {
-        for (FlatPoint &p : ring)
-            p = {p.u + at.u, p.v + at.v};
-        all.push_back(ring);
-        zones[places[place].zone[static_cast<std::size_t>(direction - 1)]].push_back(ring);
+    for (const FlatMesh &m : flat.meshes) {
+        Ring ring;
+        for (std::size_t k = 0; k < 4; ++k)
+            ring[k] = {m.corner[k].u - flat.low.u + at.u, m.corner[k].v - flat.low.v + at.v};
+        all.push_back(Turned(ring));
+        zones[places[m.place].zone[static_cast<std::size_t>(direction - 1)]].push_back(all.back());
     }
     for (const Ring &r : all)
         for (std::size_t k = 0; k < 4; ++k)
             if (PlaceOf(r[k]) < PlaceOf(r[(k + 1) % 4]))
                 drawing.line(panel + "_MESH", r[k], r[(k + 1) % 4]);
     DrawBorder(drawing, panel, all);
-    const char *way = sheet.kind == 1 ? (direction == 1 ? "yatay donatı" : "düşey donatı") : "donatı";
-    drawing.words(panel, {at.u, at.v - 2 * kText}, panel + ": " + way + " (" + std::to_string(direction) + ")");
+    drawing.words(panel, {at.u, at.v - 2 * kText}, panel + ": " + DirectionWords(flat.kind, direction));
     for (const auto &[zone, rings] : zones) {
         const std::string layer = panel + "_" + std::to_string(direction) + "_" + Upper(NameOf(zone));
         DrawBorder(drawing, layer, rings);
-        drawing.words(layer, WordsPlace(rings), BarsOfZone(rows, sheet.panel, zone, direction));
+        drawing.words(layer, WordsPlace(rings),
+                      std::string(TurkishNameOf(zone)) + ": " + ZoneWords(rows, flat.panel, zone, direction));
     }
 }
 
@@ -224,18 +214,18 @@ std::string Head(const std::set<std::string> &layers) {
 
 std::string SteelDxf(const consistent::Tank &tank, const std::vector<design::SteelRow> &rows) {
     const std::vector<design::MeshPlace> places = design::FindPlaces(tank);
-    std::vector<Sheet> sheets;
+    std::vector<FlatMeshes> panels;
     double tallest = 0.0;
     for (const auto &[number, panel] : tank.panels) {
-        sheets.push_back(SheetOf(tank, number));
-        tallest = std::max(tallest, sheets.back().height);
+        panels.push_back(LayFlat(tank, number));
+        tallest = std::max(tallest, panels.back().high.v - panels.back().low.v);
     }
     Drawing drawing;
     FlatPoint at;
-    for (const Sheet &sheet : sheets) {
-        DrawDirection(drawing, sheet, places, rows, 1, at);
-        DrawDirection(drawing, sheet, places, rows, 2, {at.u, at.v + tallest + kGap});
-        at.u += sheet.width + kGap;
+    for (const FlatMeshes &flat : panels) {
+        DrawDirection(drawing, flat, places, rows, 1, at);
+        DrawDirection(drawing, flat, places, rows, 2, {at.u, at.v + tallest + kGap});
+        at.u += flat.high.u - flat.low.u + kGap;
     }
     Drawing tail;
     tail.put(0, "ENDSEC");
