@@ -24,6 +24,8 @@ public:
     explicit Words(std::vector<std::string> words) : words_(std::move(words)) {}
 
     bool empty() const { return at_ == words_.size(); }
+    std::size_t left() const { return words_.size() - at_; }
+    std::string last() const { return words_.empty() ? "" : words_.back(); }
     const std::string &peek(const char *what) const;
     std::string take(const char *what);
     bool takeIf(const std::string &word); // whether it was the next one

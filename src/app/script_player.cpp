@@ -6,7 +6,7 @@
 #include "model/failure.h"
 #include "model/store.h"
 #include "model/write_file.h"
-#include "ui/window/act_words.h"
+#include "ui/window/acts.h"
 #include "ui/window/transactions.h"
 #include "view/projection.h"
 
@@ -35,53 +35,157 @@ void RequireReach(const Stage &stage, Element element) {
     Require(Reachable(stage, element), Named(element) + " cannot be reached");
 }
 
-// Elements
+// Acts of a person: each line is read by its row
+
+// Those named, together; 0 for none.
+int TakeButtons(Words &words) {
+    int buttons = 0;
+    for (;;) {
+        if (words.takeIf("left"))
+            buttons |= kLeftButton;
+        else if (words.takeIf("right"))
+            buttons |= kRightButton;
+        else if (words.takeIf("middle"))
+            buttons |= kMiddleButton;
+        else
+            return buttons;
+    }
+}
+
+ScreenPoint ModelPixels(double x, double y, double z) {
+    return GorunusModu == 2 ? MeshScreen(x, y, z) : PlateScreen(x, y, z);
+}
+
+ScreenPoint NodePlace(int node) {
+    Require(node >= 1 && node <= NoktaCount, "there is no node " + std::to_string(node));
+    return NodePixels(node);
+}
+
+// X Y in pixels | at X Y [Z] in m, through the current view | node N
+ScreenPoint TakePlace(Words &words) {
+    if (words.takeIf("node"))
+        return NodePlace(words.takeWhole("N"));
+    const bool inModel = words.takeIf("at");
+    const double x = words.takeNumber("X"), y = words.takeNumber("Y");
+    return inModel ? ModelPixels(x, y, words.empty() ? 0.0 : words.takeNumber("Z")) : ScreenPoint{x, y};
+}
+
+Key TakeKey(Words &words) {
+    const std::string name = words.take("KEY");
+    for (const KeyName &key : kKeyNames)
+        if (key.name == name)
+            return key.key;
+    throw UsageError("there is no key " + name);
+}
+
+int TakeItem(const WindowState::ElementState &list, Words &words) {
+    const std::string &item = words.peek("ITEM");
+    const auto found = std::find(list.items.begin(), list.items.end(), item);
+    if (found == list.items.end())
+        return words.takeWhole("ITEM");
+    words.take("ITEM");
+    return static_cast<int>(found - list.items.begin());
+}
+
+std::string TakePath(Words &words) {
+    const std::string path = words.take("PATH");
+    return path.empty() ? "" : ScriptPath(path);
+}
+
+struct TakenAct {
+    Act act;
+    int times = 1;
+};
+
+void TakePart(const Stage &stage, ActPart part, Words &words, TakenAct &taken) {
+    Act &act = taken.act;
+    switch (part) {
+    case ActPart::Element:
+        act.element = TakeElement(stage, words);
+        break;
+    case ActPart::FocusOrElement:
+        if (words.left() > 1)
+            act.element = TakeElement(stage, words);
+        break;
+    case ActPart::Form:
+        act.element = FormAlone(stage, TakeForm(stage, words));
+        break;
+    case ActPart::ScrollBar:
+        act.element = OnlyElement(stage, TakeForm(stage, words), FieldKind::ScrollBar);
+        break;
+    case ActPart::Surface:
+        act.element =
+            IsForm(stage, words.peek("PLACE")) ? OnlyElement(stage, words.take("FORM"), FieldKind::Picture) : kScr;
+        break;
+    case ActPart::Buttons:
+    case ActPart::MaybeButtons:
+        act.first = TakeButtons(words);
+        if (act.first == 0 && part == ActPart::Buttons)
+            throw UsageError("left, right or middle is missing");
+        break;
+    case ActPart::Place: {
+        const ScreenPoint place = TakePlace(words);
+        act.x = place.x;
+        act.y = place.y;
+        break;
+    }
+    case ActPart::Offset:
+        act.x = words.takeNumber("DX");
+        act.y = words.takeNumber("DY");
+        break;
+    case ActPart::Text:
+        act.text = words.take("TEXT");
+        break;
+    case ActPart::Path:
+        act.text = TakePath(words);
+        break;
+    case ActPart::First:
+        act.first = words.takeWhole("the number");
+        break;
+    case ActPart::Second:
+        act.second = words.takeWhole("the second number");
+        break;
+    case ActPart::Item:
+        act.first = TakeItem(stage.window.state(act.element), words);
+        break;
+    case ActPart::Key:
+        act.key = TakeKey(words);
+        break;
+    case ActPart::Times:
+        taken.times = words.empty() ? 1 : words.takeWhole("TIMES");
+        break;
+    case ActPart::None:
+        break;
+    }
+}
+
+std::string Refusal(const ActRow &row, const Act &act, const std::string &last) {
+    std::string told;
+    for (const char *c = row.refusal; *c != '\0'; ++c)
+        told += *c == '%' ? Named(act.element) : *c == '@' ? last : std::string(1, *c);
+    return told;
+}
+
+void DoAct(Stage &stage, const ActRow &row, Words words) {
+    TakenAct taken{.act = {.kind = row.kind}};
+    const std::string last = words.last();
+    for (const ActPart part : row.parts)
+        TakePart(stage, part, words, taken);
+    words.done();
+    const Act &act = taken.act;
+    if (row.reach == ActReach::Element && !act.element.name.empty())
+        RequireReach(stage, act.element);
+    if (act.kind == Act::Press && !act.element.name.empty())
+        stage.GoTo(act.element);
+    for (int i = 0; i < taken.times; ++i)
+        Require(stage.Do(act) || *row.refusal == '\0', Refusal(row, act, last));
+}
+
+// Words that stand for acts
 
 void ClickReached(Stage &stage, Element element) {
     RequireReach(stage, element);
-    Require(stage.person.Click(element), Named(element) + " went out of reach as the last element lost the focus");
-}
-
-void Click(Stage &stage, Words words) {
-    const Element element = TakeElement(stage, words);
-    words.done();
-    ClickReached(stage, element);
-}
-
-void Hover(Stage &stage, Words words) {
-    const Element element = TakeElement(stage, words);
-    words.done();
-    RequireReach(stage, element);
-    stage.person.Hover(element);
-}
-
-void TypeField(Stage &stage, Words words) {
-    const Element element = TakeElement(stage, words);
-    const std::string text = words.take("TEXT");
-    words.done();
-    RequireReach(stage, element);
-    Require(stage.person.Type(element, text), Named(element) + " is no text box");
-}
-
-void SelectText(Stage &stage, Words words) {
-    const Element element = TakeElement(stage, words);
-    const int start = words.takeWhole("START"), length = words.takeWhole("LENGTH");
-    words.done();
-    RequireReach(stage, element);
-    Require(stage.person.Select(element, start, length), Named(element) + " is no text box");
-}
-
-void FocusElement(Stage &stage, Words words) {
-    const Element element = TakeElement(stage, words);
-    words.done();
-    RequireReach(stage, element);
-    stage.person.GoTo(element);
-}
-
-void RestoreForm(Stage &stage, Words words) {
-    const std::string form = TakeForm(stage, words);
-    words.done();
-    Require(stage.person.Restore(form), form + " is not minimised");
+    Require(stage.Click(element), Refusal(RowOf(Act::Click), {.element = element}, ""));
 }
 
 void Check(Stage &stage, Words words) {
@@ -93,49 +197,6 @@ void Check(Stage &stage, Words words) {
     RequireReach(stage, element);
     if (stage.window.Checked(element) != (state == "on"))
         ClickReached(stage, element);
-}
-
-Key KeyOf(const std::string &name) {
-    for (const KeyName &key : kKeyNames)
-        if (key.name == name)
-            return key.key;
-    throw UsageError("there is no key " + name);
-}
-
-void PressKey(Stage &stage, Words words) {
-    const Key key = KeyOf(words.takeLast("KEY"));
-    if (!words.empty()) {
-        const Element element = TakeElement(stage, words);
-        words.done();
-        RequireReach(stage, element);
-        stage.person.GoTo(element);
-    }
-    Require(stage.person.Press(key), "no element has the focus");
-}
-
-int ItemOf(const WindowState::ElementState &list, const std::string &item) {
-    const auto found = std::find(list.items.begin(), list.items.end(), item);
-    if (found != list.items.end())
-        return static_cast<int>(found - list.items.begin());
-    return Words({item}).takeWhole("ITEM");
-}
-
-void Choose(Stage &stage, Words words) {
-    const Element list = TakeElement(stage, words);
-    const std::string item = words.take("ITEM");
-    words.done();
-    RequireReach(stage, list);
-    Require(stage.person.Choose(list, ItemOf(stage.window.state(list), item)),
-            Named(list) + " has no item \"" + item + "\"");
-}
-
-void Scroll(Stage &stage, Words words) {
-    const std::string form = TakeForm(stage, words);
-    const int value = words.takeWhole("VALUE");
-    words.done();
-    const Element bar = OnlyElement(stage, form, FieldKind::ScrollBar);
-    RequireReach(stage, bar);
-    Require(stage.person.Scroll(bar, value), Named(bar) + " does not go to " + std::to_string(value));
 }
 
 void Option(Stage &stage, Words words) {
@@ -164,146 +225,11 @@ void PickRow(Stage &stage, Words words) {
     throw UsageError(form + " has no row " + std::to_string(row));
 }
 
-void Close(Stage &stage, Words words) {
-    const std::string form = TakeForm(stage, words);
-    words.done();
-    Require(stage.person.CloseForm(form), form + " cannot be reached");
-}
-
-// Pointer
-
-Element TakeSurface(const Stage &stage, Words &words) {
-    if (!IsForm(stage, words.peek("PLACE")))
-        return kScr;
-    const std::string form = words.take("FORM");
-    return OnlyElement(stage, form, FieldKind::Picture);
-}
-
-// Those named, together; 0 for none.
-int TakeButtons(Words &words) {
-    int buttons = 0;
-    for (;;) {
-        if (words.takeIf("left"))
-            buttons |= kLeftButton;
-        else if (words.takeIf("right"))
-            buttons |= kRightButton;
-        else if (words.takeIf("middle"))
-            buttons |= kMiddleButton;
-        else
-            return buttons;
-    }
-}
-
-ScreenPoint ModelPixels(double x, double y, double z) {
-    return GorunusModu == 2 ? MeshScreen(x, y, z) : PlateScreen(x, y, z);
-}
-
-ScreenPoint NodePlace(int node) {
-    Require(node >= 1 && node <= NoktaCount, "there is no node " + std::to_string(node));
-    return NodePixels(node);
-}
-
-// X Y in pixels | at X Y [Z] in m, through the current view | node N
-ScreenPoint TakePlace(Words &words) {
-    ScreenPoint place;
-    if (words.takeIf("node")) {
-        place = NodePlace(words.takeWhole("N"));
-    } else if (words.takeIf("at")) {
-        const double x = words.takeNumber("X"), y = words.takeNumber("Y");
-        place = ModelPixels(x, y, words.empty() ? 0.0 : words.takeNumber("Z"));
-    } else {
-        place.x = words.takeNumber("X");
-        place.y = words.takeNumber("Y");
-    }
-    words.done();
-    return place;
-}
-
-struct PointerWords {
-    Element surface;
-    int button = 0;
-    ScreenPoint place;
-};
-
-PointerWords TakePointer(const Stage &stage, Words &words, bool needsButton) {
-    PointerWords taken;
-    taken.surface = TakeSurface(stage, words);
-    taken.button = TakeButtons(words);
-    if (needsButton && taken.button == 0)
-        throw UsageError("left, right or middle is missing");
-    taken.place = TakePlace(words);
-    RequireReach(stage, taken.surface);
-    return taken;
-}
-
-void PressPointer(Stage &stage, Words words) {
-    const PointerWords p = TakePointer(stage, words, true);
-    stage.person.PressAt(p.surface, p.button, p.place.x, p.place.y);
-}
-
-void MovePointer(Stage &stage, Words words) {
-    const PointerWords p = TakePointer(stage, words, false);
-    stage.person.MoveTo(p.surface, p.button, p.place.x, p.place.y);
-}
-
-void ReleasePointer(Stage &stage, Words words) {
-    const PointerWords p = TakePointer(stage, words, true);
-    stage.person.ReleaseAt(p.surface, p.button, p.place.x, p.place.y);
-}
-
-void TurnWheel(Stage &stage, Words words) {
-    const Element surface = TakeSurface(stage, words);
-    const int steps = words.takeWhole("STEPS");
-    const ScreenPoint place = TakePlace(words);
-    RequireReach(stage, surface);
-    stage.person.TurnWheel(surface, steps, place.x, place.y);
-}
-
-void Pan(Stage &stage, Words words) {
-    const Element surface = TakeSurface(stage, words);
-    const double dx = words.takeNumber("DX"), dy = words.takeNumber("DY");
-    words.done();
-    RequireReach(stage, surface);
-    stage.person.PanBy(surface, dx, dy);
-}
-
-void ResizeSurface(Stage &stage, Words words) {
-    const int width = words.takeWhole("W"), height = words.takeWhole("H");
-    words.done();
-    stage.Resize(width, height);
-}
-
-// The rest
-
-void Leave(Stage &stage, Words words) {
-    words.done();
-    stage.window.Leave();
-}
-
-void Timer(Stage &stage, Words words) {
-    const int times = words.empty() ? 1 : words.takeWhole("TIMES");
-    words.done();
-    for (int i = 0; i < times; ++i)
-        stage.person.Tick();
-}
-
-void AnswerDialog(Stage &stage, Words words) {
-    const std::string path = words.take("PATH");
-    words.done();
-    stage.Answer(path.empty() ? "" : ScriptPath(path));
-}
-
-void OpenProject(Stage &stage, Words words) {
-    const std::string path = ScriptPath(words.take("FILE.POL"));
-    words.done();
-    Require(stage.person.OpenFile(path), "the main window cannot be reached");
-}
-
 void TypePoint(Stage &stage, Words words) {
     const std::string point = words.take("POINT");
     words.done();
     RequireReach(stage, kPointEntry);
-    Require(stage.person.Type(kPointEntry, point) && stage.person.Press(Key::Enter), "no point is awaited");
+    Require(stage.Type(kPointEntry, point) && stage.Press(Key::Enter), "no point is awaited");
 }
 
 void Undo(Stage &stage, Words words) {
@@ -315,6 +241,8 @@ void Redo(Stage &stage, Words words) {
     words.done();
     ClickReached(stage, kRedoButton);
 }
+
+// The rest
 
 void SavePicture(Stage &stage, Words words) {
     const std::string path = ScriptPath(words.take("PATH"));
@@ -339,36 +267,12 @@ struct VerbRow {
     bool asks; // only asks: goes on when the program has ended
 };
 
-// A verb for an act of a person: its words stand in the table of acts.
-constexpr VerbRow ActVerb(Act::Kind kind, void (*run)(Stage &, Words), bool asks) {
-    return {WordsOf(kind).word, WordsOf(kind).arguments, run, asks};
-}
-
+// Those that are no act of a person.
 constexpr VerbRow kVerbs[] = {
-    ActVerb(Act::Click, Click, false),
-    ActVerb(Act::Hover, Hover, false),
-    ActVerb(Act::Type, TypeField, false),
-    ActVerb(Act::Select, SelectText, false),
-    ActVerb(Act::GoTo, FocusElement, false),
     {"check", "[FORM] NAME [INDEX] on|off", Check, false},
     {"option", "[FORM] NAME [INDEX]", Option, false},
     {"page", "FORM PAGE", Page, false},
     {"row", "FORM ROW", PickRow, false},
-    ActVerb(Act::Choose, Choose, false),
-    ActVerb(Act::Press, PressKey, false),
-    ActVerb(Act::Scroll, Scroll, false),
-    ActVerb(Act::CloseForm, Close, false),
-    ActVerb(Act::Restore, RestoreForm, false),
-    ActVerb(Act::PointerPress, PressPointer, false),
-    ActVerb(Act::PointerMove, MovePointer, false),
-    ActVerb(Act::PointerRelease, ReleasePointer, false),
-    ActVerb(Act::Wheel, TurnWheel, false),
-    ActVerb(Act::Pan, Pan, false),
-    ActVerb(Act::Resize, ResizeSurface, false),
-    ActVerb(Act::Leave, Leave, false),
-    ActVerb(Act::Tick, Timer, false),
-    ActVerb(Act::Answer, AnswerDialog, false),
-    ActVerb(Act::Open, OpenProject, false),
     {"type", "POINT", TypePoint, false},
     {"undo", "", Undo, false},
     {"redo", "", Redo, false},
@@ -378,10 +282,25 @@ constexpr VerbRow kVerbs[] = {
     {"expect", "QUERY VALUE", ExpectQuery, true},
 };
 
-const VerbRow &VerbOf(const std::string &word) {
+// One of the two is there.
+struct Verb {
+    const ActRow *act = nullptr;
+    const VerbRow *other = nullptr;
+
+    const char *arguments() const { return act != nullptr ? act->arguments : other->arguments; }
+    bool asks() const { return other != nullptr && other->asks; }
+    void run(Stage &stage, Words words) const {
+        act != nullptr ? DoAct(stage, *act, std::move(words)) : other->run(stage, std::move(words));
+    }
+};
+
+Verb VerbOf(const std::string &word) {
+    for (const ActRow &row : kActs)
+        if (row.word == word)
+            return {&row, nullptr};
     for (const VerbRow &row : kVerbs)
         if (row.word == word)
-            return row;
+            return {nullptr, &row};
     throw UsageError("\"" + word + "\" is no word of the language");
 }
 
@@ -451,12 +370,12 @@ private:
             endTold_ = true;
             return;
         }
-        const VerbRow &verb = VerbOf(line.words[0]);
-        Require(endLine_ == 0 || (endTold_ && verb.asks),
+        const Verb verb = VerbOf(line.words[0]);
+        Require(endLine_ == 0 || (endTold_ && verb.asks()),
                 "not reached: the program ended in line " + std::to_string(endLine_));
         stage_.main.steps().takeFailure();
         try {
-            run(verb, Words({line.words.begin() + 1, line.words.end()}));
+            run(verb, line);
             failure_ = stage_.main.steps().takeFailure();
             failureLine_ = line.number;
         } catch (const ProgramEnd &end) {
@@ -465,11 +384,11 @@ private:
         }
     }
 
-    void run(const VerbRow &verb, Words words) {
+    void run(const Verb &verb, const ScriptLine &line) {
         try {
-            verb.run(stage_, std::move(words));
+            verb.run(stage_, Words({line.words.begin() + 1, line.words.end()}));
         } catch (const UsageError &error) {
-            throw UsageError(std::string(error.what()) + "; " + verb.word + " " + verb.arguments);
+            throw UsageError(std::string(error.what()) + "; " + line.words[0] + " " + verb.arguments());
         }
     }
 

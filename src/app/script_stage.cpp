@@ -49,9 +49,12 @@ bool InSight(const Stage &stage, Element element) {
 
 } // namespace
 
-void HeadlessStage::Resize(int width, int height) {
-    scr.resize(width, height);
-    headless.TakeSize(width, height);
+bool HeadlessStage::Do(const Act &act) {
+    if (act.kind == Act::Answer)
+        return headless.saveNames.push_back(act.text), true;
+    if (act.kind == Act::Resize)
+        scr.resize(act.first, act.second);
+    return headless.Do(act);
 }
 
 std::optional<Stage::Started> HeadlessStage::LastStarted() {
@@ -61,6 +64,8 @@ std::optional<Stage::Started> HeadlessStage::LastStarted() {
 }
 
 std::string Named(Element element) {
+    if (element.name.empty())
+        return std::string(element.form);
     return std::string(element.form) + " " + std::string(element.name) + " " + std::to_string(element.index);
 }
 
@@ -74,6 +79,10 @@ std::string TakeForm(const Stage &stage, Words &words) {
     if (!IsForm(stage, word))
         throw UsageError("there is no form " + word);
     return word;
+}
+
+Element FormAlone(const Stage &stage, const std::string &form) {
+    return {Where(stage, [&](Element e) { return e.form == form; }).front().form, {}, 0};
 }
 
 bool Reachable(const Stage &stage, Element element) {

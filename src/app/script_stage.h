@@ -19,21 +19,19 @@ class ScriptFailure : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-struct Stage {
+class Stage : public Person {
+public:
     struct Started {
         std::string program, argument;
     };
-    Stage(WindowState &state, Person &hands, MainWindow &program) : window(state), person(hands), main(program) {}
-    virtual ~Stage() = default;
+    Stage(WindowState &state, MainWindow &program) : window(state), main(program) {}
 
     WindowState &window;
-    Person &person;
     MainWindow &main;
     Recorder *recorder = nullptr; // where one listens
 
-    virtual void Resize(int width, int height) = 0;   // SCR
+    // Person: a size of SCR is taken before it is told, an answer waits for the next file dialog.
     virtual std::string Png() = 0;                    // SCR as it is now
-    virtual void Answer(const std::string &path) = 0; // what the next file dialog gets
     virtual std::optional<Started> LastStarted() = 0; // program
     virtual std::string LastErrorLine() = 0;          // "" for none
 };
@@ -49,12 +47,10 @@ struct HeadlessProgram {
 
 class HeadlessStage : private HeadlessProgram, public Stage {
 public:
-    explicit HeadlessStage(const std::string &executable)
-        : HeadlessProgram(executable), Stage(headless, headless, program) {}
+    explicit HeadlessStage(const std::string &executable) : HeadlessProgram(executable), Stage(headless, program) {}
 
-    void Resize(int width, int height) override;
+    bool Do(const Act &act) override;
     std::string Png() override { return scr.png(); }
-    void Answer(const std::string &path) override { headless.saveNames.push_back(path); }
     std::optional<Started> LastStarted() override;
     std::string LastErrorLine() override { return headless.errors.empty() ? "" : headless.errors.back(); }
 };
@@ -66,6 +62,7 @@ Element TakeElement(const Stage &stage, Words &words);
 
 bool IsForm(const Stage &stage, const std::string &word);
 std::string TakeForm(const Stage &stage, Words &words);
+Element FormAlone(const Stage &stage, const std::string &form); // no name
 
 // Whether a person can reach the element: also the panel of a tool is in sight.
 bool Reachable(const Stage &stage, Element element);
@@ -73,7 +70,7 @@ bool Reachable(const Stage &stage, Element element);
 // The form's only element of a kind. None or several is UsageError.
 Element OnlyElement(const Stage &stage, const std::string &form, FieldKind kind);
 
-// "FORM NAME INDEX" for messages.
+// "FORM NAME INDEX" for messages; "FORM" of a form alone.
 std::string Named(Element element);
 
 // A path as a script means it: from the working directory.

@@ -27,10 +27,9 @@ namespace havuz {
 namespace {
 
 // The acts of a person as a hand does them at the display.
-class HandStage : public Stage, public Person {
+class HandStage : public Stage {
 public:
-    HandStage(WindowDesk &desk, const std::string &name)
-        : Stage(desk.window, *this, desk.main), desk_(desk), name_(name) {
+    HandStage(WindowDesk &desk, const std::string &name) : Stage(desk.window, desk.main), desk_(desk), name_(name) {
         QObject::connect(&answers_, &QTimer::timeout, [this] { answer(); });
         answers_.start(50);
     }
@@ -41,12 +40,10 @@ public:
     }
 
     // Stage
-    void Resize(int, int) override {} // the surface is as large as the script says: the display is made for it
     std::string Png() override {
         desk_.shot(name_ + "-" + std::to_string(++pictures_)); // the whole window beside the drawing
         return dynamic_cast<RasterSurface &>(desk_.window.Canvas(kScr)).png();
     }
-    void Answer(const std::string &path) override { given_.push_back(path); }
     std::optional<Started> LastStarted() override {
         if (desk_.window.program.empty())
             return {};
@@ -55,59 +52,48 @@ public:
     std::string LastErrorLine() override { return desk_.window.error; }
 
     // Person. A button that went down is let go before anything but a move that holds it.
-    bool Click(Element e) override {
-        return act([&] { return desk_.click(e); });
+    bool Do(const Act &act) override {
+        const Element e = act.element;
+        switch (act.kind) {
+        case Act::PointerMove:
+            return move(act);
+        case Act::PointerRelease:
+            return release(act);
+        case Act::Hover:
+            desk_.hover(e);
+            return true;
+        case Act::Tick:
+            return desk_.waitFor([&, ticks = desk_.ticks()] { return desk_.ticks() > ticks; });
+        case Act::Answer:
+            given_.push_back(act.text);
+            return true;
+        case Act::Resize: // the surface is as large as the script says: the display is made for it
+            return true;
+        default:
+            break;
+        }
+        letGo();
+        switch (act.kind) {
+        case Act::Click:
+        case Act::GoTo:
+            return ended(desk_.click(e));
+        case Act::Type:
+            return ended(desk_.type(e, act.text));
+        case Act::Press:
+            return ended(desk_.key(KeyName(act.key)));
+        case Act::Choose:
+            return ended(desk_.choose(e, act.first));
+        case Act::Scroll:
+            return ended(desk_.scroll(e, act.first));
+        case Act::PointerPress:
+            held_ = XButton(act.first);
+            return ended(desk_.press(act.x, act.y, held_, e));
+        case Act::CloseForm:
+            return ended(desk_.close(e.form));
+        default:
+            return false; // no example does it
+        }
     }
-    bool Type(Element e, const std::string &text) override {
-        return act([&] { return desk_.type(e, text); });
-    }
-    bool GoTo(Element e) override {
-        return act([&] { return desk_.click(e); });
-    }
-    bool Press(Key key) override {
-        return act([&] { return desk_.key(KeyName(key)); });
-    }
-    bool Choose(Element e, int item) override {
-        return act([&] { return desk_.choose(e, item); });
-    }
-    bool Scroll(Element e, int value) override {
-        return act([&] { return desk_.scroll(e, value); });
-    }
-    bool Hover(Element e) override {
-        desk_.hover(e);
-        return true;
-    }
-    bool PressAt(Element e, int button, double x, double y) override {
-        return act([&] {
-            held_ = XButton(button);
-            return desk_.press(x, y, held_, e);
-        });
-    }
-    bool MoveTo(Element e, int buttons, double x, double y) override {
-        if (buttons == 0)
-            return act([&] { return desk_.move(x, y, e); });
-        if (held_ == 0)
-            hand::Press(held_ = XButton(buttons));
-        return ended(desk_.move(x, y, e));
-    }
-    bool ReleaseAt(Element e, int button, double x, double y) override {
-        if (held_ != XButton(button)) // no button comes up that was not down
-            act([&] { return desk_.press(x, y, XButton(button), e); });
-        held_ = 0;
-        return ended(desk_.release(x, y, XButton(button), e));
-    }
-    bool CloseForm(std::string_view form) override {
-        return act([&] { return desk_.close(form); });
-    }
-    void Tick() override {
-        desk_.waitFor([&, ticks = desk_.ticks()] { return desk_.ticks() > ticks; });
-    }
-    // No example does these.
-    bool Select(Element, int, int) override { return false; }
-    bool TurnWheel(Element, int, double, double) override { return false; }
-    bool PanBy(Element, double, double) override { return false; }
-    bool OpenFile(const std::string &) override { return false; }
-    bool Restore(std::string_view) override { return false; }
 
 private:
     static int XButton(int button) { return button == 1 ? 1 : button == 2 ? 3 : 2; }
@@ -132,13 +118,27 @@ private:
         }
         return "";
     }
-    template <class Do>
-    bool act(Do done) {
-        if (held_ != 0) {
-            hand::Release(std::exchange(held_, 0));
-            desk_.settle();
-        }
-        return ended(done());
+    void letGo() {
+        if (held_ == 0)
+            return;
+        hand::Release(std::exchange(held_, 0));
+        desk_.settle();
+    }
+    bool move(const Act &act) {
+        if (act.first == 0)
+            letGo();
+        else if (held_ == 0)
+            hand::Press(held_ = XButton(act.first));
+        return ended(desk_.move(act.x, act.y, act.element));
+    }
+    bool release(const Act &act) {
+        const int button = XButton(act.first);
+        if (held_ != button)
+            letGo();
+        if (held_ == 0) // no button comes up that was not down
+            desk_.press(act.x, act.y, button, act.element);
+        held_ = 0;
+        return ended(desk_.release(act.x, act.y, button, act.element));
     }
     bool ended(bool done) {
         if (desk_.window.ended())

@@ -91,7 +91,7 @@ bool QtWindow::AnotherInstanceRuns() {
 std::string QtWindow::AskSaveName(const SaveQuestion &question) {
     const QString name = QDir(ToQt(question.directory)).filePath(ToQt(question.name));
     std::string answer = FromQt(QFileDialog::getSaveFileName(main_.get(), ToQt(question.title), name));
-    note({.kind = Act::Answer, .element = {}, .text = answer});
+    Do({.kind = Act::Answer, .text = answer});
     return answer;
 }
 

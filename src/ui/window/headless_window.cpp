@@ -61,7 +61,7 @@ std::string HeadlessWindow::AskSaveName(const SaveQuestion &question) {
         name = saveNames.front();
         saveNames.pop_front();
     }
-    note({.kind = Act::Answer, .element = {}, .text = name});
+    Do({.kind = Act::Answer, .text = name});
     return name;
 }
 
@@ -75,10 +75,10 @@ void HeadlessWindow::StartProgram(const std::string &program, const std::string 
 void HeadlessWindow::EndProgram(int status) { throw ProgramEnd{status}; }
 
 // Hovering is all that places the pointer here.
-bool HeadlessWindow::Hover(Element element) {
-    if (reachable(element))
-        underPointer = own(element);
-    return WindowState::Hover(element);
+bool HeadlessWindow::Do(const Act &act) {
+    if (act.kind == Act::Hover && reachable(act.element))
+        underPointer = own(act.element);
+    return WindowState::Do(act);
 }
 
 } // namespace havuz

@@ -21,7 +21,7 @@ public:
 
     explicit HeadlessWindow(Surface &scr) : scr_(scr) {}
 
-    bool Hover(Element element) override; // the pointer lies there then
+    bool Do(const Act &act) override; // the pointer lies where it hovers
 
     // What it was asked for, and what it answers.
     std::deque<std::string> saveNames; // answers of the file dialog; none left: cancelled

@@ -1,33 +1,51 @@
-// A person at the window: everything that one can do there. False, with nothing done, when it cannot be reached:
-// hidden, disabled, behind a modal form. Positions in pixels of the surface.
+// A person at the window, who can do every act of acts.h, and short calls for those who do them in C++.
 #pragma once
 
-#include "ui/window/window.h"
-
-#include <string>
+#include "ui/window/acts.h"
 
 namespace havuz {
 
 class Person {
 public:
     virtual ~Person() = default;
-    virtual bool Click(Element element) = 0;                     // turns a toggle, a check box or an option first
-    virtual bool Type(Element box, const std::string &text) = 0; // replaces what the box holds
-    virtual bool Select(Element box, int start, int length) = 0; // by mouse or by a key that moves the caret
-    virtual bool GoTo(Element element) = 0;                      // what takes the keyboard focus
-    virtual bool Press(Key key) = 0;                             // to the element with the focus
-    virtual bool Choose(Element list, int item) = 0;
-    virtual bool Scroll(Element bar, int value) = 0;
-    virtual bool Hover(Element element) = 0;
-    virtual bool PressAt(Element surface, int button, double x, double y) = 0;
-    virtual bool MoveTo(Element surface, int buttonsHeld, double x, double y) = 0;
-    virtual bool ReleaseAt(Element surface, int button, double x, double y) = 0;
-    virtual bool TurnWheel(Element surface, int steps, double x, double y) = 0;
-    virtual bool PanBy(Element surface, double dx, double dy) = 0;
-    virtual bool OpenFile(const std::string &path) = 0; // dropped on the main window, or one of the recent projects
-    virtual bool CloseForm(std::string_view form) = 0;
-    virtual bool Restore(std::string_view form) = 0; // shows it again after it was minimised
-    virtual void Tick() = 0;                         // lets the 100 ms timer run
+
+    // False, with nothing done, when what it is for cannot be reached - hidden, disabled, behind a modal form - or does
+    // not take it.
+    virtual bool Do(const Act &act) = 0;
+
+    bool Click(Element element) { return Do({.kind = Act::Click, .element = element}); }
+    bool Type(Element box, const std::string &text) { return Do({.kind = Act::Type, .element = box, .text = text}); }
+    bool Select(Element box, int start, int length) {
+        return Do({.kind = Act::Select, .element = box, .first = start, .second = length});
+    }
+    bool GoTo(Element element) { return Do({.kind = Act::GoTo, .element = element}); }
+    bool Press(Key key) { return Do({.kind = Act::Press, .key = key}); }
+    bool Choose(Element list, int item) { return Do({.kind = Act::Choose, .element = list, .first = item}); }
+    bool Scroll(Element bar, int value) { return Do({.kind = Act::Scroll, .element = bar, .first = value}); }
+    bool Hover(Element element) { return Do({.kind = Act::Hover, .element = element}); }
+    bool PressAt(Element surface, int button, double x, double y) {
+        return Do({.kind = Act::PointerPress, .element = surface, .first = button, .x = x, .y = y});
+    }
+    bool MoveTo(Element surface, int buttonsHeld, double x, double y) {
+        return Do({.kind = Act::PointerMove, .element = surface, .first = buttonsHeld, .x = x, .y = y});
+    }
+    bool ReleaseAt(Element surface, int button, double x, double y) {
+        return Do({.kind = Act::PointerRelease, .element = surface, .first = button, .x = x, .y = y});
+    }
+    bool TurnWheel(Element surface, int steps, double x, double y) {
+        return Do({.kind = Act::Wheel, .element = surface, .first = steps, .x = x, .y = y});
+    }
+    bool PanBy(Element surface, double dx, double dy) {
+        return Do({.kind = Act::Pan, .element = surface, .x = dx, .y = dy});
+    }
+    void TakeSize(int width, int height) {
+        Do({.kind = Act::Resize, .element = kScr, .first = width, .second = height});
+    }
+    bool OpenFile(const std::string &path) { return Do({.kind = Act::Open, .text = path}); }
+    bool CloseForm(std::string_view form) { return Do({.kind = Act::CloseForm, .element = {form, {}, 0}}); }
+    bool Restore(std::string_view form) { return Do({.kind = Act::Restore, .element = {form, {}, 0}}); }
+    void Leave() { Do({.kind = Act::Leave}); }
+    void Tick() { Do({.kind = Act::Tick}); }
 };
 
 } // namespace havuz

@@ -1,7 +1,6 @@
 #include "ui/window/recorder.h"
 
 #include "model/options.h"
-#include "ui/window/act_words.h"
 #include "ui/window/command_state.h"
 #include "ui/window/sound_switch.h"
 #include "view/view_window.h"
@@ -40,8 +39,6 @@ std::string Spaced(std::initializer_list<std::string_view> words) {
         line.append(1, ' ').append(word);
     return line;
 }
-
-std::string At(double x, double y) { return Spaced({Number(x), Number(y)}); }
 
 // A button that no command knows counts as the middle one.
 std::string Buttons(int held) {
@@ -99,8 +96,6 @@ std::string Recorder::elementWords(Element element) const {
     return one ? Spaced({form, name}) : Spaced({form, name, std::to_string(element.index)});
 }
 
-std::string Recorder::surfaceWords(Element surface) const { return surface == kScr ? "" : Spaced({surface.form}); }
-
 // By its text where this finds it.
 std::string Recorder::itemWord(Element list, int item) const {
     const std::vector<std::string> &items = window_.state(list).items;
@@ -108,51 +103,48 @@ std::string Recorder::itemWord(Element list, int item) const {
     return std::find(items.begin(), items.end(), *own) == own ? Quoted(*own) : std::to_string(item);
 }
 
-std::string Recorder::lineOf(const Act &act) const {
-    const std::string word = WordsOf(act.kind).word;
-    switch (act.kind) {
-    case Act::Click:
-        return word + elementWords(act.element);
-    case Act::Type:
-        return word + elementWords(act.element) + " " + Quoted(act.text);
-    case Act::Select:
-        return word + elementWords(act.element) + " " + std::to_string(act.first) + " " + std::to_string(act.second);
-    case Act::GoTo:
-        return word + elementWords(act.element);
-    case Act::Press:
-        return word + elementWords(act.element) + " " + KeyWord(act.key);
-    case Act::Choose:
-        return word + elementWords(act.element) + " " + itemWord(act.element, act.first);
-    case Act::Scroll:
-        return word + " " + std::string(act.element.form) + " " + std::to_string(act.first);
-    case Act::Hover:
-        return word + elementWords(act.element);
-    case Act::PointerPress:
-        return word + surfaceWords(act.element) + Buttons(act.first) + At(act.x, act.y);
-    case Act::PointerMove:
-        return word + surfaceWords(act.element) + (act.first == 0 ? "" : Buttons(act.first)) + At(act.x, act.y);
-    case Act::PointerRelease:
-        return word + surfaceWords(act.element) + Buttons(act.first) + At(act.x, act.y);
-    case Act::Wheel:
-        return word + surfaceWords(act.element) + " " + std::to_string(act.first) + At(act.x, act.y);
-    case Act::Pan:
-        return word + surfaceWords(act.element) + At(act.x, act.y);
-    case Act::Resize:
-        return word + " " + std::to_string(act.first) + " " + std::to_string(act.second);
-    case Act::Open:
-        return word + " " + PathWord(act.text);
-    case Act::CloseForm:
-        return word + " " + std::string(act.element.form);
-    case Act::Restore:
-        return word + " " + std::string(act.element.form);
-    case Act::Leave:
-        return word;
-    case Act::Answer:
-        return word + " " + PathWord(act.text);
-    case Act::Tick:
+std::string Recorder::words(ActPart part, const Act &act) const {
+    switch (part) {
+    case ActPart::Element:
+    case ActPart::FocusOrElement:
+        return elementWords(act.element);
+    case ActPart::Form:
+    case ActPart::ScrollBar:
+        return Spaced({act.element.form});
+    case ActPart::Surface:
+        return act.element == kScr ? "" : Spaced({act.element.form});
+    case ActPart::Buttons:
+        return Buttons(act.first);
+    case ActPart::MaybeButtons:
+        return act.first == 0 ? "" : Buttons(act.first);
+    case ActPart::Place:
+    case ActPart::Offset:
+        return Spaced({Number(act.x), Number(act.y)});
+    case ActPart::Text:
+        return Spaced({Quoted(act.text)});
+    case ActPart::Path:
+        return Spaced({PathWord(act.text)});
+    case ActPart::First:
+        return Spaced({std::to_string(act.first)});
+    case ActPart::Second:
+        return Spaced({std::to_string(act.second)});
+    case ActPart::Item:
+        return Spaced({itemWord(act.element, act.first)});
+    case ActPart::Key:
+        return Spaced({KeyWord(act.key)});
+    case ActPart::Times:
+    case ActPart::None:
         break;
     }
     return "";
+}
+
+std::string Recorder::lineOf(const Act &act) const {
+    const ActRow &row = RowOf(act.kind);
+    std::string line = row.word;
+    for (const ActPart part : row.parts)
+        line += words(part, act);
+    return line;
 }
 
 void Recorder::write(const std::string &line) {

@@ -5,8 +5,7 @@
 // - the 100 ms timer, and of hovers all but the last before another act: they change colours alone;
 // - of the texts and carets that one box takes in a row all but the last;
 // - of moves with no button held, in a row over one surface, those that leave nothing behind which the next one does
-// not
-//   set again. A move that catches a node, ends a drag or pulls the zoom window stays.
+//   not set again. A move that catches a node, ends a drag or pulls the zoom window stays.
 // What may be left out waits for the next act: this is all that a crash of the process can lose.
 #pragma once
 
@@ -66,7 +65,7 @@ private:
     void write(const std::string &line);
     std::string lineOf(const Act &act) const;
     std::string elementWords(Element element) const;
-    std::string surfaceWords(Element surface) const;
+    std::string words(ActPart part, const Act &act) const; // each with a blank before it
     std::string itemWord(Element list, int item) const;
 
     WindowState &window_;

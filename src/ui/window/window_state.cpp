@@ -185,9 +185,48 @@ void WindowState::turn(Element element) {
         SetChecked(element, !s.checked);
 }
 
+Element WindowState::ownNames(Element element) const {
+    if (!element.name.empty())
+        return own(element);
+    const auto form = forms_.find(element.form);
+    return {form == forms_.end() ? std::string_view() : std::string_view(form->first), {}, 0};
+}
+
+bool WindowState::possible(const Act &act) const {
+    const ActRow &row = RowOf(act.kind);
+    if (row.reach == ActReach::Element && !reachable(act.element))
+        return false;
+    if (row.reach == ActReach::Form && !formReachable(act.element.form))
+        return false;
+    if (row.reach == ActReach::MainForm && !formReachable(kMain))
+        return false;
+    if (row.on && state(act.element).kind != *row.on)
+        return false;
+    switch (act.kind) {
+    case Act::GoTo:
+        return focus_ != act.element;
+    case Act::Choose:
+        return act.first >= 0 && act.first < static_cast<int>(state(act.element).items.size());
+    case Act::Scroll:
+        return act.first >= 0 && act.first <= state(act.element).maximum;
+    case Act::Restore:
+        return formState(act.element.form).minimised;
+    default:
+        return true;
+    }
+}
+
 // The log hears of the end also when the program ends in the act.
-template <class Tell>
-void WindowState::act(const Act &act, Tell tell) {
+bool WindowState::Do(const Act &asked) {
+    Act act = asked;
+    if (act.kind == Act::Press) {
+        if (!focus_)
+            return false;
+        act.element = *focus_;
+    }
+    if (!possible(act))
+        return false;
+    act.element = ownNames(act.element);
     struct Ended {
         ActLog *log;
         ~Ended() {
@@ -197,11 +236,7 @@ void WindowState::act(const Act &act, Tell tell) {
     } ended{log_};
     if (log_ != nullptr)
         log_->Before(act);
-    tell();
-}
-
-void WindowState::note(const Act &noted) {
-    act(noted, [] {});
+    return carryOut(act);
 }
 
 // A click on what is in reach.
@@ -217,38 +252,10 @@ bool WindowState::clickNow(Element clicked) {
     return true;
 }
 
-bool WindowState::Click(Element element) {
-    if (!reachable(element))
-        return false;
-    const Element clicked = own(element);
-    bool done = false;
-    act({.kind = Act::Click, .element = clicked}, [&] { done = clickNow(clicked); });
-    return done;
-}
-
 bool WindowState::ClickTool(Element tool) {
     if (state(tool).checked && !Click(tool))
         return false;
     return Click(tool);
-}
-
-bool WindowState::Type(Element box, const std::string &text) {
-    if (!reachable(box) || state(box).kind != FieldKind::TextBox)
-        return false;
-    act({.kind = Act::Type, .element = own(box), .text = text}, [&] {
-        Focus(box);
-        SetText(box, text);
-        SelectText(box, Characters(text), 0);
-    });
-    return true;
-}
-
-bool WindowState::Select(Element box, int start, int length) {
-    if (!reachable(box) || state(box).kind != FieldKind::TextBox)
-        return false;
-    act({.kind = Act::Select, .element = own(box), .first = start, .second = length},
-        [&] { SelectText(box, start, length); });
-    return true;
 }
 
 // What a key does that the form did not keep: Enter confirms the form, Escape closes it, the caret moves.
@@ -267,139 +274,79 @@ void WindowState::pressLeft(Element element, Key key) {
         SelectText(element, std::max(s.caret - 1, 0), 0);
 }
 
-bool WindowState::GoTo(Element element) {
-    if (!reachable(element) || focus_ == element)
-        return false;
-    const Element next = own(element);
-    act({.kind = Act::GoTo, .element = next}, [&] { Focus(next); });
-    return true;
-}
-
-bool WindowState::Press(Key key) {
-    if (!focus_ || !reachable(*focus_))
-        return false;
-    const Element element = *focus_;
-    act({.kind = Act::Press, .element = element, .key = key}, [&] {
-        if (!events_->OnKey(element, key))
-            pressLeft(element, key);
-    });
-    return true;
-}
-
-bool WindowState::Choose(Element list, int item) {
-    if (!reachable(list) || item < 0 || item >= static_cast<int>(state(list).items.size()))
-        return false;
-    act({.kind = Act::Choose, .element = own(list), .first = item}, [&] {
-        Focus(list);
-        at(list).item = item;
-        events_->OnClick(own(list));
-    });
-    return true;
-}
-
-bool WindowState::Scroll(Element bar, int value) {
-    if (!reachable(bar) || value < 0 || value > state(bar).maximum)
-        return false;
-    act({.kind = Act::Scroll, .element = own(bar), .first = value}, [&] {
-        at(bar).value = value;
-        events_->OnScroll(own(bar));
-    });
-    return true;
-}
-
-bool WindowState::Hover(Element element) {
-    if (!reachable(element))
-        return false;
-    const Element under = own(element);
-    act({.kind = Act::Hover, .element = under}, [&] { events_->OnHover(under); });
-    return true;
-}
-
-bool WindowState::PressAt(Element surface, int button, double x, double y) {
-    if (!reachable(surface))
-        return false;
-    const Element at = own(surface);
-    act({.kind = Act::PointerPress, .element = at, .first = button, .x = x, .y = y}, [&] {
-        Focus(at);
-        events_->OnPress(at, button, 0, x, y);
-    });
-    return true;
-}
-
-bool WindowState::MoveTo(Element surface, int buttonsHeld, double x, double y) {
-    if (!reachable(surface))
-        return false;
-    const Element at = own(surface);
-    act({.kind = Act::PointerMove, .element = at, .first = buttonsHeld, .x = x, .y = y},
-        [&] { events_->OnMove(at, buttonsHeld, 0, x, y); });
-    return true;
-}
-
-bool WindowState::ReleaseAt(Element surface, int button, double x, double y) {
-    if (!reachable(surface))
-        return false;
-    const Element at = own(surface);
-    act({.kind = Act::PointerRelease, .element = at, .first = button, .x = x, .y = y},
-        [&] { events_->OnRelease(at, button, 0, x, y); });
-    return true;
-}
-
-bool WindowState::TurnWheel(Element surface, int steps, double x, double y) {
-    if (!reachable(surface))
-        return false;
-    const Element at = own(surface);
-    act({.kind = Act::Wheel, .element = at, .first = steps, .x = x, .y = y},
-        [&] { events_->OnWheel(at, steps, x, y); });
-    return true;
-}
-
-bool WindowState::PanBy(Element surface, double dx, double dy) {
-    if (!reachable(surface))
-        return false;
-    const Element at = own(surface);
-    act({.kind = Act::Pan, .element = at, .x = dx, .y = dy}, [&] { events_->OnPan(at, dx, dy); });
-    return true;
-}
-
-bool WindowState::OpenFile(const std::string &path) {
-    if (!formReachable(kMain))
-        return false;
-    act({.kind = Act::Open, .element = {}, .text = path}, [&] {
+// What the act does, in the order of its events.
+bool WindowState::carryOut(const Act &act) {
+    const Element e = act.element;
+    switch (act.kind) {
+    case Act::Click:
+        return clickNow(e);
+    case Act::Type:
+        Focus(e);
+        SetText(e, act.text);
+        SelectText(e, Characters(act.text), 0);
+        break;
+    case Act::Select:
+        SelectText(e, act.first, act.second);
+        break;
+    case Act::GoTo:
+        Focus(e);
+        break;
+    case Act::Press:
+        if (!events_->OnKey(e, act.key))
+            pressLeft(e, act.key);
+        break;
+    case Act::Choose:
+        Focus(e);
+        at(e).item = act.first;
+        events_->OnClick(e);
+        break;
+    case Act::Scroll:
+        at(e).value = act.first;
+        events_->OnScroll(e);
+        break;
+    case Act::Hover:
+        events_->OnHover(e);
+        break;
+    case Act::PointerPress:
+        Focus(e);
+        events_->OnPress(e, act.first, 0, act.x, act.y);
+        break;
+    case Act::PointerMove:
+        events_->OnMove(e, act.first, 0, act.x, act.y);
+        break;
+    case Act::PointerRelease:
+        events_->OnRelease(e, act.first, 0, act.x, act.y);
+        break;
+    case Act::Wheel:
+        events_->OnWheel(e, act.first, act.x, act.y);
+        break;
+    case Act::Pan:
+        events_->OnPan(e, act.x, act.y);
+        break;
+    case Act::Resize:
+        events_->OnResize();
+        break;
+    case Act::Open:
         activate(kMain);
-        events_->OnOpen(path);
-    });
-    return true;
-}
-
-bool WindowState::CloseForm(std::string_view form) {
-    if (!formReachable(form))
-        return false;
-    const std::string_view name = forms_.find(form)->first;
-    act({.kind = Act::CloseForm, .element = {name, {}, 0}}, [&] { events_->OnClose(name); });
-    return true;
-}
-
-bool WindowState::Restore(std::string_view form) {
-    if (!formState(form).minimised)
-        return false;
-    const std::string_view name = forms_.find(form)->first;
-    act({.kind = Act::Restore, .element = {name, {}, 0}}, [&] { at(name).minimised = false; });
-    return true;
-}
-
-void WindowState::TakeSize(int width, int height) {
-    act({.kind = Act::Resize, .element = kScr, .first = width, .second = height}, [&] { events_->OnResize(); });
-}
-
-void WindowState::Leave() {
-    act({.kind = Act::Leave, .element = {}}, [&] {
+        events_->OnOpen(act.text);
+        break;
+    case Act::CloseForm:
+        events_->OnClose(e.form);
+        break;
+    case Act::Restore:
+        at(e.form).minimised = false;
+        break;
+    case Act::Leave:
         for (const std::string &form : std::vector(stack_))
             events_->OnDeactivate(forms_.find(form)->first);
-    });
-}
-
-void WindowState::Tick() {
-    act({.kind = Act::Tick, .element = {}}, [&] { events_->OnTimer(); });
+        break;
+    case Act::Tick:
+        events_->OnTimer();
+        break;
+    case Act::Answer: // the question takes it
+        break;
+    }
+    return true;
 }
 
 } // namespace havuz

@@ -14,46 +14,6 @@
 
 namespace havuz {
 
-// One act of a person on an element or a form.
-struct Act {
-    enum Kind {
-        Click,
-        Type,   // text: what the box holds afterwards
-        Select, // first, second: start and length of the selection
-        GoTo,   // the keyboard focus, by mouse or by the tab key
-        Press,  // key
-        Choose, // first: item
-        Scroll, // first: value
-        Hover,
-        PointerPress,   // first: button; x, y
-        PointerMove,    // first: button held, 0 none
-        PointerRelease, // first: button
-        Wheel,          // first: steps, up above 0; x, y
-        Pan,            // x, y: by how much
-        Resize,         // of SCR; first, second: width, height
-        Open,           // text: path of a project
-        CloseForm,
-        Restore, // a form that was minimised
-        Leave,   // to another program
-        Tick,
-        Answer // text: what a file dialog gave
-    };
-    Kind kind = Click;
-    Element element; // of CloseForm and Restore: the form alone
-    std::string text = {};
-    int first = 0, second = 0;
-    double x = 0.0, y = 0.0;
-    Key key = Key::Enter;
-};
-
-// Hears of each act that could be done.
-class ActLog {
-public:
-    virtual ~ActLog() = default;
-    virtual void Before(const Act &act) = 0; // its events are still to come
-    virtual void After() = 0;                // its events are over, or the program has ended in one
-};
-
 class WindowState : public Window, public Person {
 public:
     struct ElementState {
@@ -82,26 +42,8 @@ public:
     void SetLog(ActLog *log) { log_ = log; }
 
     // What a person does.
-    bool Click(Element element) override;
+    bool Do(const Act &act) override;
     bool ClickTool(Element tool); // by its key: one that is still down comes up first
-    bool Type(Element box, const std::string &text) override;
-    bool Select(Element box, int start, int length) override;
-    bool GoTo(Element element) override;
-    bool Press(Key key) override;
-    bool Choose(Element list, int item) override;
-    bool Scroll(Element bar, int value) override;
-    bool Hover(Element element) override;
-    bool PressAt(Element surface, int button, double x, double y) override;
-    bool MoveTo(Element surface, int buttonsHeld, double x, double y) override;
-    bool ReleaseAt(Element surface, int button, double x, double y) override;
-    bool TurnWheel(Element surface, int steps, double x, double y) override;
-    bool PanBy(Element surface, double dx, double dy) override;
-    bool OpenFile(const std::string &path) override;
-    bool CloseForm(std::string_view form) override;
-    bool Restore(std::string_view form) override;
-    void Tick() override;
-    void Leave();                         // every form loses its activation
-    void TakeSize(int width, int height); // of SCR, after it changed
 
     // What it shows. An element that was never made is Subscript.
     const ElementState &state(Element element) const;
@@ -186,8 +128,6 @@ protected:
     // The form comes to the front: the one that was there loses its activation.
     void activate(std::string_view form);
     std::string_view front() const { return stack_.empty() ? std::string_view() : stack_.back(); }
-    // Tells the log of something that is no event.
-    void note(const Act &act);
 
 private:
     // Owns the names, so that an element handed to an event stays valid.
@@ -203,10 +143,11 @@ private:
     ElementState &at(Element element) { return const_cast<ElementState &>(state(element)); }
     FormState &at(std::string_view form);
     void turn(Element element);
+    Element ownNames(Element element) const; // of an element or of a form alone
+    bool possible(const Act &act) const;
+    bool carryOut(const Act &act);
     bool clickNow(Element clicked);
     void pressLeft(Element element, Key key);
-    template <class Tell>
-    void act(const Act &act, Tell tell);
 
     WindowEvents *events_ = nullptr;
     ActLog *log_ = nullptr;
