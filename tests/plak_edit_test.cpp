@@ -228,7 +228,7 @@ TEST(KomsulukKur, LinksByPlaceAndClearsNothing) {
         PlakTable[1].KenarKodu[k] = 0;
     PanelTable[4].X[2] = 0.2; // its end stands off the corner
     MeshGenisligi = 2.0;
-    KomsulukKur();
+    KomsulukKur(MeshGenisligi);
     EXPECT_EQ(Codes(1), (std::vector<int>{103, 203, 303, 0}));
     EXPECT_EQ(Neighbours(1), (std::vector<int>{0, 204, -101, 0}));
     EXPECT_EQ(Neighbours(2), (std::vector<int>{0, 304, -102, 302}));
@@ -237,11 +237,11 @@ TEST(KomsulukKur, LinksByPlaceAndClearsNothing) {
     EXPECT_EQ(PanelTable[2].Nx, 2); // 1.5, to even
     PutPlak({{9, 9}, {10, 9}, {9, 10}});
     PlakTable[1].KenarKodu[4] = -555; // nothing clears it
-    KomsulukKur();
+    KomsulukKur(MeshGenisligi);
     EXPECT_EQ(Codes(1)[3], -555);
     EXPECT_EQ(Neighbours(1), (std::vector<int>{0, 204, -101, 202})); // point 3 of plate 1 stands "before" its point 1
     MeshGenisligi = 0.0;
-    EXPECT_EQ(FailureOf(KomsulukKur).kind, DivisionByZero);
+    EXPECT_EQ(FailureOf([] { KomsulukKur(MeshGenisligi); }).kind, DivisionByZero);
 }
 
 TEST(PolygonPool, PlateWallsAndTheirCodes) {

@@ -322,7 +322,7 @@ TEST(EdgeDrag, LevelsTiltAboutALinkedOrAFixedEdge) {
     PutPlak(Rectangle(0, 0, 10, 20));
     PutPlak(Rectangle(10, 0, 10, 20));
     MeshGenisligi = 1;
-    KomsulukKur();
+    KomsulukKur(MeshGenisligi);
     ASSERT_LT(int(PlakTable[1].KenarKodu[2]), 0);
     desk.main.DrawPlateView();
     desk.click(Command(2));

@@ -7,6 +7,7 @@
 #include "mesh/plak_mesh.h"
 #include "model/arithmetic.h"
 #include "model/link_code.h"
+#include "model/parameters.h"
 #include "model/store.h"
 
 #include <algorithm>
@@ -151,7 +152,7 @@ void AutoMesh(MeshWindow &window) {
         NoktaNumarala();
         window.DrawMeshes();
     } else {
-        OtoMesh(MeshGenisligi, window);
+        OtoMesh(MeshWidth(), window);
     }
 }
 

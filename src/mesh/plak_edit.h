@@ -9,8 +9,8 @@ namespace havuz {
 
 // Rebuilds KenarKodu of plates and KenarKomsu of panels from places that agree within 0.1 m: walls on plate edges
 // (which also sets the wall's Nx), plate edges on plate edges, walls next to each other around a plate. Clears no code.
-// MeshGenisligi 0 is DivisionByZero where a wall stands on an edge.
-void KomsulukKur();
+// A width (m) of 0 is DivisionByZero where a wall stands on an edge.
+void KomsulukKur(double width);
 
 // Splits the wall that kod (100 * panel + edge) points to at plan place (x, y): the records from the wall on move up by
 // one, and the codes of all of them close into one ring. Nothing for a negative kod. Panel 1001 is Subscript.

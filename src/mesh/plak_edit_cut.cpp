@@ -3,6 +3,7 @@
 #include "mesh/plak_edit.h"
 #include "mesh/plak_mesh.h"
 #include "model/link_code.h"
+#include "model/parameters.h"
 #include "model/store.h"
 
 #include <set>
@@ -185,7 +186,7 @@ bool CutPlate(int plak, const CutLine &line, Kesisim &k) {
     cutOff = pieces.between;
     PlakTable[plak] = pieces.rest;
     ++PlakCount;
-    KomsulukKur();
+    KomsulukKur(MeshWidth());
     return true;
 }
 
@@ -211,7 +212,7 @@ void PlakKoseKes(int plak, int a, int b, int &sonuc) {
     PlakTable[plak] = pieces.between;
     ++PlakCount;
     sonuc = 2;
-    KomsulukKur();
+    KomsulukKur(MeshWidth());
 }
 
 } // namespace havuz

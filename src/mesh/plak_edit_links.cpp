@@ -23,7 +23,7 @@ int CornerAt(const PanelRecord &panel, PlanPoint at) {
 }
 
 // A panel whose top corners both stand at corner 2's end of the edge counts as well: wanted.
-void LinkWallsOnEdge(int plak, int edge) {
+void LinkWallsOnEdge(int plak, int edge, double width) {
     PlakRecord &plate = PlakTable[plak];
     const PlanPoint a = Point(plate, edge), b = Point(plate, NextPoint(plate, edge));
     for (int w = 1; w <= PanelCount; ++w) {
@@ -32,7 +32,7 @@ void LinkWallsOnEdge(int plak, int edge) {
             continue;
         plate.KenarKodu[edge] = PanelLink(w, 3);
         wall.KenarKomsu[3] = PlateLink(plak, edge);
-        wall.Nx = Divide(PlanDistance(a, b), MeshGenisligi, Thing::MeshGenisligi);
+        wall.Nx = Divide(PlanDistance(a, b), width, Thing::MeshGenisligi);
         if (wall.Nx < 1)
             wall.Nx = 1;
     }
@@ -75,10 +75,10 @@ void LinkWallsAroundPlate(const PlakRecord &plate) {
 
 } // namespace
 
-void KomsulukKur() {
+void KomsulukKur(double width) {
     for (int p = 1; p <= PlakCount; ++p)
         for (int k = 1; k <= PlakTable[p].NoktaSayisi; ++k)
-            LinkWallsOnEdge(p, k);
+            LinkWallsOnEdge(p, k, width);
     for (int p = 1; p <= PlakCount - 1; ++p)
         for (int q = p + 1; q <= PlakCount; ++q)
             LinkPlates(p, q);

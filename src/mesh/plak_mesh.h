@@ -1,4 +1,4 @@
-// Plate grid meshing: one polygonal plate of PlakTable becomes four-node meshes on a square grid of step MeshGenisligi
+// Plate grid meshing: one polygonal plate of PlakTable becomes four-node meshes on a square grid of a given step
 // that is anchored on the plate's longest edge. Plan coordinates and heights in metres.
 // The automatic driver (oto_mesh.h) calls it once a plate, in plate order.
 #pragma once

@@ -47,8 +47,8 @@ std::vector<SpacePoint> Ring(SpacePoint middle, int n, double radius, double z) 
     return ring;
 }
 
-// The pool as the library makes it, for a model that has lost its meshes.
-Drum DrumOfParameters() {
+// The pool as the library makes it at this mesh width, for a model that has lost its meshes.
+Drum DrumOfParameters(double width) {
     Drum drum{MiddleOf(PanelTable[1]), {}, {}};
     const int n = PanelTable[2].Nx, rows = PanelTable[2].Ny;
     const double r = 0.5 * PanelTable[1].X[2], h = UstKot - AltKot;
@@ -56,7 +56,7 @@ Drum DrumOfParameters() {
         drum.wall.push_back(Ring(drum.middle, n, r, rows > 0 ? i * (h / rows) : 0.0));
     if (CircularPanels() < 3)
         return drum;
-    const double c = std::max(1.0, Divide(Bk, MeshGenisligi, Thing::MeshGenisligi));
+    const double c = std::max(1.0, Divide(Bk, width, Thing::MeshGenisligi));
     drum.strip.push_back(drum.wall.back());
     for (int i = 1; i <= FloorToWhole(c); ++i)
         drum.strip.push_back(Ring(drum.middle, n, r + i * Bk / c, UstKot));
@@ -333,7 +333,7 @@ void PutFloor(const Drum &drum, const Wish &wish, Mesh &mesh) {
 void MeshCircularPool(const Wish &wish, Mesh &mesh) {
     Drum drum;
     if (!ReadDrum(drum))
-        drum = DrumOfParameters();
+        drum = DrumOfParameters(wish.width);
     if (drum.wall.empty() || drum.wall[0].size() < 4 || drum.wall[0].size() % 2 != 0)
         throw SoundMeshFailure("panel 1: a circular floor needs an even number of four nodes or more on its rim",
                                "PANEL 1: DAIRESEL TABANIN CEVRESINDE DORT YA DA DAHA COK, CIFT SAYIDA NOKTA GEREKIR");

@@ -5,6 +5,7 @@
 #include "model/dead_load.h"
 #include "model/link_code.h"
 #include "model/number_text.h"
+#include "model/parameters.h"
 
 #include <cmath>
 #include <utility>
@@ -115,7 +116,7 @@ Built BuildOrFail(const Wish &wish) {
 }
 
 Wish WishOf(const SoundOptions &options) {
-    const double width = options.width != 0.0 ? options.width : MeshGenisligi;
+    const double width = options.width != 0.0 ? options.width : MeshWidth();
     if (width == 0.0)
         throw RuntimeFailure({.fault = Fault::Divided, .thing = Thing::MeshGenisligi});
     if (!(width > 0.0) || !std::isfinite(width))

@@ -48,6 +48,8 @@ const Parameter *FindParameter(std::string_view name) {
     return found == std::end(kParameters) ? nullptr : found;
 }
 
+double MeshWidth() { return MeshGenisligi; }
+
 void ResetParameterValues() {
     for (const Parameter &p : kParameters)
         *p.value = 0.0;

@@ -27,6 +27,9 @@ std::span<const Parameter> Parameters();
 // nullptr when no parameter has the name.
 const Parameter *FindParameter(std::string_view name);
 
+// MeshGenisligi, m, as a person gave it. What generates or meshes takes the width here, at its door, and hands it on.
+double MeshWidth();
+
 void ResetParameterValues(); // all 0, as before the program's start
 void StartParameterValues();
 void TakePoolParameters(); // the first values of the pool library; the others stay

@@ -91,9 +91,9 @@ void PutWall(int n, int m, int mw, double h, double r) {
 }
 
 // The strip stands at UstKot and stops short of Bk where Bk is no multiple of the mesh width: wanted.
-void PutStrip(int n, int mw, double r) {
+void PutStrip(int n, int mw, double r, double w) {
     PutPanel(2, KenarKalinlik, n, mw);
-    const double c = StripDivisions();
+    const double c = StripDivisions(w);
     const int rings = FloorToWhole(c);
     const int f = NoktaCount - n + 1; // first node of the top ring
     for (int i = 1; i <= rings; ++i)
@@ -104,8 +104,7 @@ void PutStrip(int n, int mw, double r) {
 
 } // namespace
 
-void GenerateCircularPool() {
-    const double w = MeshGenisligi;
+void GenerateCircularPool(double w) {
     const double r = Lx / 2.0;
     const double h = UstKot - AltKot;
     const int n = 2 * (RoundToWhole(Divide(kPi * Lx, w, Thing::MeshGenisligi)) / 2); // even, rounded down
@@ -115,7 +114,7 @@ void GenerateCircularPool() {
     PutBase(n, m, r);
     PutWall(n, m, mw, h, r);
     if (Bk != 0.0)
-        PutStrip(n, mw, r);
+        PutStrip(n, mw, r, w);
 }
 
 } // namespace havuz

@@ -2,12 +2,13 @@
 
 #include "model/arithmetic.h"
 #include "model/options.h"
+#include "model/parameters.h"
 #include "pool/pool_panels.h"
 
 namespace havuz {
 
-double StripDivisions() {
-    const double c = Divide(Bk, MeshGenisligi, Thing::MeshGenisligi);
+double StripDivisions(double width) {
+    const double c = Divide(Bk, width, Thing::MeshGenisligi);
     return c < 1.0 ? 1.0 : c;
 }
 
@@ -20,12 +21,12 @@ void GeneratePool(int page, PoolWindow &window) {
     window.ReadPoolForm();
     HavuzTip = page;
     if (page == 1) {
-        GenerateRectangularPool();
+        GenerateRectangularPool(MeshWidth());
         SetViewAngles(-140.0, 20.0);
         window.ComputeExtents();
         window.DrawPlates();
     } else if (page == 2) {
-        GenerateCircularPool();
+        GenerateCircularPool(MeshWidth());
         SetViewAngles(-140.0, 0.0);
         window.ComputeExtents();
         window.DrawMeshes();

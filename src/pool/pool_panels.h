@@ -6,10 +6,10 @@
 
 namespace havuz {
 
-// Bk over the mesh width, 1 when that is under 1; not rounded.
-double StripDivisions();
+// Bk over the mesh width (m), 1 when that is under 1; not rounded.
+double StripDivisions(double width);
 
-void GenerateRectangularPool();
-void GenerateCircularPool();
+void GenerateRectangularPool(double width);
+void GenerateCircularPool(double width);
 
 } // namespace havuz

@@ -41,12 +41,11 @@ void PutPanel(const PanelRow &row) {
 
 // The link codes stand as a table of their own and do not all follow one pattern (104 twice on panel 2, the strips'
 // codes in the places shown): wanted, the panel table shows them.
-void GenerateRectangularPool() {
-    const double w = MeshGenisligi;
+void GenerateRectangularPool(double w) {
     const double sx = Divide(Lx, w, Thing::MeshGenisligi);
     const double sy = Ly / w;
     const double sz = (UstKot - AltKot) / w;
-    const double sc = StripDivisions();
+    const double sc = StripDivisions(w);
     const double st = 2.0 * sc + Ly / w;
     const double ds = AltKalinlik;
     const double dp = KenarKalinlik;
