@@ -153,20 +153,27 @@ void Delaunay::splitTriangle(int t, int corner) {
     legalize({{part[0], 0}, {part[1], 1}, {part[2], 2}});
 }
 
+// Cuts t from its corner opposite the edge to a new corner on the edge. t gives up the corner `stays` places on and
+// keeps the other one; the new triangle the other way round.
+int Delaunay::halve(int t, int edge, int corner, int stays) {
+    const Triangle old = tri(t);
+    const int given = (edge + stays) % 3, kept = (edge + 3 - stays) % 3;
+    Triangle own = old, other = old;
+    At(own.corner, given) = At(other.corner, kept) = corner;
+    At(own.fixed, kept) = At(other.fixed, given) = 0;
+    tri(t) = own;
+    const int v = put(other);
+    relink(At(old.beside, kept), t, v);
+    link(t, kept, v, given);
+    return v;
+}
+
 // The two triangles at an edge become four.
 void Delaunay::splitEdge(int t, int edge, int corner) {
     const int u = At(tri(t).beside, edge);
     const Triangle a = tri(t), b = u >= 0 ? tri(u) : Triangle{};
     const int p = At(a.corner, edge), q = At(a.corner, (edge + 1) % 3), r = At(a.corner, (edge + 2) % 3);
-    Triangle near = a; // keeps p, q
-    At(near.corner, (edge + 2) % 3) = corner;
-    Triangle far = a; // keeps p, r
-    At(far.corner, (edge + 1) % 3) = corner;
-    At(near.fixed, (edge + 1) % 3) = At(far.fixed, (edge + 2) % 3) = 0;
-    tri(t) = near;
-    const int v = put(far);
-    relink(At(a.beside, (edge + 1) % 3), t, v);
-    link(t, (edge + 1) % 3, v, (edge + 2) % 3);
+    const int v = halve(t, edge, corner, 2);
     std::vector<std::pair<int, int>> open{{t, (edge + 2) % 3}, {v, (edge + 1) % 3}};
     if (u >= 0) {
         const int e = [&] {
@@ -175,16 +182,7 @@ void Delaunay::splitEdge(int t, int edge, int corner) {
                     return k;
             return 0;
         }();
-        // around b: its corner e, then r, then q
-        Triangle other = b; // keeps e, q
-        At(other.corner, (e + 1) % 3) = corner;
-        Triangle mate = b; // keeps e, r
-        At(mate.corner, (e + 2) % 3) = corner;
-        At(other.fixed, (e + 2) % 3) = At(mate.fixed, (e + 1) % 3) = 0;
-        tri(u) = other;
-        const int w = put(mate);
-        relink(At(b.beside, (e + 2) % 3), u, w);
-        link(u, (e + 2) % 3, w, (e + 1) % 3);
+        const int w = halve(u, e, corner, 1); // around b: its corner e, then r, then q
         link(t, edge, u, e);
         link(v, edge, w, e);
         open.emplace_back(u, (e + 1) % 3);

@@ -47,6 +47,7 @@ private:
     int locate(GridPoint at, int &edge) const;
     int turn(GridPoint p, GridPoint q, GridPoint r) const;
     void splitTriangle(int t, int corner);
+    int halve(int t, int edge, int corner, int stays);
     void splitEdge(int t, int edge, int corner);
     void link(int t, int edge, int other, int corner);
     void relink(int outside, int from, int to);
