@@ -3,6 +3,7 @@
 // request painted at a time. The exchange sort stands beside the sort that the drawing uses.
 #include "full_model.h"
 #include "ui/qt/raster_surface.h"
+#include "view/blank_surface.h"
 #include "view/mesh_drawing.h"
 #include "view/view_state.h"
 
@@ -19,18 +20,14 @@ namespace {
 // Paints the requests of one kind and lets the others pass.
 enum Kind { Nothing, Polygons, Lines, Points, Circles, Texts };
 
-class PartSurface : public Surface {
+class PartSurface : public BlankSurface {
 public:
-    PartSurface(Surface &painted, Kind kind) : to_(painted), kind_(kind) {}
-    int width() const override { return to_.width(); }
-    int height() const override { return to_.height(); }
-    void Clear() override {}
+    PartSurface(Surface &painted, Kind kind)
+        : BlankSurface(painted.width(), painted.height()), to_(painted), kind_(kind) {}
     void Line(int x1, int y1, int x2, int y2, Colour colour) override {
         if (kind_ == Lines)
             to_.Line(x1, y1, x2, y2, colour);
     }
-    void Box(int, int, int, int, Colour) override {}
-    void FillBox(int, int, int, int, Colour) override {}
     void Point(int x, int y, Colour colour) override {
         if (kind_ == Points)
             to_.Point(x, y, colour);
@@ -39,7 +36,6 @@ public:
         if (kind_ == Circles)
             to_.Circle(x, y, radius, colour);
     }
-    Colour ReadPoint(int, int) override { return kBackground; }
     void Polygon(std::span<const Pixel> points) override {
         if (kind_ != Polygons)
             return;

@@ -11,6 +11,7 @@
 #include "ui/window/headless_window.h"
 #include "ui/window/main_window.h"
 #include "ui/window/transactions.h"
+#include "view/blank_surface.h"
 #include "view/projection.h"
 
 #include <filesystem>
@@ -21,21 +22,6 @@
 namespace havuz {
 
 namespace {
-
-class NoSurface : public Surface {
-public:
-    int width() const override { return 605; }
-    int height() const override { return 455; }
-    void Clear() override {}
-    void Line(int, int, int, int, Colour) override {}
-    void Box(int, int, int, int, Colour) override {}
-    void FillBox(int, int, int, int, Colour) override {}
-    void Point(int, int, Colour) override {}
-    void Circle(int, int, int, Colour) override {}
-    Colour ReadPoint(int, int) override { return kBackground; }
-    void Polygon(std::span<const Pixel>) override {}
-    void Text(int, int, const std::string &) override {}
-};
 
 class Bytes {
 public:
@@ -241,7 +227,7 @@ private:
 
     Bytes bytes_;
     ProgramFolder folder_;
-    NoSurface surface_;
+    BlankSurface surface_{605, 455};
     HeadlessWindow window_{surface_};
     std::unique_ptr<MainWindow> main_;
     ModelState start_, before_;

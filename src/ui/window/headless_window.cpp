@@ -1,30 +1,11 @@
 #include "ui/window/headless_window.h"
 
 #include "model/failure.h"
+#include "view/blank_surface.h"
 
 namespace havuz {
 
 namespace {
-
-// A surface that keeps nothing.
-class BlankSurface : public Surface {
-public:
-    BlankSurface(int width, int height) : width_(width), height_(height) {}
-    int width() const override { return width_; }
-    int height() const override { return height_; }
-    void Clear() override {}
-    void Line(int, int, int, int, Colour) override {}
-    void Box(int, int, int, int, Colour) override {}
-    void FillBox(int, int, int, int, Colour) override {}
-    void Point(int, int, Colour) override {}
-    void Circle(int, int, int, Colour) override {}
-    Colour ReadPoint(int, int) override { return kBackground; }
-    void Polygon(std::span<const Pixel>) override {}
-    void Text(int, int, const std::string &) override {}
-
-private:
-    int width_, height_;
-};
 
 constexpr double kFormWidth = 3000.0; // twips: every form is as wide
 constexpr int kProgressWidth = 200, kProgressHeight = 20;
