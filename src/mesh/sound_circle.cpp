@@ -2,6 +2,7 @@
 // becomes an O-grid, a rounded block of squares with rings around it, in place of the fan. Lengths in m.
 #include "mesh/sound_work.h"
 #include "model/arithmetic.h"
+#include "model/mesh_facts.h"
 #include "model/options.h"
 
 #include <cmath>
@@ -71,7 +72,7 @@ public:
             const MeshRecord &m = MeshTable[i];
             if (m.PanelNo != panel)
                 continue;
-            std::array<int, 4> n{m.N1, m.N2, m.N3, m.N4};
+            std::array<int, 4> n = MeshCorners(m);
             if (!std::all_of(n.begin(), n.end(), [](int node) { return node >= 1 && node <= NoktaCount; })) {
                 whole_ = false;
                 return;

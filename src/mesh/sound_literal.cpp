@@ -3,6 +3,7 @@
 #include "mesh/plak_mesh.h"
 #include "mesh/sound_work.h"
 #include "model/link_code.h"
+#include "model/mesh_facts.h"
 
 #include <cmath>
 #include <set>
@@ -49,8 +50,8 @@ LiteralGrid ReadTables() {
     for (int n = 1; n <= NoktaCount; ++n)
         grid.node.push_back({NoktaTable[n].X, NoktaTable[n].Y});
     for (int i = 1; i <= MeshCount; ++i) {
-        const MeshRecord &m = MeshTable[i];
-        grid.quad.push_back({m.N1 - 1, m.N2 - 1, m.N3 - 1, m.N4 - 1});
+        const auto [a, b, c, d] = MeshCorners(MeshTable[i]);
+        grid.quad.push_back({a - 1, b - 1, c - 1, d - 1});
     }
     return grid;
 }

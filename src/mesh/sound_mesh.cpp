@@ -4,6 +4,7 @@
 #include "mesh/sound_work.h"
 #include "model/dead_load.h"
 #include "model/link_code.h"
+#include "model/mesh_facts.h"
 #include "model/number_text.h"
 #include "model/parameters.h"
 
@@ -194,7 +195,7 @@ void StoreMeshes(const Mesh &mesh, const std::vector<int> &number) {
     for (const Quad &quad : mesh.quad) {
         MeshRecord &record = MeshTable[++MeshCount];
         int k = 0;
-        for (Int16 *corner : {&record.N1, &record.N2, &record.N3, &record.N4})
+        for (Int16 *corner : CornerFields(record))
             *corner = At(number, At(quad.node, k++));
         record.PanelNo = quad.owner;
         if (OwnerIsPlate(quad.owner))
