@@ -30,7 +30,10 @@ struct LoggingWindow : ViewWindow {
     int result = -1; // the chosen Option1
     void ShowFrame(int i, bool on) override { log += (on ? "show Frame " : "hide Frame ") + std::to_string(i) + "\n"; }
     void ShowViewPicture(int mode) override { log += "picture " + std::to_string(mode) + "\n"; }
-    void EnablePlateTool(int i, bool on) override { log += (on ? "enable " : "disable ") + std::to_string(i) + "\n"; }
+    void EnablePlanTools(bool on) override {
+        for (const char *tool : {"0", "1", "5", "6", "7"}) // as the main window numbers them
+            log += std::string(on ? "enable " : "disable ") + tool + "\n";
+    }
     bool ResultChosen(int i) override { return i == result; }
     void TellOlderResults() override { log += "older results\n"; }
 };

@@ -15,12 +15,6 @@ namespace havuz {
 
 static constexpr int kDrawingLine = 10; // CommandState: the picture stands still
 
-// The tools that work in plan only.
-static void EnablePlanTools(ViewWindow &window, bool enabled) {
-    for (const int index : {0, 1, 5, 6, 7})
-        window.EnablePlateTool(index, enabled);
-}
-
 static void FillPlate(Surface &scr, int plate, int fill) {
     const PlakRecord &record = PlakTable[plate];
     for (int k = 1; k <= record.NoktaSayisi; ++k)
@@ -54,7 +48,7 @@ static void DrawEdgeMarker(Surface &scr) {
 
 // All plates are light green here, whatever is selected: wanted.
 static void DrawRotated(Surface &scr, ViewWindow &window) {
-    EnablePlanTools(window, false);
+    window.EnablePlanTools(false);
     scr.pen.mode = DrawMode::Merge;
     for (int i = 1; i <= PanelCount + PlakCount; ++i) {
         const int item = DepthOrder[i];
@@ -71,7 +65,7 @@ static void DrawRotated(Surface &scr, ViewWindow &window) {
 
 // Plates first and panels over them, in the order of their numbers.
 static void DrawPlan(Surface &scr, ViewWindow &window) {
-    EnablePlanTools(window, true);
+    window.EnablePlanTools(true);
     for (int i = 1; i <= PlakCount; ++i)
         FillPlate(scr, i, SelectedPanel == PlateOwner(i) ? kQbGrey : kQbLightBlue);
     for (int i = 1; i <= PanelCount; ++i)

@@ -16,11 +16,11 @@ public:
     virtual ~ViewWindow() = default;
 
     // main window
-    virtual void ShowFrame(int /*index*/, bool /*visible*/) {}       // Frame
-    virtual void ShowViewPicture(int /*gorunusModu*/) {}             // picture of Command (5)
-    virtual void EnablePlateTool(int /*index*/, bool /*enabled*/) {} // Check2
-    virtual bool ResultChosen(int /*index*/) { return false; }       // Option1
-    virtual void TellOlderResults() {}                               // the chosen result is not of this model
+    virtual void ShowFrame(int /*index*/, bool /*visible*/) {} // Frame
+    virtual void ShowViewPicture(int /*gorunusModu*/) {}       // picture of Command (5)
+    virtual void EnablePlanTools(bool /*enabled*/) {}          // those that work in plan only
+    virtual bool ResultChosen(int /*index*/) { return false; } // Option1
+    virtual void TellOlderResults() {}                         // the chosen result is not of this model
     virtual void ShowPol(int /*index*/, double /*x1*/, double /*y1*/, double /*x2*/, double /*y2*/) {
     } // rubber line pol
 

@@ -21,6 +21,7 @@ struct ToolRow {
     int arms;                      // CommandState, or kUnchanged
     const char *prompt;            // "" for none
     void (*run)(Workbench &bench); // what it does besides
+    bool planOnly = false;         // the rotated plate view disables it
 };
 
 std::span<const ToolRow> Tools();

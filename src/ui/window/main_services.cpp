@@ -95,7 +95,11 @@ void MainWindow::ShowViewPicture(int gorunusModu) { window.SetPicture(kPlateMesh
 // Views
 
 void MainWindow::ShowFrame(int index, bool visible) { window.Show(Frame(index), visible); }
-void MainWindow::EnablePlateTool(int index, bool enabled) { window.Enable(Check2(index), enabled); }
+void MainWindow::EnablePlanTools(bool enabled) {
+    for (const ToolRow &tool : Tools())
+        if (tool.planOnly)
+            window.Enable(tool.button, enabled);
+}
 bool MainWindow::ResultChosen(int index) { return window.Checked(Option1(index)); }
 
 void MainWindow::ShowPol(int index, double x1, double y1, double x2, double y2) {

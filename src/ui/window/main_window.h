@@ -69,7 +69,7 @@ public:
     void ShowViewPicture(int gorunusModu) override;
     void TellTitle(const std::optional<std::string> &asRead) override;
     void ShowFrame(int index, bool visible) override;
-    void EnablePlateTool(int index, bool enabled) override;
+    void EnablePlanTools(bool enabled) override;
     bool ResultChosen(int index) override;
     void TellOlderResults() override;
     void ShowPol(int index, double x1, double y1, double x2, double y2) override;
