@@ -18,8 +18,8 @@ namespace {
 // From the side of the mesh view for its own commands, else of the plate view.
 struct Plan {
     double scale, offsetX, offsetY;
-    ScreenPoint pixels(ModelPoint m) const { return {offsetX + scale * m.x, offsetY + scale * m.y}; }
-    ModelPoint model(ScreenPoint p) const { return {(p.x - offsetX) / scale, (p.y - offsetY) / scale}; }
+    ScreenPoint pixels(PlanPoint m) const { return {offsetX + scale * m.x, offsetY + scale * m.y}; }
+    PlanPoint model(ScreenPoint p) const { return {(p.x - offsetX) / scale, (p.y - offsetY) / scale}; }
 };
 
 Plan PlanNow() {
@@ -42,7 +42,7 @@ std::optional<double> Number(std::string text) {
     return number && std::isfinite(*number) ? number : std::nullopt;
 }
 
-std::optional<ModelPoint> Parse(std::string text, ModelPoint last) {
+std::optional<PlanPoint> Parse(std::string text, PlanPoint last) {
     const bool relative = !text.empty() && text[0] == '@';
     if (relative)
         text.erase(0, 1);
@@ -53,8 +53,8 @@ std::optional<ModelPoint> Parse(std::string text, ModelPoint last) {
     if (!a || !b)
         return {};
     if (between == polar)
-        return ModelPoint{last.x + *a * std::cos(*b * kPi / 180.0), last.y + *a * std::sin(*b * kPi / 180.0)};
-    return relative ? ModelPoint{last.x + *a, last.y + *b} : ModelPoint{*a, *b};
+        return PlanPoint{last.x + *a * std::cos(*b * kPi / 180.0), last.y + *a * std::sin(*b * kPi / 180.0)};
+    return relative ? PlanPoint{last.x + *a, last.y + *b} : PlanPoint{*a, *b};
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // What presses, moves and releases do in each armed command. Only the table of pointer.cpp calls them.
 #pragma once
 
+#include "model/points.h"
 #include "ui/commands/pointer.h"
 #include "view/projection.h"
 
@@ -51,19 +52,16 @@ void HideLine(Workbench &bench);
 void EndPolygon(Workbench &bench);
 void FillPolygonSoFar(Workbench &bench); // the polygon being drawn; nothing in other commands
 
-// Model point of a pixel in the plate view, and back.
-struct ModelPoint {
-    double x = 0.0, y = 0.0; // m
-};
-ModelPoint ToModel(ScreenPoint p);
-ScreenPoint ToScreen(ModelPoint m);
+// The place in plan of a pixel in the plate view, and back.
+PlanPoint ToModel(ScreenPoint p);
+ScreenPoint ToScreen(PlanPoint m);
 
 // The first panel corner within 0.1 m of the point in both axes, in panel order; without one the point itself.
 void SnapToPanelCorner(double &mx, double &my);
-std::optional<ModelPoint> PanelCornerNear(ModelPoint m);
+std::optional<PlanPoint> PanelCornerNear(PlanPoint m);
 
 // The note at the place that a press takes or a typed point took, with its coordinates to the millimetre; none hides
 // it.
-void ShowSnapNote(Workbench &bench, std::optional<ModelPoint> at);
+void ShowSnapNote(Workbench &bench, std::optional<PlanPoint> at);
 
 } // namespace havuz

@@ -38,8 +38,8 @@ static void MoveEnd(Workbench &bench, int number, ScreenPoint to) {
 }
 
 // Each panel in turn can take the point to one of its upper corners, a later one from where an earlier one took it.
-static std::optional<ModelPoint> UpperCornerNear(ModelPoint p) {
-    std::optional<ModelPoint> taken;
+static std::optional<PlanPoint> UpperCornerNear(PlanPoint p) {
+    std::optional<PlanPoint> taken;
     for (int i = 1; SnapsToCorners == 1 && i <= PanelCount; ++i)
         for (const int k : {1, 2})
             if (Distance2(p.x - PanelTable[i].X[k], p.y - PanelTable[i].Y[k]) < kNear)
@@ -48,14 +48,14 @@ static std::optional<ModelPoint> UpperCornerNear(ModelPoint p) {
 }
 
 // Where a press would be taken. The first end of a vertical plate stays where it is.
-static std::optional<ModelPoint> TakenPlace(ModelPoint m) {
+static std::optional<PlanPoint> TakenPlace(PlanPoint m) {
     if (CommandState != kVerticalPlate)
         return PanelCornerNear(m);
     return PickStage > 0 ? UpperCornerNear(m) : std::nullopt;
 }
 
 void MoveLine(Workbench &bench, Pointer at) {
-    const ModelPoint m = ToModel({at.x, at.y});
+    const PlanPoint m = ToModel({at.x, at.y});
     bench.ShowLabel("X=" + PictureText(m.x, kDrawPicture) + "  Y=" + PictureText(m.y, kDrawPicture), at.x, at.y + 25.0);
     ShowSnapNote(bench, TakenPlace(m));
     if (PickStage <= 0)
@@ -78,14 +78,14 @@ static double AsWritten(double v) { return ParseNumber(PictureText(v, kDrawPictu
 static double PaletteNumber(Workbench &bench, int index) { return ParseNumber(bench.window.Text(Tool1Text(index))); }
 
 // The record keeps what it held in the fields not named here, Tip among them: wanted.
-static void AddVerticalPlate(Workbench &bench, ModelPoint p1, ModelPoint p2) {
+static void AddVerticalPlate(Workbench &bench, PlanPoint p1, PlanPoint p2) {
     PanelRecord &panel = PanelTable[PanelCount + 1];
     ++PanelCount;
     panel.No = PanelCount;
     panel.D = PaletteNumber(bench, 0);
     const double upper = PaletteNumber(bench, 1), lower = PaletteNumber(bench, 2);
     for (int k = 1; k <= 4; ++k) {
-        const ModelPoint p = k == 1 || k == 4 ? p1 : p2;
+        const PlanPoint p = k == 1 || k == 4 ? p1 : p2;
         panel.X[k] = AsWritten(p.x);
         panel.Y[k] = AsWritten(p.y);
         panel.Z[k] = k <= 2 ? upper : lower;
@@ -99,7 +99,7 @@ static void AddVerticalPlate(Workbench &bench, ModelPoint p1, ModelPoint p2) {
 
 void PressNextEnd(Workbench &bench, Pointer at) {
     MoveStart(bench, 1, {at.x, at.y});
-    const ModelPoint pointed = ToModel({at.x, at.y});
+    const PlanPoint pointed = ToModel({at.x, at.y});
     AddVerticalPlate(bench, ToModel({AnchorX, AnchorY}), UpperCornerNear(pointed).value_or(pointed));
     bench.DrawPlateView();
     Anchor({at.x, at.y});
@@ -112,20 +112,20 @@ void HideLine(Workbench &bench) {
 
 // Polygons
 
-static void AddPolyPoint(ModelPoint m) {
+static void AddPolyPoint(PlanPoint m) {
     PolyX[PolyCount + 1] = m.x;
     PolyY[PolyCount + 1] = m.y;
     ++PolyCount;
 }
 
-static ModelPoint Snapped(Pointer at) {
-    ModelPoint m = ToModel({at.x, at.y});
+static PlanPoint Snapped(Pointer at) {
+    PlanPoint m = ToModel({at.x, at.y});
     SnapToPanelCorner(m.x, m.y);
     return m;
 }
 
 void PressFirstPoint(Workbench &bench, Pointer at) {
-    const ModelPoint m = Snapped(at);
+    const PlanPoint m = Snapped(at);
     PolyCount = 0;
     AddPolyPoint(m);
     PickStage = 1;
@@ -145,7 +145,7 @@ void FillPolygonSoFar(Workbench &bench) {
 
 void PressNextPoint(Workbench &bench, Pointer at) {
     const double scale = PlateScale;
-    const ModelPoint m = Snapped(at);
+    const PlanPoint m = Snapped(at);
     bench.DrawPlateView();
     const ScreenPoint p = ToScreen(m);
     AddPolyPoint(m);
@@ -168,13 +168,13 @@ void EndPolygon(Workbench &bench) {
 
 // Cuts
 
-static void PutCutPoint(int k, ModelPoint m) {
+static void PutCutPoint(int k, PlanPoint m) {
     CutLineX[k] = m.x;
     CutLineY[k] = m.y;
 }
 
 void PressCutStart(Workbench &bench, Pointer at) {
-    const ModelPoint m = Snapped(at);
+    const PlanPoint m = Snapped(at);
     PutCutPoint(1, m);
     PickStage = 1;
     const ScreenPoint p = ToScreen(m);

@@ -16,30 +16,30 @@ static constexpr const char *kNotePicture = "###0.##", *kSnapPicture = "##0.###"
 static constexpr double kSnap = 0.1;     // m
 static constexpr double kAtMarker = 5.0; // pixels
 
-ModelPoint ToModel(ScreenPoint p) {
+PlanPoint ToModel(ScreenPoint p) {
     return {Divide(p.x - PlateOffsetX, PlateScale, Thing::PlateView),
             Divide(p.y - PlateOffsetY, PlateScale, Thing::PlateView)};
 }
 
-ScreenPoint ToScreen(ModelPoint m) { return {PlateOffsetX + PlateScale * m.x, PlateOffsetY + PlateScale * m.y}; }
+ScreenPoint ToScreen(PlanPoint m) { return {PlateOffsetX + PlateScale * m.x, PlateOffsetY + PlateScale * m.y}; }
 
-std::optional<ModelPoint> PanelCornerNear(ModelPoint m) {
+std::optional<PlanPoint> PanelCornerNear(PlanPoint m) {
     for (int i = 1; SnapsToCorners == 1 && i <= PanelCount; ++i)
         for (int k = 1; k <= 4; ++k) {
             const double X = PanelTable[i].X[k], Y = PanelTable[i].Y[k];
             if (std::fabs(m.x - X) < kSnap && std::fabs(m.y - Y) < kSnap)
-                return ModelPoint{X, Y};
+                return PlanPoint{X, Y};
         }
     return {};
 }
 
 void SnapToPanelCorner(double &mx, double &my) {
-    const ModelPoint taken = PanelCornerNear({mx, my}).value_or(ModelPoint{mx, my});
+    const PlanPoint taken = PanelCornerNear({mx, my}).value_or(PlanPoint{mx, my});
     mx = taken.x;
     my = taken.y;
 }
 
-void ShowSnapNote(Workbench &bench, std::optional<ModelPoint> at) {
+void ShowSnapNote(Workbench &bench, std::optional<PlanPoint> at) {
     if (at) {
         const ScreenPoint p = ToScreen(*at);
         bench.window.SetText(kSnapNote,
@@ -81,7 +81,7 @@ void PressTakePanel(Workbench &bench, Pointer at) {
         return;
     PickStage = 1;
     bench.DrawPlateView();
-    const ModelPoint m = ToModel({at.x, at.y});
+    const PlanPoint m = ToModel({at.x, at.y});
     bench.ShowLabel("X=" + PictureText(m.x, kNotePicture) + "Y=" + PictureText(m.y + PlateOffsetY, kNotePicture),
                     at.x + 10.0, at.y + 20.0);
 }
@@ -96,7 +96,7 @@ void PressFirstCorner(Workbench &bench, Pointer at) {
         return;
     PanelRecord &target = TargetPanel();
     PickStage = 2;
-    ModelPoint m = ToModel({at.x, at.y});
+    PlanPoint m = ToModel({at.x, at.y});
     SnapToPanelCorner(m.x, m.y);
     target.X[1] = m.x;
     target.Y[1] = m.y;
@@ -110,7 +110,7 @@ static void PutCorners(PanelRecord &target, double mx1, double my1, double mx2, 
     SnapToPanelCorner(mx2, my2);
     SnapToPanelCorner(mx2, my1);
     SnapToPanelCorner(mx1, my2);
-    const ModelPoint corners[] = {{mx1, my1}, {mx2, my1}, {mx2, my2}, {mx1, my2}};
+    const PlanPoint corners[] = {{mx1, my1}, {mx2, my1}, {mx2, my2}, {mx1, my2}};
     for (int k = 1; k <= 4; ++k) {
         target.X[k] = corners[k - 1].x;
         target.Y[k] = corners[k - 1].y;
@@ -120,7 +120,7 @@ static void PutCorners(PanelRecord &target, double mx1, double my1, double mx2, 
 void PressSecondCorner(Workbench &bench, Pointer at) {
     if (SelectedPanel <= 0)
         return;
-    const ModelPoint m = ToModel({at.x, at.y});
+    const PlanPoint m = ToModel({at.x, at.y});
     PanelRecord &target = TargetPanel();
     const double mx1 = target.X[1], my1 = target.Y[1];
     if (CommandState == kPanelCopy) {
@@ -139,7 +139,7 @@ void PressSecondCorner(Workbench &bench, Pointer at) {
 void MoveBand(Workbench &bench, Pointer at) {
     const LineEnds first = bench.window.Line(RubberLine(1));
     PlaceBand(bench, {first.x1, first.y1}, {at.x, at.y});
-    const ModelPoint m = ToModel({at.x, at.y});
+    const PlanPoint m = ToModel({at.x, at.y});
     bench.ShowLabel("X=" + PictureText(m.x, kNotePicture) + " Y=" + PictureText(m.y, kNotePicture), at.x + 10.0,
                     at.y + 20.0);
     ShowSnapNote(bench, PanelCornerNear(m));
