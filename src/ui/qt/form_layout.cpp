@@ -54,7 +54,8 @@ void AddToGrid(QGridLayout &grid, const PlacedField &placed) {
     }
 }
 
-// Elements of one name and row stand in a line of their own, so that they do not widen the columns of the rest.
+// Elements of one name and row stand in a line of their own, so that they do not widen the columns of the rest. What
+// stands in their row behind them joins the line.
 bool StandsInALine(const PlacedField &placed, const std::vector<PlacedField> &fields) {
     return placed.made.beside == nullptr && std::any_of(fields.begin(), fields.end(), [&](const PlacedField &other) {
                return other.field.name == placed.field.name && other.field.row == placed.field.row &&
@@ -86,7 +87,8 @@ void LayOutDialog(FormKind kind, QWidget &window, const std::vector<PlacedField>
         KeepItsRoom(placed);
         if (placed.field.kind == FieldKind::TextBox)
             placed.made.widget->setFixedWidth(placed.field.look == FieldLook::Name ? kTitleWidth : kBoxWidth);
-        if (!StandsInALine(placed, fields)) {
+        const bool joins = placed.made.beside == nullptr && lines.contains(placed.field.row);
+        if (!joins && !StandsInALine(placed, fields)) {
             AddToGrid(*grid, placed);
             continue;
         }
