@@ -40,8 +40,13 @@ public:
             {.kind = FieldKind::Frame, .name = "Frame", .index = 0, .label = "ANALIZ OPSIYONLARI", .row = 0}};
         int i = 0;
         for (const char *label : {"zemin ve sıvı", "sıvı", "zemin", "yeraltı suyu"}) {
-            fields.push_back(
-                {.kind = FieldKind::CheckBox, .name = "Yuk", .index = i, .label = label, .row = 1, .column = i});
+            fields.push_back({.kind = FieldKind::CheckBox,
+                              .name = "Yuk",
+                              .index = i,
+                              .label = label,
+                              .row = 1,
+                              .column = i,
+                              .picture = {84, 63}});
             ++i;
         }
         fields.push_back({.kind = FieldKind::Frame, .name = "Frame", .index = 1, .label = "BETONARME HESAP", .row = 2});
@@ -60,7 +65,8 @@ public:
                               .index = button,
                               .label = std::to_string(Diameter(button)),
                               .row = 5,
-                              .column = button});
+                              .column = button,
+                              .picture = {18, 18}});
         fields.push_back(
             {.kind = FieldKind::Label, .name = "Birim", .label = "mm", .row = 5, .column = kDiameters + 1});
         fields.push_back(OkButton(6));

@@ -38,7 +38,8 @@ std::vector<Field> PagedTable::fields() const {
                               .column = c + 1});
     }
     // A label, so that a click on it leaves the focus on the cell.
-    fields.push_back({.kind = FieldKind::Label, .name = "Isaret", .shown = false, .look = FieldLook::Marker});
+    fields.push_back(
+        {.kind = FieldKind::Label, .name = "Isaret", .shown = false, .look = FieldLook::Marker, .picture = {16, 16}});
     fields.push_back({.kind = FieldKind::ScrollBar, .name = "Kaydir", .row = 1, .column = columnCount() + 1});
     fields.push_back(OkButton(kTableRows + 1));
     return fields;

@@ -47,7 +47,11 @@ public:
                               .label = kRows[row].label,
                               .row = row,
                               .look = row == 0 ? FieldLook::Name : FieldLook::Usual});
-        fields.push_back({.kind = FieldKind::Frame, .name = "Frame", .label = "ZEMİN YATAY YÜKÜ", .row = kLastRow + 1});
+        fields.push_back({.kind = FieldKind::Frame,
+                          .name = "Frame",
+                          .label = "ZEMİN YATAY YÜKÜ",
+                          .row = kLastRow + 1,
+                          .picture = {150, 112}});
         fields.push_back(OkButton(kLastRow + 2));
         return fields;
     }

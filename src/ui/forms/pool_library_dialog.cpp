@@ -178,7 +178,8 @@ std::vector<Field> PoolLibraryDialog::fields() const {
                           .row = 0,
                           .column = i,
                           .checked = i == 0,
-                          .look = FieldLook::Tab});
+                          .look = FieldLook::Tab,
+                          .picture = {84, 63}});
     int row = 1;
     for (const PageBox &box : kPageBoxes)
         fields.push_back({.kind = FieldKind::TextBox,
@@ -194,7 +195,8 @@ std::vector<Field> PoolLibraryDialog::fields() const {
                           .label = i == 0 ? "dikdörtgen hücre" : "dairesel hücre",
                           .row = row,
                           .column = i,
-                          .group = 1});
+                          .group = 1,
+                          .picture = {56, 42}});
     fields.push_back(
         {.kind = FieldKind::Frame, .name = "Frame", .label = "YUK KOMBİNASYONU", .row = ++row, .group = 1});
     ++row;

@@ -89,10 +89,10 @@ ElementWidget MakeLabel(const Field &field, Element element, QWidget *form, Pers
     auto *label = new ReportingLabel(element, form, input);
     const bool tinted = field.look == FieldLook::MenuRow;
     label->setMouseTracking(tinted);
-    const QString picture = PictureName(element, 0);
+    const QString picture = PictureName(field, element, 0);
     const bool painted = !picture.isEmpty();
     if (painted)
-        label->setPixmap(PictureOf(picture, PictureSize(element), label->devicePixelRatioF(),
+        label->setPixmap(PictureOf(picture, PictureSize(field), label->devicePixelRatioF(),
                                    LegibleOn(label->palette().color(QPalette::Window))));
     return {label, nullptr, [label, painted, tinted](const State &state) {
                 if (!painted)
@@ -119,13 +119,18 @@ ElementWidget MakeTextBox(const Field &field, Element element, QWidget *form, Pe
             }};
 }
 
-void ShowButton(Button &button, Element element, const State &state) {
-    const QString picture = PictureName(element, state.picture);
+// Those of the main window say in their tooltips what they do.
+bool SpeaksByTooltip(const Field &field) {
+    return field.look == FieldLook::Tool || field.look == FieldLook::Corner || field.look == FieldLook::Overview;
+}
+
+void ShowButton(Button &button, const Field &field, Element element, const State &state) {
+    const QString picture = PictureName(field, element, state.picture);
     button.put(bag::kPicture, picture);
-    button.put(bag::kSize, PictureSize(element));
+    button.put(bag::kSize, PictureSize(field));
     button.put(bag::kValue, state.checked);
     button.put(bag::kBack, state.colour == kButtonColour ? QVariant() : ToneOf(state.colour, button.palette()));
-    if (element.form == kMain && !picture.isEmpty())
+    if (SpeaksByTooltip(field) && !picture.isEmpty())
         button.setToolTip(Words(state));
     else if (!button.get(bag::kBare).toBool())
         button.put(bag::kCaption, Words(state));
@@ -133,9 +138,10 @@ void ShowButton(Button &button, Element element, const State &state) {
         button.setToolTip(ToQt(state.label));
 }
 
-ElementWidget Reporting(Button *button, Element element, PersonInput &input) {
+ElementWidget Reporting(Button *button, const Field &field, Element element, PersonInput &input) {
     QObject::connect(button, &QAbstractButton::clicked, button, [element, &input] { input.clicked(element); });
-    return {button, nullptr, [button, element](const State &state) { ShowButton(*button, element, state); }};
+    return {button, nullptr,
+            [button, field, element](const State &state) { ShowButton(*button, field, element, state); }};
 }
 
 ElementWidget MakeCombo(QWidget *form, QLabel *beside, Element element, PersonInput &input) {
@@ -236,14 +242,14 @@ ElementWidget MakeScrollBar(Element element, QWidget *form, PersonInput &input) 
 
 // The main window's frames are panels of buttons, those of dialogs are headings.
 ElementWidget MakeFrame(const Field &field, Element element, QWidget *form) {
-    if (element.form == kMain)
+    if (field.look == FieldLook::ToolPanel)
         return {new ButFrm(form), nullptr, [](const State &) {}};
     auto *banner = new VEKbanner(form);
     banner->put(bag::kCaption, ToQt(field.label));
-    const QString picture = PictureName(element, 0);
+    const QString picture = PictureName(field, element, 0);
     if (!picture.isEmpty()) {
         banner->put(bag::kPicture, picture);
-        banner->put(bag::kSize, PictureSize(element));
+        banner->put(bag::kSize, PictureSize(field));
     }
     return {banner, nullptr, [](const State &) {}};
 }
@@ -257,14 +263,14 @@ ElementWidget MakeWidget(const Field &field, Element element, QWidget *form, Per
     case FieldKind::TextBox:
         return MakeTextBox(field, element, form, input);
     case FieldKind::Button:
-        return Reporting(new Button(form), element, input);
+        return Reporting(new Button(form), field, element, input);
     case FieldKind::Toggle:
-        return Reporting(new Schk(Schk::Look::Toggle, form), element, input);
+        return Reporting(new Schk(Schk::Look::Toggle, form), field, element, input);
     case FieldKind::CheckBox:
-        return Reporting(new Schk(Schk::Look::Box, form), element, input);
+        return Reporting(new Schk(Schk::Look::Box, form), field, element, input);
     case FieldKind::Option:
         return Reporting(new Soption(field.look == FieldLook::Tab ? Soption::Look::Tab : Soption::Look::Radio, form),
-                         element, input);
+                         field, element, input);
     case FieldKind::List:
         return MakeList(field, element, form, input);
     case FieldKind::ScrollBar:

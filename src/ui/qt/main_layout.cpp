@@ -35,7 +35,7 @@ Parts Sort(const std::vector<PlacedField> &fields) {
             parts.prompt = placed.made.widget;
         else if (placed.field.look == FieldLook::Entry)
             parts.entry = {placed.made.beside, placed.made.widget};
-        else if (placed.field.look == FieldLook::Corner)
+        else if (placed.field.look == FieldLook::Corner || placed.field.look == FieldLook::Remembered)
             parts.corner.push_back(placed.made.widget);
     }
     return parts;

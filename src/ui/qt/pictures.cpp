@@ -5,9 +5,9 @@
 
 namespace havuz {
 
-QString PictureName(Element element, int picture) {
-    if (element.form.rfind("Tool", 0) == 0)
-        return {}; // palettes have none, though their elements are named as tools are
+QString PictureName(const Field &field, Element element, int picture) {
+    if (field.picture.width == 0)
+        return {};
     const QString form = ToQt(element.form).toLower(), name = ToQt(element.name).toLower();
     const QString index = QString::number(element.index), number = QString::number(picture);
     for (const QString &file : {form + '-' + name, name + '-' + index + '-' + number, name + '-' + index,
@@ -17,18 +17,6 @@ QString PictureName(Element element, int picture) {
     return {};
 }
 
-QSize PictureSize(Element element) {
-    struct Sized {
-        std::string_view name;
-        QSize size;
-    };
-    static const Sized sizes[] = {{"Sayfa", {84, 63}},   {"HucreTip", {56, 42}}, {"Yuk", {84, 63}},
-                                  {"Frame", {150, 112}}, {"Cap", {18, 18}},      {"TopBar", {22, 22}},
-                                  {"Isaret", {16, 16}}};
-    for (const Sized &row : sizes)
-        if (row.name == element.name)
-            return row.size;
-    return {28, 28};
-}
+QSize PictureSize(const Field &field) { return {field.picture.width, field.picture.height}; }
 
 } // namespace havuz

@@ -1,7 +1,8 @@
-// Which picture stands on an element: files are named after elements, so that no table of them is needed.
+// Which picture stands on an element: files are named after elements, so that no table of them is needed; the field of
+// the form says whether one stands there, and its size.
 #pragma once
 
-#include "ui/window/element.h"
+#include "ui/window/window.h"
 
 #include <QSize>
 #include <QString>
@@ -9,9 +10,10 @@
 namespace havuz {
 
 // The first of form-name, name-index-picture, name-index, name-p-picture, name, in small letters, that is a file of
-// src/ui/qt/icons; "" when none is. picture: the number that the logic gave the element.
-QString PictureName(Element element, int picture);
+// src/ui/qt/icons; "" when none is, and for a field without a picture. picture: the number that the logic gave the
+// element.
+QString PictureName(const Field &field, Element element, int picture);
 
-QSize PictureSize(Element element); // device-independent pixels
+QSize PictureSize(const Field &field);
 
 } // namespace havuz

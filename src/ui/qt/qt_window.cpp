@@ -104,7 +104,7 @@ void QtWindow::MakeForm(const FormFields &form) {
         fields.push_back({field, element, MakeWidget(field, element, window, *this)});
         made_[element] = fields.back();
         if (field.kind == FieldKind::Picture)
-            view = element == kVekProgBar ? view : makeView(element, window);
+            view = field.look == FieldLook::Progress ? view : makeView(element, window);
     }
     if (form.kind == FormKind::Main) {
         makeMainExtras(*window);
@@ -170,12 +170,14 @@ void QtWindow::show(Element element) {
     shown.widget->setVisible(now.shown);
     if (shown.beside != nullptr)
         shown.beside->setVisible(now.shown);
-    if (busy_ && (element == kLabel1 || element == kProgLab))
+    if (busy_ && now.look == FieldLook::Floating)
         shown.widget->repaint(); // also in a job that lets no events through
 }
 
 void QtWindow::showLines(std::string_view form) {
-    const auto view = views_.find({form, "SCR", 0});
+    const auto view = std::find_if(views_.begin(), views_.end(), [&](const auto &made) {
+        return made.first.form == form && state(made.first).look != FieldLook::Progress;
+    });
     if (view == views_.end())
         return;
     std::vector<ElementState> lines;
@@ -259,7 +261,7 @@ void QtWindow::ShowForm(std::string_view form, Place place, Modality modality, b
     if (found == forms_.end())
         return;
     VekForm &window = *found->second;
-    if (form == kMain)
+    if (&window == main_.get())
         return ShowMain(window);
     window.setWindowModality(modality == Modality::Modal ? Qt::ApplicationModal : Qt::NonModal);
     placeForm(window, place);

@@ -102,7 +102,7 @@ void QtWindow::takePointer(Element picture, SurfaceView &view) {
         handle([&] { TurnWheel(picture, steps, x, y); });
     };
     view.pointer.panned = [this, picture](double dx, double dy) { handle([&] { PanBy(picture, dx, dy); }); };
-    if (picture == kScr)
+    if (state(picture).look == FieldLook::Surface)
         view.pointer.resized = [this] { fit_.start(); };
 }
 
@@ -308,7 +308,8 @@ bool QtWindow::eventFilter(QObject *object, QEvent *event) {
         const auto &key = static_cast<QKeyEvent &>(*event);
         const Element element = elementOf(at);
         const Element tool = ShortcutOf(key);
-        const bool own = (tool == kUndoButton || tool == kRedoButton) && !element.name.empty() &&
+        const bool takesBack = key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
+        const bool own = takesBack && !element.name.empty() &&
                          state(element).kind == FieldKind::TextBox; // a box takes back what was typed into it
         if (!tool.name.empty() && !own && formReachable(kMain)) {
             handle([&] { ClickTool(tool); });
@@ -320,7 +321,7 @@ bool QtWindow::eventFilter(QObject *object, QEvent *event) {
             typed(element, FromQt(line->text()));
             return true;
         }
-        if (element == kScr && startsPoint(key.text())) {
+        if (!element.name.empty() && state(element).look == FieldLook::Surface && startsPoint(key.text())) {
             auto *entry = qobject_cast<QLineEdit *>(widget(kPointEntry));
             handle([&] { GoTo(kPointEntry); });
             entry->setText(key.text());
@@ -339,7 +340,7 @@ bool QtWindow::eventFilter(QObject *object, QEvent *event) {
             reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason)
             focusTaken(elementOf(at));
     if (event->type() == QEvent::HoverEnter)
-        if (const Element element = elementOf(at); element.form == kMain)
+        if (const Element element = elementOf(at); at->window() == main_.get() && !element.name.empty())
             hovered(element);
     return false;
 }

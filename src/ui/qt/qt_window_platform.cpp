@@ -117,7 +117,7 @@ void QtWindow::OpenHelp(const std::string &path) {
 
 void QtWindow::SetChecked(Element element, bool checked) {
     WindowState::SetChecked(element, checked);
-    if (element == kSoundSwitch)
+    if (state(element).look == FieldLook::Remembered)
         RememberSound(checked);
 }
 

@@ -225,12 +225,17 @@ static void AddTools(FormFields &form) {
                                .index = tool.button.index,
                                .label = tool.tooltip,
                                .group = ToolFrame(tool),
-                               .look = FieldLook::Tool});
+                               .look = FieldLook::Tool,
+                               .picture = {28, 28}});
 }
 
 static void AddFrames(FormFields &form) {
     for (int i = 0; i <= 6; ++i)
-        form.fields.push_back({.kind = FieldKind::Frame, .name = "Frame", .index = i, .shown = i != 1 && i != 3});
+        form.fields.push_back({.kind = FieldKind::Frame,
+                               .name = "Frame",
+                               .index = i,
+                               .shown = i != 1 && i != 3,
+                               .look = FieldLook::ToolPanel});
     for (int i = 0; i < kResultOptions; ++i)
         form.fields.push_back({.kind = FieldKind::Option,
                                .name = "Option1",
@@ -244,20 +249,25 @@ static void AddFrames(FormFields &form) {
 FormFields MainFields() {
     FormFields form{std::string(kMain), "HAVUZ", {}, FormKind::Main};
     form.fields = {
-        {.kind = FieldKind::Picture, .name = "SCR"},
-        {.kind = FieldKind::Button, .name = "SCR1", .label = "dinamik zoom", .look = FieldLook::Overview},
+        {.kind = FieldKind::Picture, .name = "SCR", .look = FieldLook::Surface},
+        {.kind = FieldKind::Button,
+         .name = "SCR1",
+         .label = "dinamik zoom",
+         .look = FieldLook::Overview,
+         .picture = {28, 28}},
         {.kind = FieldKind::Label, .name = "VekTopBar", .look = FieldLook::TopBar},
         {.kind = FieldKind::Label, .name = "ALTNOT", .look = FieldLook::Prompt},
         {.kind = FieldKind::TextBox, .name = "NOKTA", .label = "nokta X;Y", .shown = false, .look = FieldLook::Entry},
         {.kind = FieldKind::Label, .name = "Label1", .shown = false, .look = FieldLook::Floating},
         {.kind = FieldKind::Label, .name = "KOSE", .shown = false, .look = FieldLook::Floating},
         {.kind = FieldKind::Label, .name = "ProgLab", .shown = false, .look = FieldLook::Floating},
-        {.kind = FieldKind::Picture, .name = "VekProgBar", .shown = false}};
-    AddMany(form, {.kind = FieldKind::Button, .name = "TopBar", .look = FieldLook::Corner}, kUndoButton.index);
+        {.kind = FieldKind::Picture, .name = "VekProgBar", .shown = false, .look = FieldLook::Progress}};
+    AddMany(form, {.kind = FieldKind::Button, .name = "TopBar", .look = FieldLook::Corner, .picture = {22, 22}},
+            kUndoButton.index);
     form.fields.push_back({.kind = FieldKind::CheckBox,
                            .name = std::string(kSoundSwitch.name),
                            .label = "Tutarlı",
-                           .look = FieldLook::Corner});
+                           .look = FieldLook::Remembered});
     AddTools(form);
     AddFrames(form);
     AddMany(form, {.kind = FieldKind::Line, .name = "pol", .shown = false}, kPolLast);

@@ -69,8 +69,12 @@ enum class FieldLook {
     Folders,   // the same, and only Enter or a click chooses
     Tab,       // an option that turns to a page
     Tool,      // a button in the frame of its group
+    ToolPanel, // that frame
+    Surface,   // the drawing surface
+    Progress,  // the bar of a long job
     TopBar,    // the main form's parts
     Corner,
+    Remembered, // a switch there, kept from one start to the next
     Overview,
     Prompt,
     Entry,    // beside the prompt
@@ -91,6 +95,9 @@ struct Field {
     bool checked = false;
     FieldLook look = FieldLook::Usual;
     int span = 1; // columns of a heading
+    struct Picture {
+        int width = 0, height = 0;
+    } picture = {}; // the size of the one that stands on it, device-independent pixels; 0 for none
 };
 
 // The buttons that most dialogs end with. Enter presses the first where the form leaves the key alone.
