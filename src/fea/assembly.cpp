@@ -1,6 +1,15 @@
-// Assembly by element equations: the term of freedoms p, q of a mesh goes to row min(e(p), e(q)) and column max of the
-// symmetric profile, e the equation of a freedom, 0 for a held one, which is left out. STIF001 holds the upper triangle
-// of each mesh row by row. Every sum is formed in double precision and cut to 32 bits when it is stored.
+// Assembly by element equations, the direct stiffness method (Turner, Clough, Martin and Topp 1956). Units: m, t.
+//
+// Each mesh has 24 freedoms, p = 6*(corner - 1) + slot, slots ux, uy, uz, rx, ry, rz; e(p) is the equation of a
+// freedom, 0 for a held one, which is left out. For p <= q
+//   S(row, column) += K(p, q)   row = min(e(p), e(q)), column = max(e(p), e(q)),
+// so that the symmetric matrix is stored once, in the profile (system.h). STIF001 holds the upper triangle of each mesh
+// row by row, 300 terms, and behind it the 24 terms of its surface load:
+//   Rhs(e(p), 1) += load(p),    column 1.
+// Behind the meshes come the springs on the diagonal, the point loads in column 1 and the pressures in the columns of
+// their load situations (loads.h). Rhs holds the negative of the load throughout.
+// Every sum is formed in double precision and cut to 32 bits when it is stored; meshes are added in the order of their
+// numbers, and that order is part of the results: a cell that five meshes share has been rounded five times.
 #include "fea/assembly.h"
 
 #include "fea/element_geometry.h"

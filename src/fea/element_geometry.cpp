@@ -1,7 +1,14 @@
 // Nodes, local axes and the even load of a mesh. Units: m, t.
 //
-// x axis: the mean ((P2 - P1) + (P3 - P4))/2, y axis: ((P4 - P1) + (P3 - P2))/2, each divided by its length, z axis
-// normal to both. An even load of f on an area A is A*f/4 at each corner.
+// The axes of a mesh with corners P1..P4, also of one that is no rectangle and no plane:
+//   vx = ((P2 - P1) + (P3 - P4)) / 2     the mean of the two sides along x
+//   vy = ((P4 - P1) + (P3 - P2)) / 2     the mean of the two sides along y
+//   x = vx / |vx|,  y = vy / |vy|,  z = (vx x vy) / |vx x vy|
+// y is not made square to x. On a rectangle the three are orthonormal and T, with them as rows in eight diagonal
+// blocks, is a rotation: u_local = T * u_global, K_global = T' * K_local * T. On any other mesh T' is not the inverse
+// of T and the product is used all the same: wanted, the results of distorted meshes follow from it.
+// An even load of f (t/m2) on an area A is A*f/4 at each corner, without moments: the lumped form, in equilibrium with
+// f though not the work-equivalent one of the plate's polynomial, whose corner moments it leaves out.
 #include "fea/element_geometry.h"
 
 #include "model/arithmetic.h"

@@ -1,3 +1,20 @@
+// Forward elimination, in blocks. The plain procedure, for pivots i = 1, 2, ... and rows j behind them with
+// S(i,j) not 0, is Gauss's on a symmetric matrix:
+//   f = S(i,j) / S(i,i)
+//   S(j,k) = S(j,k) - f * S(i,k)       k = j .. end of row i, S(i,k) not 0
+//   Rhs(j,c) = Rhs(j,c) - f * Rhs(i,c) all columns c
+// with f and the product in double precision and one rounding to 32 bits at each store.
+//
+// Here 32 pivot rows make a panel (solve_panel.h): they are reduced among themselves, then subtracted from each row
+// behind them in one pass over it, which costs one read and one write of the row instead of 32. Within a cell the
+// pivots come in rising order with a rounding each, so every bit is the plain procedure's; blocks, threads and
+// registers change only when a cell is touched. The layout follows Goto and van de Geijn (2008), "Anatomy of
+// high-performance matrix multiplication": a tile of rows and strips stays in registers while the pivots stream by.
+//
+// Two conditions make the fast form equal where it leaves out a test. A product of factor 0 or entry 0 is +-0, and
+// x - 0 = x for every x but -0: so zeros may be calculated as long as no cell holds -0, which is looked for once per
+// row and excluded for new cells by the size of the products (keepsZerosPositive). Where either fails, the kernels
+// that skip zeros take over for the rest of the run.
 #include "fea/elimination.h"
 
 #include "fea/system.h"
@@ -45,6 +62,8 @@ void FailOutOfRange(int equation) {
 Elimination::Elimination(const SolveKernels &kernels, int threads)
     : kernels_(kernels), team_(threads), panel_(kernels) {}
 
+// Panel by panel: reduce the panel, tell of each of its pivots, then subtract it from everything that it reaches. A row
+// out of range is told of when its own turn comes, as in the plain procedure, though the panel knows it before.
 void Elimination::run(const std::function<void(int)> &beforePivot) {
     for (int first = 1; first < EquationCount; first += kPanelRows) {
         panel_.take(first);
@@ -62,6 +81,8 @@ void Elimination::run(const std::function<void(int)> &beforePivot) {
     }
 }
 
+// The first 32 columns give the factors and go alone; the strips behind them and the right-hand sides are handed out,
+// three strips at a time, which is what the registers of the widest kernel take.
 void Elimination::reducePanel() {
     panel_.reduceOwnColumns();
     next_ = SolvePanel::ownStrips();
@@ -108,6 +129,8 @@ void Elimination::close(RowGroup &group) {
     group = {};
 }
 
+// Eight rows make a group, which is a tile high. What the classes leave over goes together across classes: such a group
+// takes all pivots that one of its rows takes, with factor 0 where another does not.
 void Elimination::groupRows() {
     groups_.clear();
     Classes classes;
@@ -133,6 +156,7 @@ void Elimination::groupRows() {
         close(rest);
 }
 
+// Groups share no cell that is written, so the threads need no lock: each takes the next group.
 void Elimination::reduceRows() {
     next_ = 0;
     const int count = static_cast<int>(groups_.size());
@@ -142,6 +166,8 @@ void Elimination::reduceRows() {
     });
 }
 
+// The factor of row j for pivot p is S(p,j) / S(p,p): what stands left of the diagonal of row j is, by symmetry, column
+// j of the panel. Division is by the diagonal itself, not a product with its reciprocal, whose bits would differ.
 void Elimination::reduceGroup(const RowGroup &group) {
     int pivots[kPanelRows];
     alignas(64) double factors[kPanelRows][kTileRows];
@@ -167,6 +193,8 @@ void Elimination::reduceGroup(const RowGroup &group) {
     reduceRightHandSides(group, job);
 }
 
+// Row j is stored from its diagonal to its end; a tile that reaches over either is worked on in a borrowed copy, of
+// which only the stored part goes back. Strips in which no pivot of the group has an entry are passed.
 void Elimination::reduceTiles(const RowGroup &group, TileJob &job) {
     const auto reduce = skipZeros_ ? kernels_.reduceSkipping : kernels_.reduce;
     const int leftmost = *std::min_element(group.row, group.row + group.count);
@@ -199,6 +227,8 @@ void Elimination::reduceTiles(const RowGroup &group, TileJob &job) {
     }
 }
 
+// Rhs lies by equations with all columns side by side, eight of them at a time. Zeros of factors are passed, those of
+// the panel's right-hand sides are not: so it stands in the plain procedure.
 void Elimination::reduceRightHandSides(const RowGroup &group, TileJob &job) {
     Borrowed borrowed = {};
     job.strips = 1;

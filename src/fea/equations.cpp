@@ -1,3 +1,18 @@
+// Equation numbers and the profile (also: skyline, envelope) of a symmetric matrix, after Jennings (1966), "A compact
+// storage scheme for the solution of symmetric linear simultaneous equations".
+//
+// Numbers: freedoms that an active mesh touches and nothing holds count up node by node, ux, uy, uz, rx, ry, rz within
+// a node; all others keep 0. So the order of the nodes (mesh/numbering.h) decides the profile.
+// Row lengths: two equations e, f of one mesh are coupled, and row e must reach them,
+//   length(e) = max over all coupled f of |e - f| + 1.
+// The distance to smaller f counts as well, though the row begins at its diagonal: wanted, the size shown follows.
+// Closing: elimination of row i-1 fills row i as far as row i-1 reaches,
+//   length(i) = max(length(i), length(i-1) - 1),
+// so that all fill-in lands inside and nothing has to be allocated while solving.
+// Addresses: row i begins with its diagonal at ProfileDiag(i) = 1 + the sum of the lengths before it, and cell (i, j),
+// j >= i, lies at ProfileDiag(i) + j - i. The last row keeps one cell.
+// Right-hand sides: equation e, column c at YukSayisi*(e-1) + c; column 1 has the surface and point loads, the columns
+// behind it the fillings and load situations that are asked for.
 #include "fea/equations.h"
 
 #include "fea/system.h"
@@ -27,6 +42,7 @@ void NodeEquationFlags(const MeshNodes &m) {
     }
 }
 
+// Slots hold 1 where free; they become 1, 2, 3, ... in the order of nodes and slots.
 void NumberEquations() {
     EquationCount = 0;
     for (int i = 1; i <= NoktaCount; ++i)
@@ -81,6 +97,7 @@ void ProfileMark(int p, int q, ProfilePicture &picture) {
     }
 }
 
+// Every pair of nodes of a mesh, a node with itself among them, in both orders.
 void MarkRowLengths(ProfilePicture &picture) {
     std::fill_n(ProfileDiag + 1, EquationCount, 0);
     for (int i = 1; i <= MeshCount; ++i) {
@@ -99,6 +116,7 @@ void CloseEnvelope() {
         ProfileDiag[i] = std::max(ProfileDiag[i], ProfileDiag[i - 1] - 1);
 }
 
+// Row N keeps one cell whatever its length: it is its diagonal alone.
 void LengthsToAddresses() {
     int first = 1;
     for (int i = 1; i <= EquationCount; ++i) {

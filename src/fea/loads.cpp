@@ -1,3 +1,13 @@
+// Springs, point loads and pressures of the assembled system. Units: m, t.
+//
+// Foundation: Winkler's bed (1867), a spring of ZeminKo times the area that falls to a node, t/m:
+//   S(e, e) += Yay   for e of uz, ux and uy alike,
+// the bed holding a tank sideways as firmly as upright: wanted.
+// Point loads: Rhs(e, 1) += FX, FY, FZ as they stand; since Rhs is the negative of the load a positive FZ pushes down.
+// Pressures (pressures.h) reach Rhs(e, c) for every column c whose code takes them.
+// A held translation has equation 0. Its cell YukSayisi*(0-1) + c is cell 0, which nobody reads, for the last column,
+// and lies before the array for any other; so a held node goes with two columns at most, and more are a failure that
+// names the node.
 #include "fea/loads.h"
 
 #include "fea/pressures.h"
@@ -68,6 +78,7 @@ void AddPressures() {
     });
 }
 
+// Read while Rhs still holds loads: the solution takes its place.
 void SumVerticalLoads() {
     VerticalLoad = {};
     for (int i = 1; i <= NoktaCount; ++i)

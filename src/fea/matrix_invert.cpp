@@ -1,8 +1,10 @@
-// Gauss-Jordan elimination in place with complete pivoting ("Numerical Recipes", section 2.1). Step k finds the
-// greatest entry among rows and columns not yet used, brings it onto the diagonal by an exchange of rows, and for its
-// column c
-//   A(c,j) = A(c,j)/p,  A(i,j) = A(i,j) - A(i,c)*A(c,j),  A(i,c) = -A(i,c)/p,  A(c,c) = 1/p.
-// At the end the exchanges of rows of the given matrix become exchanges of columns of the inverse.
+// Gauss-Jordan elimination in place with complete pivoting (Press, Teukolsky, Vetterling and Flannery, "Numerical
+// Recipes", section 2.1). Step k finds the greatest entry p among rows and columns not yet used, brings it onto the
+// diagonal by an exchange of rows, and for its column c
+//   A(c,j) = A(c,j)/p,  A(i,j) = A(i,j) - A(i,c)*A(c,j),  A(i,c) = -A(i,c)/p,  A(c,c) = 1/p,
+// which stores the inverse in the cells that the elimination frees. Of equal entries the last one found is the pivot.
+// At the end the exchanges of rows of the given matrix become exchanges of columns of the inverse: with P the product
+// of the exchanges, (P*A)^-1 = A^-1 * P'. About n^3 products; a run inverts the 12 by 12 of quad_stress.cpp.
 #include "fea/matrix_invert.h"
 
 #include "model/arithmetic.h"
@@ -38,6 +40,7 @@ private:
     std::vector<int> list_;
 };
 
+// Columns outside, rows inside would be quicker by the storage; the order decides which of equal entries is last.
 void Elimination::findPivot(int &row, int &col) {
     double pivot = 0.0;
     for (int i = 1; i <= n_; ++i) {

@@ -1,3 +1,17 @@
+// Pressures of liquid, soil and groundwater on the meshes, in hydrostatic distribution. Units: m, t.
+//
+// A floor (base panel or plate) of plan area A, mean level z and thickness t, at each of its four corners:
+//   liquid   + density * (SiviKotu - z - t) * A / 4     down, above its own thickness
+//   water    - 1.0 * (YeraltiSuKotu - z - t) * A / 4    up; the buoyancy of the slab itself is left out: wanted
+// and nothing where the level lies lower. Soil does not press on floors.
+// A wall of length L in plan and height h, d1 and d2 the depths of its edges 1-2 and 3-4 below the level, w the unit
+// weight (soil: ZeminKa times density, Rankine's active or any other coefficient): with p1 = w*d1*L/2, p2 = w*d2*L/2,
+// half the line load of the edge, a corner of an edge takes
+//   d1, d2 > 0    share12 = (2*p1 + p2) * h / 6,  share34 = (p1 + 2*p2) * h / 6     the trapezoid, as on a beam
+//   d1 < 0 < d2   share12 = p2 * d2^2 / 6,  share34 = p2 * d2 / 2 - share12         without h: wanted
+//   else          the shares of the pressure before: wanted.
+// The force acts along the normal in plan, nx = dy/L, ny = -dx/L of edge 1-2, times the sense of plate 1's outline:
+// liquid outward, soil and water inward.
 #include "fea/pressures.h"
 
 #include "model/arithmetic.h"
@@ -11,6 +25,7 @@
 
 namespace havuz {
 
+// Fillings of cells and the situations "liquid and soil" (1), "liquid" (2), "soil" (3), "groundwater" (4) of the run.
 bool TakesPressure(int code, Pressure pressure) {
     switch (pressure) {
     case Pressure::Liquid:
@@ -118,6 +133,7 @@ void WallPressures(const MeshNodes &m, double outlineSign, const TakePressure &t
 
 } // namespace
 
+// The signed area of the outline, half the sum of x(i)*y(i+1) - x(i+1)*y(i) (the surveyor's formula).
 double OutlineSign() {
     if (PlakCount <= 0)
         return 1.0;
@@ -130,6 +146,7 @@ double OutlineSign() {
     return area > 0.0 ? 1.0 : -1.0;
 }
 
+// Panels of Tip 0 are floors, of Tip 1 walls; strips (2) take no pressure. A mesh with Sil above 0 takes none.
 void ForEachPressure(const TakePressure &take) {
     const double outlineSign = OutlineSign();
     for (int i = 1; i <= MeshCount; ++i) {

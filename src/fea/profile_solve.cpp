@@ -1,3 +1,9 @@
+// The solver: forward elimination (elimination.h), then back substitution, from the last equation up,
+//   x(N) = -Rhs(N) / S(N,N),   x(i) = (-Rhs(i) - sum over k > i of S(i,k)*x(k)) / S(i,i),
+// S the eliminated matrix, Rhs the reduced negative loads. The sum runs in rising k in double precision, with the x
+// already cut to 32 bits; magnitudes below 1e-30 become 0. A pivot of exactly 0 gives its row 0 and is passed over
+// without a word: a mechanism shows in the results, not as a failure. Columns are solved eight at a time, since each
+// row of S then serves eight sums.
 #include "fea/profile_solve.h"
 
 #include "fea/elimination.h"
@@ -24,6 +30,7 @@ void StoreSolution(int i, int c, double x) {
     Rhs[RhsIndex(i, c)] = static_cast<float>(x);
 }
 
+// Of the last equation nothing stands behind its diagonal, and its result is not cut off below 1e-30: wanted.
 void SolveLastRow(int N) {
     const double p = static_cast<double>(S[ProfileIndex(N, N)]);
     for (int c = 1; c <= YukSayisi; ++c)
@@ -62,6 +69,7 @@ void RowSums(int i, int N, const SolvedColumns &solved, const SolveKernels &kern
         kernels.addProducts({sum, S + ProfileDiag[i + 1], solved.of(N + 1), 1});
 }
 
+// One equation in up to eight columns.
 void SolveRow(int i, int N, SolvedColumns &solved, const SolveKernels &kernels) {
     const double p = static_cast<double>(S[ProfileIndex(i, i)]);
     double sum[kStripColumns];

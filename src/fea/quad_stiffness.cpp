@@ -43,6 +43,7 @@ using VertexMap = Matrix<Rows, 6>;
 
 } // namespace
 
+// The mean of the corners, also of a warped quadrilateral: its triangles then lie in different planes.
 static void PlaceCentre(int centre) {
     Vector3 sum = QuadCorner[1];
     for (int n = 2; n < centre; ++n)
@@ -59,6 +60,8 @@ static void SetAxis(VertexMap<Rows> &map, int r, int first, const Vector3 &v, bo
         map(r, first + a - 1) = centre ? Dot(v, QuadBasisAxis(a)) : v(a);
 }
 
+// The vertex takes part in the membrane with its two displacements in the plane, in the bending with w and the two
+// slopes r1, r2 about e1, e2.
 static VertexMap<2> MembraneMap(bool centre) {
     VertexMap<2> map;
     SetAxis(map, 1, 1, TriAxes[1], centre); // u
@@ -93,6 +96,7 @@ static void ExpandBlock(const Triangle &t, int n, int m, const VertexMap<Rows> &
     }
 }
 
+// Blocks n <= m alone: the matrix is symmetric and ExpandBlock writes both halves.
 template <int Rows>
 static void ExpandTriangle(const Triangle &t, int centre, VertexMap<Rows> (*mapOf)(bool)) {
     Row<VertexMap<Rows>, 3> map;
@@ -103,6 +107,7 @@ static void ExpandTriangle(const Triangle &t, int centre, VertexMap<Rows> (*mapO
             ExpandBlock(t, n, m, map[n], map[m]);
 }
 
+// 30 freedoms: six of each corner and, behind them, six of the centre.
 static void AddTriangle(const Triangle &t, int centre) {
     WorkK.clear();
     TriK.clear();

@@ -32,10 +32,12 @@ using PolynomialMatrix = Matrix<12, 12>;
 
 } // namespace
 
+// Components along axes 1 and 2 of a step between corners.
 static double LocalX(const Vector3 &d) { return QuadBasis(1, 1) * d.x + QuadBasis(1, 2) * d.y + QuadBasis(1, 3) * d.z; }
 
 static double LocalY(const Vector3 &d) { return QuadBasis(2, 1) * d.x + QuadBasis(2, 2) * d.y + QuadBasis(2, 3) * d.z; }
 
+// The corners' own numbering is kept; a mesh that bends out of its plane is seen along axis 3.
 static LocalCorners PlaceCorners() {
     QuadBasisBuild(4);
     const Vector3 d1 = QuadCorner[2] - QuadCorner[1];
@@ -130,6 +132,7 @@ static void StorePoint(Matrix<24, 24> &S, int point, const Matrix<3, 8> &force, 
     }
 }
 
+// Corners that span no local area in their order were taken with 2 and 4 exchanged: their blocks go back.
 // Exchanges the blocks of the nodes 2 and 4 on rows and columns.
 static void ExchangeNodeBlocks(Matrix<24, 24> &S) {
     for (int i = 7; i <= 12; ++i)

@@ -34,6 +34,7 @@ static void SetQuadBasisAxis(int j, const Vector3 &v) {
         QuadBasis(i, j) = v(i);
 }
 
+// Corners on one line, or at one point, have no basis: DivisionByZero.
 void QuadBasisBuild(int k) {
     const Vector3 along = QuadCorner[2] + QuadCorner[3] - QuadCorner[k] - QuadCorner[1];
     const Vector3 across = QuadCorner[3] + QuadCorner[k] - QuadCorner[1] - QuadCorner[2];
@@ -45,6 +46,7 @@ void QuadBasisBuild(int k) {
     SetQuadBasisAxis(3, Cross(v1, v2));
 }
 
+// The sides a and b lead from vertex m to i and j.
 void TriangleBasis(int i, int j, int m) {
     const Vector3 a = QuadCorner[i] - QuadCorner[m];
     const Vector3 b = QuadCorner[j] - QuadCorner[m];
@@ -62,8 +64,10 @@ void TriangleBasis(int i, int j, int m) {
     TriAxes[3] = n;
 }
 
+// Twice the area, positive for vertices that go round n.
 double TriangleArea2() { return TriX[3] * TriY[2] - TriX[2] * TriY[3]; }
 
+// m, the mean of the vertices.
 double TriangleThickness() { return (TriThickness[1] + TriThickness[2] + TriThickness[3]) / 3.0; }
 
 } // namespace havuz

@@ -1,3 +1,12 @@
+// The results of a run, written mesh by mesh and node by node.
+//
+// Displacements: the six solved freedoms of a node in every column, 0 where held, m and radians, into its record of
+// .DEP. Stresses: for each mesh and column the element's freedoms are gathered by their equations, turned to local
+// axes, and multiplied by the stress matrix at the four corners,
+//   r = S * T * u       S 24 by 24: sx, sy, sxy, Mx, My, Mxy of corners 1 to 4 (rect_stress.cpp; the S of
+//                       quad_stress.cpp holds the turn),
+// into its record of .SON. Corner results are not averaged between meshes: a jump from mesh to mesh shows how fine the
+// mesh is. The thickness and the section are those that the run has stored in the mesh.
 #include "fea/result_pass.h"
 
 #include "fea/analysis.h"
@@ -14,6 +23,7 @@ namespace havuz {
 
 namespace {
 
+// The 24 freedoms of a mesh in column c, global, 0 where held.
 std::array<double, 25> ElementDisplacements(const std::array<int, 25> &MeshEqs, int c) {
     std::array<double, 25> g{};
     for (std::size_t p = 1; p <= 24; ++p)
@@ -61,6 +71,7 @@ private:
     Matrix<24, 24> S;
 };
 
+// The record of a mesh: for each column 24 results, six of each corner.
 class CornerResults {
 public:
     explicit CornerResults(double E) : E_(E) {}

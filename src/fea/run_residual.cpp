@@ -1,3 +1,6 @@
+// How well the stored solution solves the system: |f - K*u| / |f| of each column, K formed anew from the element
+// matrices and springs in double precision, not from the eliminated profile. Cells of 32 bits carry seven digits; what
+// elimination loses of them shows here.
 #include "fea/run_residual.h"
 
 #include "fea/analysis.h"

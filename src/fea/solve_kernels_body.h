@@ -5,6 +5,14 @@
 //   widen(from)       32-bit cells as doubles
 //   narrow(to, wide)  the other way
 //   round(wide)       doubles rounded to 32 bits
+//
+// The step of all of them is cell = round(cell - factor * entry): a product, a difference and a rounding to 32 bits,
+// three operations that no compiler may fuse or exchange (-ffp-contract=off). They run side by side in the lanes of a
+// register over different cells, never along a sum, so that the width of the register changes no bit.
+// What a zero does:
+//   kCalculated       nothing is asked; right where no cell is -0
+//   kFactorsSkipped   a factor of 0 is passed, as the plain procedure passes it for right-hand sides
+//   kSkipped          also an entry of 0: its product is masked to +0, and x - (+0) keeps every x, -0 among them
 #pragma once
 
 #include "fea/solve_kernels.h"
@@ -57,6 +65,8 @@ struct Vectors {
     }
 };
 
+// A part of a tile that fits the registers, kRows rows by Strips strips: loaded once, all pivots subtracted, stored
+// once. For each pivot its entries are loaded once and serve all rows.
 template <class Set, int Strips, Zeros zeros>
 HAVUZ_INLINE void ReducePart(const TileJob &job, int firstRow, int firstStrip) {
     using V = Vectors<Set>;
@@ -92,6 +102,7 @@ HAVUZ_INLINE void ReducePart(const TileJob &job, int firstRow, int firstStrip) {
         Set::narrow(job.cells[firstRow + r] + column + V::column(v), cell[r][v]);
 }
 
+// The whole tile of eight rows in such parts; a register set of three strips takes what is left over in smaller ones.
 template <class Set, Zeros zeros>
 HAVUZ_INLINE void Reduce(const TileJob &job) {
     for (int strip = 0; strip < job.strips; strip += Set::kStrips)
@@ -149,6 +160,7 @@ HAVUZ_INLINE void ReducePanelPart(const PanelJob &job, double *strip, std::size_
         std::memcpy(strip + V::inPanel(job, job.firstRow + r, v) + column, &cell[r][v], sizeof cell[r][v]);
 }
 
+// All strips of a job: side by side in wide registers, one after the other in narrow ones.
 template <class Set, Zeros zeros>
 HAVUZ_INLINE void ReducePanel(const PanelJob &job) {
     if constexpr (Set::kStrips == 3) { // a vector is a strip
@@ -207,6 +219,8 @@ HAVUZ_INLINE void Inspect(const FactsJob &job) {
     }
 }
 
+// The entry points, plain functions of the instruction set: what is called through the table must not be a template of
+// the caller's.
 HAVUZ_TARGET void Calculated(const TileJob &job) { Reduce<Set, kCalculated>(job); }
 HAVUZ_TARGET void Skipping(const TileJob &job) { Reduce<Set, kSkipped>(job); }
 HAVUZ_TARGET void Columns(const TileJob &job) { Reduce<Set, kFactorsSkipped>(job); }

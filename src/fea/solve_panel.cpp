@@ -1,3 +1,15 @@
+// A panel of pivot rows. Its 32 rows are kept as doubles, in strips of eight columns of all rows, so that eight
+// neighbouring columns of a row fill whole registers and a strip, 2 kB, stays in the first cache.
+//
+// Rows i = first .. first + 31 are reduced among themselves first: for pivot p and row r > p of the panel
+//   f(p,r) = row(p, r) / row(p, p),   row(r, k) = 32 bits of (row(r, k) - f(p,r) * row(p, k)),
+// the triangle of each group of eight rows as the method is written down (reduceOwnTriangle), everything to its right
+// by the kernels. All factors come from the panel's own first 32 columns, so the strips behind these are independent of
+// each other and go to any thread. Values are rounded to 32 bits at every step, as the store of the plain procedure
+// does, though they stay doubles; the rows go back into S when their strip is done.
+//
+// What rows behind the panel ask: which pivots have an entry in their column (a bit each), the least and the greatest
+// magnitude, for the zeros and for the overflow of a 32-bit value.
 #include "fea/solve_panel.h"
 
 #include "fea/system.h"
@@ -15,6 +27,8 @@ namespace {
 constexpr int kGroups = kPanelRows / kTileRows;
 static_assert(kGroups <= kTileStrips + 1, "the strips of a panel behind a group are reduced together");
 
+// In cells, for the room of the strips. Row N keeps one cell and may end before the row above it; any other that did
+// would lie outside the closed envelope.
 int LongestRow() {
     int longest = 1;
     for (int i = 1; i <= EquationCount; ++i) {
@@ -36,11 +50,13 @@ SolvePanel::SolvePanel(const SolveKernels &kernels)
     : kernels_(kernels), strip_(at((LongestRow() + kPanelRows) / kStripColumns + 2)),
       rhs_(at((YukSayisi + kStripColumns - 1) / kStripColumns)) {}
 
+// Row i = first + p reaches as far as its stored cells, never past column N.
 int SolvePanel::endOf(int p) const {
     const int i = first_ + p;
     return std::min(EquationCount, i + ProfileDiag[i + 1] - ProfileDiag[i] - 1);
 }
 
+// The last panel may have fewer rows, and a panel is never narrower than its own 32 columns.
 void SolvePanel::take(int first) {
     first_ = first;
     rows_ = std::min(kPanelRows, EquationCount - first + 1);
@@ -50,6 +66,8 @@ void SolvePanel::take(int first) {
     strips_ = std::max(ownStrips(), (lastColumn_ - first) / kStripColumns + 1);
 }
 
+// 32-bit cells as doubles; places outside the profile, left of the diagonal and beyond the end of a row, read as 0. A
+// strip that lies in the row whole is copied without asking for each cell.
 void SolvePanel::load(int s) {
     Strip &strip = strip_[at(s)];
     const int column = first_ + s * kStripColumns;
@@ -91,6 +109,7 @@ void SolvePanel::store(int s) {
     }
 }
 
+// Facts of a strip, column by column: which pivots have an entry, its least and greatest magnitude.
 void SolvePanel::inspect(int s) {
     Strip &strip = strip_[at(s)];
     kernels_.inspect({&strip.entry[0][0], rows_, &strip.facts});
@@ -104,6 +123,7 @@ void SolvePanel::inspect(int s) {
     }
 }
 
+// What a kernel needs to reduce eight rows of a strip by all panel rows before them.
 PanelJob SolvePanel::job(Strip &strip, int group, int strips) {
     return {&strip.entry[0][0], stripStride(), group * kTileRows, &factor_[0][0], kPanelRows, strips};
 }
@@ -142,6 +162,8 @@ void SolvePanel::takeFactors(int group, int s) {
         }
 }
 
+// The triangle of 32 by 32 on the diagonal, group by group of eight rows: by the groups before, then among themselves,
+// then everything to the right of the triangle; the factors for the later groups are taken from what that leaves.
 void SolvePanel::reduceOwnColumns() {
     live_ = 0;
     std::fill_n(&factor_[0][0], kPanelRows * kPanelRows, 0.0);
@@ -161,6 +183,7 @@ void SolvePanel::reduceOwnColumns() {
     }
 }
 
+// Columns behind the triangle: all factors are known, so each group takes them in one call.
 void SolvePanel::reduceStrips(int s, int count) {
     for (int k = s; k < s + count; ++k)
         load(k);
@@ -172,6 +195,7 @@ void SolvePanel::reduceStrips(int s, int count) {
     }
 }
 
+// Blocks of eight load columns, as strips of their own; a last block of fewer has zeros beside them.
 void SolvePanel::reduceRightHandSides() {
     for (int block = 0; block * kStripColumns < YukSayisi; ++block) {
         Strip &strip = rhs_[at(block)];
@@ -188,6 +212,7 @@ void SolvePanel::reduceRightHandSides() {
     }
 }
 
+// A pivot whose diagonal is 0 is passed: its bit is not in live_.
 PivotSet SolvePanel::pivotsOf(int row) const {
     const int place = row - first_;
     return strip_[at(place / kStripColumns)].facts.pivots[place % kStripColumns] & live_;
@@ -198,6 +223,7 @@ const double *SolvePanel::column(int column) const {
     return &strip_[at(place / kStripColumns)].entry[0][place % kStripColumns];
 }
 
+// Only where a strip says so are its rows looked through.
 int SolvePanel::firstRowOutOfRange() const {
     if (std::all_of(strip_.begin(), strip_.begin() + strips_, [](const Strip &strip) { return strip.inRange; }))
         return 0;
@@ -208,6 +234,8 @@ int SolvePanel::firstRowOutOfRange() const {
     return 0;
 }
 
+// The least product that can occur is smallest^2 / greatest: an entry times a factor, which is an entry over a
+// diagonal.
 bool SolvePanel::keepsZerosPositive() const {
     double smallest = DBL_MAX;
     double greatest = 0.0;

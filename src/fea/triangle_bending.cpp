@@ -28,6 +28,7 @@ struct Side {
     double c, d; // the normal of the side, as long as twice the height
 };
 
+// s is the square of the side's length, l the length, h twice the height of the triangle on it.
 static Side SideOf(int i, double area2) {
     const int j = NextVertex(i);
     const double x = TriX[i];
@@ -136,6 +137,8 @@ static void TimesPlaneD(Row<double, 21> &v) {
     }
 }
 
+// K = t^3/12 * integral of q' * PlaneD * q, column by column: weights, then moments, then the products with the
+// curvatures of the other columns, summed over the seven points in their order.
 static void IntegrateEnergy(const Matrix<21, 9> &q, double area2) {
     const double t = TriangleThickness();
     const double factor = t * t * t * area2 / 864.0;
@@ -152,6 +155,7 @@ static void IntegrateEnergy(const Matrix<21, 9> &q, double area2) {
     }
 }
 
+// Sides, second derivatives of the area coordinates, curvatures of the three sub-triangles, energy.
 void TriangleBending() {
     const double area2 = TriangleArea2();
     Row<Side, 3> side;

@@ -1,5 +1,14 @@
 // Plate editing: where a line cuts a plate, the points it inserts, and the split into two plates.
-// A cut is worked out on a copy of the plate; plate, walls and new plate are written only when it is made.
+// A cut is worked out on a copy of the plate; plate, walls and new plate are written only when it is made. Plan m.
+//
+// Where: an end of the line within 0.1 m of an outline point counts as that corner. Corner to corner needs no crossing;
+// from a corner the farthest crossing on an edge that does not touch it is the other end; without a corner exactly two
+// crossings make a cut. Points: a crossing becomes an outline point behind the start of its edge, its height linear
+// along the edge,
+//   z = z1 + (z2 - z1) * |P1 P| / |P1 P2|,
+// and the wall on the edge is split at the same place. Split: with a < b the two outline points, plate `plak` keeps
+// 1..a, b..n and the new plate takes a..b; their common edge carries the code of the other plate on both sides
+// (link_code.h). A piece of fewer than three different points in plan is no plate, and nothing is cut.
 #include "mesh/plak_edit.h"
 #include "mesh/plak_mesh.h"
 #include "model/link_code.h"
@@ -112,6 +121,7 @@ bool CutFromCorner(Cut &cut, int corner, const std::vector<Crossing> &crossings)
     return true;
 }
 
+// The later crossing first, so that the earlier one's number stays.
 bool CutFromEdgeToEdge(Cut &cut, const std::vector<Crossing> &crossings) {
     if (crossings.size() != 2)
         return false;
@@ -157,6 +167,7 @@ Pieces SplitOutline(const PlakRecord &plate, int a, int b) {
     return pieces;
 }
 
+// Three different places at least; Z is not looked at.
 bool IsPlate(const PlakRecord &piece) {
     std::set<std::pair<double, double>> places;
     for (int k = 1; k <= piece.NoktaSayisi; ++k)
@@ -175,6 +186,7 @@ bool MakePieces(Cut &cut, int q, Pieces &pieces) {
     return IsPlate(pieces.rest) && IsPlate(pieces.between);
 }
 
+// Works on the copy until it is sure; then walls, the new plate behind the last, the old one, all codes.
 bool CutPlate(int plak, const CutLine &line, Kesisim &k) {
     Cut cut{plak, PlakTable[plak], 0, 0, {}};
     Pieces pieces;

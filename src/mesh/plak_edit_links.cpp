@@ -1,4 +1,13 @@
-// Plate editing: link codes from geometry, and the splitting of a wall.
+// Plate editing: link codes from geometry, and the splitting of a wall. Plan m.
+//
+// Two places are one when they lie within 0.1 m of each other. From that alone follow, in this order,
+//   wall on plate edge   top corners 1 and 2 of the wall at the two ends of edge k of plate p:
+//                        KenarKodu(k) = 100*wall + 3, KenarKomsu(3) = -(100*p + k), Nx = |edge| / width, at least 1;
+//   plate on plate       edges with both ends in common: each takes -(100*plate + edge) of the other;
+//   wall next to wall    walls on edges that follow each other around a plate: edge 2 of one names edge 4 of the next.
+// Codes are only set, never cleared: an edge that stands alone now keeps the name of the neighbour that it had.
+// Splitting a wall copies it behind itself, the later records moving up by one; its corners along the split edge come
+// together at the place, and the walls are named anew as one closed ring.
 #include "mesh/plak_edit.h"
 #include "model/arithmetic.h"
 #include "model/link_code.h"

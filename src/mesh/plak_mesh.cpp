@@ -23,6 +23,7 @@ void PlakMeshWork::put(int p, PlanPoint at, int code) {
     gk(p) = code;
 }
 
+// Points are never given back: what no quadrilateral uses falls out at the end (NumberUsedPoints).
 int PlakMeshWork::newPoint() {
     const int p = points() + 1;
     if (p > kPlakMeshPoints)
@@ -50,6 +51,7 @@ int PlakMeshWork::newQuad(const int (&kose)[4], int ci, int cj) {
     return quads;
 }
 
+// Point 0 is scratch: steps that find no point write there and read there, as the method does.
 PlakMeshWork BeginPlak(int plak) {
     PlakMeshWork w;
     w.plak = plak;

@@ -1,5 +1,17 @@
 // Plate meshing, middle steps: grid points nearest the outline move onto its edges, each corner takes the nearest grid
-// point, and inside points next to moved ones are centred.
+// point, and inside points next to moved ones are centred. Plan m.
+//
+// Pulling: a grid point that is not, with its four neighbours, all inside or all outside lies at the outline. For every
+// edge e a probe of one step goes from it across the edge - along Y for an edge that is longer in X than in Y, else
+// along X - to the side that its neighbours tell. Where the probe crosses the edge at a place c
+//   |c - P| < h/2     P itself moves to c,
+//   else              the next grid point in the way of the probe does,
+// takes edge e as its code and state 2. So a point moves by about half a step at most.
+// Pinning: corner k of the outline takes the grid point that is nearest now, whatever its state; it takes the place of
+// the corner, code -k and state 3. Easing: a free point between a moved one and a kept one, on the side of the higher
+// state, goes halfway between the two along that axis, so that cells beside the outline keep about one width:
+//   X(near) = (X(P) + X(far)) / 2.
+// One pass each, in the order of the grid: what a pass has moved the rest of it sees moved.
 #include "mesh/plak_mesh_work.h"
 #include "model/arithmetic.h"
 
@@ -87,6 +99,7 @@ void PullOntoEdges(PlakMeshWork &w) {
     }
 }
 
+// Of a grid point in use its own place, else that of the grid.
 static PlanPoint PlaceNow(PlakMeshWork &w, int i, int j) {
     return w.Durum(i, j) > 0 ? w.point(w.GridNo(i, j)) : w.grid(i, j);
 }
@@ -134,6 +147,7 @@ static void Centre(PlakMeshWork &w, int i, int j, int di, int dj) {
     w.gk(near) = 0;
 }
 
+// The far one is in use, the near one not yet on an edge or corner.
 static bool MayCentre(PlakMeshWork &w, int i, int j, int di, int dj) {
     return w.Durum(i + 2 * di, j + 2 * dj) > 0 && w.Durum(i + di, j + dj) < OnEdge;
 }

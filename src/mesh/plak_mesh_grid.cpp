@@ -1,4 +1,14 @@
-// Plate meshing, first steps: the outline and its bounds, the grid, and which grid points lie inside.
+// Plate meshing, first steps: the outline and its bounds, the grid, and which grid points lie inside. Plan m.
+//
+// Grid: step h = 2 * (width / 2); point (i, j) lies at (x0 + i*h, y0 + j*h), with x0, y0 so that the start of the
+// longest edge is a grid point and one spare row lies before the bounds on both axes, one behind them:
+//   imax = Int((xmax - xmin)/h) + 2,   x0 = start.x - (Int((start.x - xmin)/h) + 1) * h,   y alike.
+// A plate whose sides are whole multiples of the width so becomes its plain grid.
+// Inside test: from a grid point P a probe of 1000 m goes left and right, one down and up. For each direction a
+// crossing with the outline is kept, A or B; P is inside when all four directions have one and it lies between opposite
+// ones, |A P| + |P B| < |A B| + 0.1. That is a ray casting that asks for a hit in each direction instead of counting
+// crossings (Shimrat 1962 counts): in a re-entrant corner it may call an outside point inside, wanted. Which crossing
+// is kept is decided by its distance from the place in its slot, not from P: wanted.
 #include "mesh/plak_mesh_work.h"
 #include "model/arithmetic.h"
 
@@ -27,6 +37,7 @@ static void FillScratchPlak(const PlakMeshWork &w) {
     }
 }
 
+// First lowest and first highest point count; a plate beyond 1000 m is not measured.
 static void FindBounds(PlakMeshWork &w) {
     const PlakRecord &plate = PlakTable[w.plak];
     double zmin = kFarAway, zmax = -kFarAway;

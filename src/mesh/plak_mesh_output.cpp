@@ -1,4 +1,12 @@
 // Plate meshing, last steps: the points that meshes use, their heights, and the nodes and meshes that are appended.
+//
+// Points are numbered 1, 2, ... in the order of their making, those of no quadrilateral left out; nodes follow those of
+// the plates before. A corner of the plate that no mesh reaches hands its place and code to the nearest other point.
+// Heights: a level plate has that of its lowest point. A sloped one is the plane of its lowest point A, its highest B
+// and the point C with the greatest sum of distances from both,
+//   z = plane(A, B, C) at (x, y)     (plane_geometry.h, EgikDuzlemKur),
+// so that outline points off this plane do not count. Codes: +(1000*plate + edge), -(1000*plate + corner), and
+// -1000*plate inside (link_code.h); from plate 33 on they no longer fit 16 bits, which is a failure.
 #include "mesh/plak_mesh_work.h"
 #include "model/arithmetic.h"
 #include "model/link_code.h"
@@ -71,6 +79,7 @@ static double Height(const PlakMeshWork &w, const EgikDuzlem &plane, PlanPoint a
     return EgikKot(plane, at.x, at.y);
 }
 
+// 32-bit coordinates and a 16-bit code, m.
 static void AppendNode(const PlakMeshWork &w, PlanPoint at, double z, int code) {
     if (NoktaCount + 1 > kNoktaCapacity)
         FailSubscript({{Thing::Plate, w.plak}}, Thing::NoktaTable, NoktaCount + 1, kNoktaCapacity);

@@ -1,5 +1,14 @@
 // Plate meshing: quadrilaterals from whole cells, at corners that stand out from the grid, and along grid diagonals.
 // A point that a cell lacks goes into a quadrilateral as point 0: wanted.
+//
+// 1. Every cell (i, j), (i+1, j), (i+1, j+1), (i, j+1) of four points in use is one.
+// 2. A corner point without neighbours on one axis, with three points beside it on the other, makes one with these
+//    three; four rows of a table, one for each side on which the three may lie.
+// 3. Where the outline runs along grid diagonals a point on it belongs to two cells of three corners, one on each side.
+//    It is doubled: a new point takes its place on the outline, the old one moves inward,
+//      P = (P + (A + B)/2) / 2,    A, B the two guide points,
+//    and the two triangles with the new edge P-outer between them become two quadrilaterals.
+// Hucre names the quadrilateral that owns a cell; a cell that one owns is left alone by the later steps.
 #include "mesh/plak_mesh_work.h"
 
 namespace havuz {

@@ -1,5 +1,13 @@
 // Plate meshing: cells of three corners. A neighbour quadrilateral along the same edge of the plate grows over the
 // triangle, or the cell is flattened: no triangle is ever written.
+//
+// Growing: a table of eight rows, two for each corner that the cell may lack. A row holds when its two points s1, s2
+// lie on the outline (state 2 or 3); the triangle is then given away when its points f and s lie on one edge of the
+// plate: corner `kose` of the donor's quadrilateral moves to the cell's point `taken`. A corner point lies on two
+// edges, its own and the one before it, unless its neighbour tells which is meant:
+//   e1 = |code|,  e2 = |code| - 1 (of corner 1: the last edge).
+// Flattening: where no row of the table allows it, the corner opposite the missing one moves to the middle of its two
+// neighbours, O = (A + B)/2, and takes their edge: the triangle has no area left and needs no mesh.
 #include "mesh/plak_mesh_work.h"
 
 #include <cstdlib>
