@@ -195,27 +195,6 @@ TEST(RectShell, StiffnessIsTheIntegralOfItsPolynomials) {
     }
 }
 
-TEST(RectShell, RigidModesCostNoForce) {
-    const Field modes[] = {
-        [](double, double) { return std::array<double, 6>{1, 0, 0, 0, 0, 0}; },
-        [](double, double) { return std::array<double, 6>{0, 1, 0, 0, 0, 0}; },
-        [](double, double) { return std::array<double, 6>{0, 0, 1, 0, 0, 0}; },
-        [](double x, double y) { return std::array<double, 6>{-y, x, 0, 0, 0, 0}; },
-        [](double, double y) { return std::array<double, 6>{0, 0, y, -1, 0, 0}; },
-        [](double x, double) { return std::array<double, 6>{0, 0, x, 0, 1, 0}; },
-    };
-    for (const Section &s : kSections) {
-        Matrix<24, 24> K;
-        RectShellStiffness(K, s.a, s.b, s.E, s.v, s.t);
-        double greatest = 0.0;
-        for (int i = 1; i <= 24; ++i)
-            greatest = std::max(greatest, K(i, i));
-        for (const Field &mode : modes)
-            for (const double force : Apply(K, Nodal(s, mode)))
-                EXPECT_NEAR(force, 0.0, 1e-13 * greatest);
-    }
-}
-
 TEST(RectShell, StressesAreThoseOfTheInterpolatedPolynomials) {
     for (const Section &s : kSections) {
         Matrix<24, 24> S;
