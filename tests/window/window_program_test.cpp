@@ -1,12 +1,16 @@
 // The program itself as a process on the display: its start, its record, its single instance, its ends.
+#include "hand_models.h"
+#include "model/project_file.h"
 #include "program_folder.h"
 #include "support.h"
 #include "window_desk.h"
 #include "x_hand.h"
 
 #include <QElapsedTimer>
+#include <QImage>
 #include <QProcess>
 #include <QThread>
+#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 
@@ -147,6 +151,31 @@ TEST(program, AStartThatFailsEndsWithOneLineAndStatusOne) {
     const auto blind = machine.start({}, {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"});
     EXPECT_EQ(StatusOf(*blind), 1);
     EXPECT_NE(blind->readAllStandardError().toStdString().find("havuz: no display"), std::string::npos);
+}
+
+// A wall in the plane of Y and Z, 3 m long and 6 m high. Turned by 90 degrees about Y alone its Z lies along the
+// picture and its X along the eye, so that by hand: 6 m and 3 m at an eye distance of 1000 m, the far edge 1000/994 of
+// its size, fill 700 pixels from 30 on, and half of that downward.
+TEST(program, TheAnglesOfAPictureAreDegrees) {
+    ResetAll();
+    AddPanel(1, {0, 0, 6}, {0, -3, 6}, {0, -3, 0}, {0, 0, 0});
+    const TemporaryFolder folder;
+    WriteBytes(folder.file("W.POL"), ProjectText());
+    const std::string render = " render W.POL -o W.png --angles 0,90 --size 805x605";
+    ASSERT_EQ(std::system(("cd " + folder.path() + " && " + HAVUZ_CLI + render).c_str()), 0);
+    QImage picture;
+    ASSERT_TRUE(picture.load(QString::fromStdString(folder.file("W.png"))));
+    int left = 740, right = 0, top = 560, bottom = 0; // the axes stand beyond
+    for (int y = 0; y < 560; ++y)
+        for (int x = 0; x < 740; ++x)
+            if (picture.pixel(x, y) != picture.pixel(1, 1)) {
+                left = std::min(left, x), right = std::max(right, x);
+                top = std::min(top, y), bottom = std::max(bottom, y);
+            }
+    EXPECT_NEAR(left, 30, 1);
+    EXPECT_NEAR(right, 730, 1);
+    EXPECT_NEAR(top, 30, 1);
+    EXPECT_NEAR(bottom, 380, 1);
 }
 
 } // namespace havuz
