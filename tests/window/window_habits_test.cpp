@@ -138,6 +138,45 @@ TEST(habits, ADoubleClickInTheListOpensTheProject) {
     EXPECT_FALSE(desk.window.FormShown("LOADFILE"));
 }
 
+TEST(habits, TheKeyboardAloneOpensAProject) {
+    WindowDesk desk;
+    for (const char *name : {"A.POL", "P.POL"})
+        std::filesystem::copy_file(kSample + ".POL", desk.program.file(std::string("VEK9DATA/") + name));
+    ASSERT_TRUE(desk.key("o", true));
+    const Element files = In("LOADFILE", "Dosya");
+    for (int i = 0; i < 10 && desk.window.focused() != files; ++i) {
+        hand::Key("Tab");
+        desk.settle();
+    }
+    ASSERT_EQ(desk.window.focused(), files);
+    hand::Key("End");
+    EXPECT_TRUE(desk.waitFor([&] { return desk.window.Text(In("LOADFILE", "Secilen")) == "P.POL"; }));
+    hand::Key("Return");
+    EXPECT_TRUE(desk.waitFor([&] { return MeshCount == 174 && !desk.window.FormShown("LOADFILE"); }));
+    EXPECT_EQ(ProjeAdi, "P");
+}
+
+TEST(habits, TypingReplacesAndTheCommaIsAPointWhereOneIsMeant) {
+    WindowDesk desk;
+    ASSERT_TRUE(desk.click(kPolygonTool));
+    const Element upper = Tool1Text(1);
+    ASSERT_TRUE(desk.click(upper)); // its text is selected by that
+    hand::Write("2,5");
+    EXPECT_TRUE(desk.waitFor([&] { return desk.window.Text(upper) == "2.5"; })) << desk.window.Text(upper);
+    ASSERT_TRUE(desk.click(kPanelTableTool));
+    ASSERT_TRUE(desk.click(In("FEAPLAK", "No", 2)));
+    ASSERT_TRUE(desk.click(In("FEAPLAK", "Isaret")));
+    ASSERT_TRUE(desk.window.FormShown("TOOL"));
+    hand::Key("Escape");
+    EXPECT_TRUE(desk.waitFor([&] { return !desk.window.FormShown("TOOL"); }));
+    EXPECT_TRUE(desk.window.FormShown("FEAPLAK"));
+    ASSERT_TRUE(desk.click(In("FEAPLAK", "Tamam")));
+    ASSERT_TRUE(desk.click(kMinimiseButton)); // without a window manager it stays to be seen
+    EXPECT_TRUE(desk.window.formState(kMain).minimised);
+    ASSERT_TRUE(desk.click(kNewTool));
+    EXPECT_FALSE(desk.window.formState(kMain).minimised);
+}
+
 TEST(habits, AProjectDroppedOnTheWindowOpens) {
     WindowDesk desk;
     QWidget *main = desk.window.formWidget(kMain);
