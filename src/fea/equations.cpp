@@ -11,6 +11,11 @@
 // so that all fill-in lands inside and nothing has to be allocated while solving.
 // Addresses: row i begins with its diagonal at ProfileDiag(i) = 1 + the sum of the lengths before it, and cell (i, j),
 // j >= i, lies at ProfileDiag(i) + j - i. The last row keeps one cell.
+// Example: four equations, coupled 1-2, 1-3 and 3-4; f is fill-in, o a cell that is only reserved.
+//   x x x .      row 1 reaches 3                       length 3   address 1
+//     x f .      row 1 closes it to its own end        length 2   address 4
+//       x x o    3-1 counts as far as 1-3              length 3   address 6
+//         x      3-4 counts too; only its first cell   length 2   address 9, ProfileSize 10
 // Right-hand sides: equation e, column c at YukSayisi*(e-1) + c; column 1 has the surface and point loads, the columns
 // behind it the fillings and load situations that are asked for.
 #include "fea/equations.h"

@@ -13,6 +13,7 @@
 // The method is the program's own, of the family of profile reduction by local exchange (compare Cuthill and McKee
 // 1969, Sloan 1986, which order by levels from a start node instead). Numbers, and with them every result file, follow
 // from the order of these steps.
+// Raw nodes that lie at one place have one AnaNo, the master; YeniNo is the number that the master gets.
 #include "mesh/numbering.h"
 
 #include "mesh/skyline.h"

@@ -8,6 +8,10 @@
 //    It is doubled: a new point takes its place on the outline, the old one moves inward,
 //      P = (P + (A + B)/2) / 2,    A, B the two guide points,
 //    and the two triangles with the new edge P-outer between them become two quadrilaterals.
+//        before              after           the outline runs from lower left to upper right through P, the upper
+//        .   .   Q           .   .   Q       left is outside: cells of three corners on both sides of P
+//        .   P   B           .   O   B       O the new point on the outline, P moved towards A and B
+//        S   A   .           S   A P .       quadrilaterals P B Q O and S A P O
 // Hucre names the quadrilateral that owns a cell; a cell that one owns is left alone by the later steps.
 #include "mesh/plak_mesh_work.h"
 
