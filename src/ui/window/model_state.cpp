@@ -3,6 +3,7 @@
 #include "model/store.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstring>
 #include <span>
@@ -12,6 +13,10 @@ namespace havuz {
 namespace {
 
 using Bytes = std::span<std::byte>;
+
+// The parts of a state: five tables, the values, the title.
+constexpr std::size_t kTables = 5, kValues = kTables, kTitle = kTables + 1;
+static_assert(kTitle + 1 == ModelState::kParts);
 
 // Bytes of a record that are no part of the state.
 struct Gap {
@@ -39,7 +44,7 @@ static_assert(sizeof(NokYukRecord) == 3 * sizeof(Float32) + sizeof(Int16) + kYuk
 
 struct Region {
     Bytes bytes;
-    std::size_t record = 0; // size of one, where it has gaps
+    std::size_t record = 1; // size of one
     std::span<const Gap> gaps = {};
 };
 
@@ -53,12 +58,15 @@ Region ValueRegion(Value &value) {
     return {std::as_writable_bytes(std::span(&value, 1))};
 }
 
-// Everything but the title, whose length changes.
-const std::vector<Region> &Regions() {
-    static const std::vector<Region> regions = [] {
-        std::vector<Region> made = {TableRegion(PlakTable, {}), TableRegion(PanelTable, kPanelGaps),
-                                    TableRegion(MeshTable, kMeshGaps), TableRegion(NoktaTable, kNoktaGaps),
-                                    TableRegion(NokYukTable, kYukGaps)};
+std::array<Region, kTables> Tables() {
+    return {TableRegion(PlakTable, {}), TableRegion(PanelTable, kPanelGaps), TableRegion(MeshTable, kMeshGaps),
+            TableRegion(NoktaTable, kNoktaGaps), TableRegion(NokYukTable, kYukGaps)};
+}
+
+// Counts, those of the plates first, and parameters.
+const std::vector<Region> &Values() {
+    static const std::vector<Region> values = [] {
+        std::vector<Region> made;
         for (int *count : {&PlakCount, &PanelCount, &MeshCount, &NoktaCount, &HamNoktaCount})
             made.push_back(ValueRegion(*count));
         for (double *parameter :
@@ -71,117 +79,165 @@ const std::vector<Region> &Regions() {
         made.push_back(ValueRegion(DonatiCaplari));
         return made;
     }();
-    return regions;
+    return values;
 }
 
 constexpr std::size_t kWord = sizeof(std::uint64_t);
 std::size_t WordsOf(std::size_t bytes) { return (bytes + kWord - 1) / kWord; }
 
-std::size_t FixedWords() {
-    static const std::size_t words = [] {
-        std::size_t sum = 0;
-        for (const Region &region : Regions())
-            sum += WordsOf(region.bytes.size());
-        return sum;
-    }();
-    return words;
+// Bytes of the region up to its last record that is not blank.
+std::size_t UsedBytes(const Region &region) {
+    static constexpr std::array<std::byte, 4096> blank{};
+    std::size_t used = region.bytes.size();
+    while (used > 0) {
+        const std::size_t piece = std::min(used, blank.size());
+        if (std::memcmp(region.bytes.data() + used - piece, blank.data(), piece) != 0)
+            break;
+        used -= piece;
+    }
+    while (used > 0 && region.bytes[used - 1] == std::byte{0})
+        --used;
+    return (used + region.record - 1) / region.record * region.record;
 }
 
-// Calls job(at, length) for each gap of the region's records.
+// Calls job(at, length) for each gap of the records in the first bytes of a region.
 template <class Job>
-void ForGaps(const Region &region, Job job) {
-    for (std::size_t record = 0; !region.gaps.empty() && record < region.bytes.size(); record += region.record)
+void ForGaps(const Region &region, std::size_t bytes, Job job) {
+    for (std::size_t record = 0; !region.gaps.empty() && record < bytes; record += region.record)
         for (const Gap gap : region.gaps)
             job(record + gap.at, gap.length);
+}
+
+void TakeBytes(ModelState::Words &words, const std::byte *from, std::size_t size) {
+    words.resize(WordsOf(size));
+    if (size == 0)
+        return;
+    words.back() = 0; // behind the last byte
+    std::memcpy(words.data(), from, size);
+}
+
+void CutBlanks(ModelState::Words &words) {
+    while (!words.empty() && words.back() == 0)
+        words.pop_back();
+}
+
+void TakeTable(ModelState::Words &words, const Region &table) {
+    const std::size_t used = UsedBytes(table);
+    TakeBytes(words, table.bytes.data(), used);
+    auto *to = reinterpret_cast<std::byte *>(words.data());
+    ForGaps(table, used, [to](std::size_t at, std::size_t length) { std::memset(to + at, 0, length); });
+    CutBlanks(words);
+}
+
+// Over what was there, blank records included.
+void PutTable(const ModelState::Words &words, const Region &table) {
+    const std::size_t kept = std::min(words.size() * kWord, table.bytes.size());
+    std::vector<std::byte> merged(std::max((kept + table.record - 1) / table.record * table.record, UsedBytes(table)));
+    std::copy_n(reinterpret_cast<const std::byte *>(words.data()), kept, merged.begin());
+    ForGaps(table, merged.size(), [&](std::size_t at, std::size_t length) {
+        std::memcpy(merged.data() + at, table.bytes.data() + at, length);
+    });
+    std::copy(merged.begin(), merged.end(), table.bytes.begin());
+}
+
+// The title has its length in the first word.
+void TakeTitle(ModelState::Words &words) {
+    TakeBytes(words, reinterpret_cast<const std::byte *>(ProjeIsmi.data()), ProjeIsmi.size());
+    words.insert(words.begin(), ProjeIsmi.size());
+    CutBlanks(words);
+}
+
+void PutTitle(ModelState::Words words) {
+    const std::size_t length = words.empty() ? 0 : words[0];
+    words.resize(1 + WordsOf(length));
+    ProjeIsmi.assign(reinterpret_cast<const char *>(words.data() + 1), length);
 }
 
 } // namespace
 
 void ModelState::take() {
-    words_.resize(FixedWords() + 1 + WordsOf(ProjeIsmi.size()));
-    auto *to = reinterpret_cast<std::byte *>(words_.data());
-    for (const Region &region : Regions()) {
-        std::memset(to + (WordsOf(region.bytes.size()) - 1) * kWord, 0, kWord); // the rest of the last word
-        std::memcpy(to, region.bytes.data(), region.bytes.size());
-        ForGaps(region, [to](std::size_t at, std::size_t length) { std::memset(to + at, 0, length); });
-        to += WordsOf(region.bytes.size()) * kWord;
+    const auto tables = Tables();
+    for (std::size_t k = 0; k < kTables; ++k)
+        TakeTable(parts_[k], tables[k]);
+    Words &values = parts_[kValues];
+    values.clear();
+    for (const Region &value : Values()) {
+        values.resize(values.size() + WordsOf(value.bytes.size()), 0);
+        std::memcpy(&values[values.size() - WordsOf(value.bytes.size())], value.bytes.data(), value.bytes.size());
     }
-    words_[FixedWords()] = ProjeIsmi.size();
-    if (!ProjeIsmi.empty()) {
-        words_.back() = 0;
-        std::memcpy(to + kWord, ProjeIsmi.data(), ProjeIsmi.size());
-    }
+    TakeTitle(parts_[kTitle]);
 }
 
 void ModelState::put() const {
-    if (words_.empty())
+    if (parts_[kValues].empty())
         return;
-    const auto *from = reinterpret_cast<const std::byte *>(words_.data());
-    std::vector<std::byte> merged;
-    for (const Region &region : Regions()) {
-        merged.assign(from, from + region.bytes.size());
-        ForGaps(region, [&](std::size_t at, std::size_t length) {
-            std::memcpy(merged.data() + at, region.bytes.data() + at, length);
-        });
-        std::memcpy(region.bytes.data(), merged.data(), merged.size());
-        from += WordsOf(region.bytes.size()) * kWord;
+    const auto tables = Tables();
+    for (std::size_t k = 0; k < kTables; ++k)
+        PutTable(parts_[k], tables[k]);
+    const std::uint64_t *from = parts_[kValues].data();
+    for (const Region &value : Values()) {
+        std::memcpy(value.bytes.data(), from, value.bytes.size());
+        from += WordsOf(value.bytes.size());
     }
-    const std::size_t length = words_[FixedWords()];
-    ProjeIsmi.assign(reinterpret_cast<const char *>(from + kWord), length);
+    PutTitle(parts_[kTitle]);
 }
-
-// Words of the first tables of Regions().
-static std::size_t WordsOfTables(std::size_t count) {
-    std::size_t words = 0;
-    for (std::size_t k = 0; k < count; ++k)
-        words += WordsOf(Regions()[k].bytes.size());
-    return words;
-}
-
-static bool Same(const ModelState &a, const ModelState &b, std::size_t first, std::size_t last) {
-    return std::equal(a.words().begin() + static_cast<std::ptrdiff_t>(first),
-                      a.words().begin() + static_cast<std::ptrdiff_t>(last),
-                      b.words().begin() + static_cast<std::ptrdiff_t>(first));
-}
-
-static constexpr std::size_t kPlateTables = 2, kMeshTables = 4, kTables = 5, kPlateCounts = 7; // of Regions()
 
 bool ModelState::samePlates(const ModelState &other) const {
-    return Same(*this, other, 0, WordsOfTables(kPlateTables)) &&
-           Same(*this, other, WordsOfTables(kTables), WordsOfTables(kPlateCounts));
+    constexpr std::ptrdiff_t kPlateCounts = 2;
+    const Words &values = parts_[kValues], &others = other.parts_[kValues];
+    return parts_[0] == other.parts_[0] && parts_[1] == other.parts_[1] && values.empty() == others.empty() &&
+           (values.empty() || std::equal(values.begin(), values.begin() + kPlateCounts, others.begin()));
 }
 
 bool ModelState::sameMesh(const ModelState &other) const {
-    return Same(*this, other, WordsOfTables(kPlateTables), WordsOfTables(kMeshTables));
+    return parts_[2] == other.parts_[2] && parts_[3] == other.parts_[3];
 }
 
-ModelDifference::ModelDifference(const ModelState &from, const ModelState &to)
-    : fromSize_(from.words().size()), toSize_(to.words().size()) {
-    const auto at = [](const ModelState::Words &words, std::size_t k) { return k < words.size() ? words[k] : 0; };
-    const std::size_t size = std::max(fromSize_, toSize_);
-    for (std::size_t k = 0; k < size; ++k) {
-        const std::uint64_t change = at(from.words(), k) ^ at(to.words(), k);
-        if (change == 0)
+namespace {
+
+std::uint64_t WordAt(const ModelState::Words &words, std::size_t k) { return k < words.size() ? words[k] : 0; }
+
+} // namespace
+
+ModelDifference::ModelDifference(const ModelState &from, const ModelState &to) {
+    for (std::size_t no = 0; no < ModelState::kParts; ++no) {
+        const ModelState::Words &a = from.part(no), &b = to.part(no);
+        if (a == b)
             continue;
-        if (runs_.empty() || runs_.back().first + runs_.back().length != k)
-            runs_.push_back({static_cast<std::uint32_t>(k), 0});
-        ++runs_.back().length;
-        words_.push_back(change);
+        Part part{no, a.size(), b.size(), {}, {}};
+        for (std::size_t k = 0; k < std::max(a.size(), b.size()); ++k) {
+            const std::uint64_t change = WordAt(a, k) ^ WordAt(b, k);
+            if (change == 0)
+                continue;
+            if (part.runs.empty() || part.runs.back().first + part.runs.back().length != k)
+                part.runs.push_back({static_cast<std::uint32_t>(k), 0});
+            ++part.runs.back().length;
+            part.words.push_back(change);
+        }
+        part.runs.shrink_to_fit();
+        part.words.shrink_to_fit();
+        parts_.push_back(std::move(part));
     }
-    runs_.shrink_to_fit();
-    words_.shrink_to_fit();
 }
 
 void ModelDifference::apply(ModelState &state) const {
-    ModelState::Words words = state.words();
-    const std::size_t size = words.size() == fromSize_ ? toSize_ : fromSize_;
-    words.resize(std::max(fromSize_, toSize_), 0);
-    std::size_t taken = 0;
-    for (const Run run : runs_)
-        for (std::uint32_t k = 0; k < run.length; ++k)
-            words[run.first + k] ^= words_[taken++];
-    words.resize(size);
-    state.set(std::move(words));
+    for (const Part &part : parts_) {
+        ModelState::Words &words = state.part(part.no);
+        const std::size_t size = words.size() == part.fromSize ? part.toSize : part.fromSize;
+        words.resize(std::max(part.fromSize, part.toSize), 0);
+        std::size_t taken = 0;
+        for (const Run run : part.runs)
+            for (std::uint32_t k = 0; k < run.length; ++k)
+                words[run.first + k] ^= part.words[taken++];
+        words.resize(size);
+    }
+}
+
+std::size_t ModelDifference::bytes() const {
+    std::size_t sum = 0;
+    for (const Part &part : parts_)
+        sum += sizeof(Part) + part.runs.size() * sizeof(Run) + part.words.size() * sizeof(std::uint64_t);
+    return sum;
 }
 
 } // namespace havuz
