@@ -33,7 +33,19 @@ bool ModelHistory::differs() const {
     return !(now == state_);
 }
 
-bool ModelHistory::changed() const { return file_ == nullptr || ProjectText() != *file_; }
+// A step that is taken back and made again asks for the same two states.
+bool ModelHistory::changed() const {
+    if (file_ == nullptr)
+        return true;
+    ModelState now;
+    now.take();
+    for (const Compared &known : compared_)
+        if (known.file == file_ && known.state == now)
+            return known.changed;
+    std::swap(compared_[0], compared_[1]);
+    compared_[0] = {file_, std::move(now), ProjectText() != *file_};
+    return compared_[0].changed;
+}
 
 std::size_t ModelHistory::bytes() const {
     return std::accumulate(steps_.begin(), steps_.end(), std::size_t{0},

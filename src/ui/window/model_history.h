@@ -4,6 +4,7 @@
 
 #include "ui/window/model_state.h"
 
+#include <array>
 #include <deque>
 #include <memory>
 #include <string>
@@ -57,12 +58,18 @@ private:
         ProjectNames other = {};
         FileText otherFile = {};
     };
+    struct Compared {
+        FileText file;
+        ModelState state;
+        bool changed = false;
+    };
     void cross(Step &step);
     void forgetOldest();
 
     ModelState state_; // at the last step
     ProjectNames names_;
     FileText file_, fileAtStep_;
+    mutable std::array<Compared, 2> compared_; // with the file, the last first
     std::deque<Step> steps_;
     std::size_t at_ = 0; // steps that are not taken back
 };
