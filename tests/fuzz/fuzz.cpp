@@ -80,6 +80,7 @@ const std::vector<Target> &Targets() {
         {"project_structure", ProjectStructure, {"examples"}},
         {"option_files", OptionFiles, {"programdir"}},
         {"script_text", ScriptText, {"examples"}},
+        {"window_session", WindowSession, {}, WindowSessionsTold},
     };
     return targets;
 }

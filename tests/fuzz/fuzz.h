@@ -14,11 +14,15 @@ void ProjectBytes(const std::uint8_t *data, std::size_t size);     // a project 
 void ProjectStructure(const std::uint8_t *data, std::size_t size); // a project file whose lines are in order
 void OptionFiles(const std::uint8_t *data, std::size_t size);      // first byte: which file of the program directory
 void ScriptText(const std::uint8_t *data, std::size_t size);       // a script on the headless window
+void WindowSession(const std::uint8_t *data, std::size_t size);    // acts of a person, each taken back and made again
+
+std::string WindowSessionsTold(); // counts of all sessions so far
 
 struct Target {
     const char *name;
     void (*run)(const std::uint8_t *, std::size_t);
-    std::vector<std::string> seeds; // files and folders under the source directory
+    std::vector<std::string> seeds;  // files and folders under the source directory; none: random bytes
+    std::string (*told)() = nullptr; // what the inputs did, beside their number
 };
 const std::vector<Target> &Targets();
 

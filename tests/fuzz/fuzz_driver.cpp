@@ -26,7 +26,8 @@ namespace {
 
 constexpr long kLongestRun = 20;       // s of work
 constexpr unsigned kLongestWait = 300; // s, on a busy machine
-constexpr std::size_t kLongestInput = 20000;
+constexpr std::size_t kLongestInput = 20000, kLongestSession = 3000;
+constexpr long kPerSession = 10; // inputs of files that one session counts as
 
 // For the signal handler: the input at hand and where to leave it.
 const std::uint8_t *current = nullptr;
@@ -56,7 +57,8 @@ std::vector<std::string> SeedsOf(const Target &target) {
     for (const std::string &path : paths)
         if (const std::string bytes = BytesOf(path); bytes.size() <= kLongestInput)
             seeds.push_back(bytes);
-    seeds.emplace_back(512, '\0');
+    if (!target.seeds.empty())
+        seeds.emplace_back(512, '\0');
     return seeds;
 }
 
@@ -66,6 +68,8 @@ public:
     std::size_t below(std::size_t n) { return n == 0 ? 0 : random_() % n; }
 
     std::string from(const std::vector<std::string> &seeds) {
+        if (seeds.empty())
+            return bytes(below(kLongestSession));
         std::string input = seeds[below(seeds.size())];
         for (std::size_t times = 1 + below(8); times > 0; --times)
             change(input, seeds);
@@ -74,6 +78,13 @@ public:
     }
 
 private:
+    std::string bytes(std::size_t size) {
+        std::string s(size, '\0');
+        for (char &c : s)
+            c = static_cast<char>(random_());
+        return s;
+    }
+
     void change(std::string &s, const std::vector<std::string> &seeds) {
         static constexpr std::array words = {"0", "-1",   "32768", "1E+39", "1E-50", "nan",
                                              ",", "\r\n", "\"",    "5001",  "",      "99999999"};
@@ -137,7 +148,7 @@ void Run(const Target &target, const Arguments &a, const std::string &folder) {
         Mutator mutator(a.seed);
         for (const std::string &seed : seeds)
             RunOne(target, seed);
-        for (; count < a.inputs; ++count)
+        for (const long inputs = seeds.empty() ? a.inputs / kPerSession : a.inputs; count < inputs; ++count)
             RunOne(target, mutator.from(seeds));
     }
     for (const std::string &file : a.files) {
@@ -145,7 +156,8 @@ void Run(const Target &target, const Arguments &a, const std::string &folder) {
         ++count;
     }
     const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
-    std::printf("%-18s %8ld inputs in %.1f s\n", target.name, count, seconds.count());
+    const std::string told = target.told == nullptr ? "" : ": " + target.told();
+    std::printf("%-18s %8ld inputs in %.1f s%s\n", target.name, count, seconds.count(), told.c_str());
     std::fflush(stdout);
 }
 

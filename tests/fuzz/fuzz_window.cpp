@@ -1,5 +1,7 @@
-#include "fuzz/window_session.h"
-
+// A window session out of bytes: each few of them become an act of a person on the headless window - a click, a text, a
+// key, the pointer, a file - on whatever can be reached then.
+#include "fuzz/fuzz.h"
+#include "mesh/polygon_pool.h"
 #include "model/failure.h"
 #include "model/options.h"
 #include "model/project_file.h"
@@ -17,11 +19,16 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <random>
 #include <vector>
 
-namespace havuz {
+namespace havuz::fuzz {
 
 namespace {
+
+struct Totals {
+    long acts = 0, failures = 0, steps = 0, ends = 0;
+} totals;
 
 class Bytes {
 public:
@@ -37,32 +44,50 @@ private:
 constexpr const char *kTexts[] = {"",    "0",     "1",     "2",   "-1",    "0.5", "2,5",   "5",      "12",  "30",
                                   "400", "41858", "99999", "1e6", "-1e39", "abc", "1e300", "Depo 1", "a/b", "3.0"};
 
+struct Project {
+    std::string name, text;
+};
+
+std::string PolygonPoolText() {
+    ResetAll();
+    BuildPolygonPool({{{0, 0}, {8, 0}, {8, 5}, {4, 7}, {0, 5}}, 30, 40, 3, 0});
+    return ProjectText();
+}
+
+const std::vector<Project> &Projects() {
+    static const std::string examples = std::string(HAVUZ_SOURCE_DIR) + "/examples/";
+    static const std::vector<Project> projects = {{"sample_pool.POL", ReadBytes(examples + "sample_pool.POL")},
+                                                  {"circular_pool.POL", ReadBytes(examples + "circular_pool.POL")},
+                                                  {"polygon.POL", PolygonPoolText()},
+                                                  {"yok.POL", ""}};
+    return projects;
+}
+
 class Session {
 public:
     Session(const std::uint8_t *bytes, std::size_t size) : bytes_(bytes, size) {
-        ResetStore();
-        std::filesystem::copy_file(std::string(HAVUZ_SOURCE_DIR) + "/examples/sample_pool.POL",
-                                   folder_.file("sample_pool.POL"));
+        Projects();
+        ResetAll();
         main_ = std::make_unique<MainWindow>(window_, "havuz");
         main_->Start("");
         start_ = now();
         before_ = start_;
     }
 
-    SessionReport play() {
+    void play() {
         try {
-            while (!bytes_.over() && report_.broken.empty()) {
+            while (!bytes_.over()) {
                 act();
-                ++report_.acts;
+                ++acts_;
+                ++totals.acts;
                 check();
             }
-            if (report_.broken.empty())
-                takeAllBack();
+            takeAllBack();
         } catch (const ProgramEnd &end) {
             if (end.status != 0 || !mayEnd_)
-                report_.broken = "the program ended with " + std::to_string(end.status);
+                breakWith("the program ended with " + std::to_string(end.status));
+            ++totals.ends;
         }
-        return report_;
     }
 
 private:
@@ -101,15 +126,17 @@ private:
         }
     }
 
+    // One that holds, each as likely as the other.
     template <class Holds>
     std::optional<Element> some(Holds holds) {
-        std::vector<Element> found;
-        for (const Element element : window_.elements())
-            if (window_.reachable(element) && holds(element))
-                found.push_back(element);
-        if (found.empty())
-            return {};
-        return found[static_cast<std::size_t>(bytes_.below(static_cast<int>(found.size())))];
+        const std::vector<Element> elements = window_.elements();
+        std::minstd_rand pick(static_cast<unsigned>(bytes_.below(1 << 16)) + 1);
+        for (std::size_t tries = 0; tries < 2 * elements.size(); ++tries) {
+            const Element element = elements[pick() % elements.size()];
+            if (window_.formReachable(element.form) && holds(element) && window_.reachable(element))
+                return element;
+        }
+        return {};
     }
 
     // The analysis of a whole model, the results and the end confirmation end the program, as they say.
@@ -136,10 +163,15 @@ private:
         try {
             if (what == 0 && NoktaCount > 0)
                 return NodePixels(1 + bytes_.below(NoktaCount));
-            if (what == 1 && PanelCount > 0) {
+            if (what == 1 && PanelCount > 0 && (PlakCount == 0 || bytes_.below(2) == 0)) {
                 const PanelRecord &panel = PanelTable[1 + bytes_.below(PanelCount)];
                 const int k = 1 + bytes_.below(4);
                 return PlateScreen(panel.X[k], panel.Y[k], panel.Z[k]);
+            }
+            if (what == 1 && PlakCount > 0) {
+                const PlakRecord &plak = PlakTable[1 + bytes_.below(PlakCount)];
+                const int k = 1 + bytes_.below(plak.NoktaSayisi);
+                return PlateScreen(plak.X[k], plak.Y[k], plak.Z[k]);
             }
             if (what == 2 && PanelCount > 0) {
                 const PanelRecord &panel = PanelTable[1 + bytes_.below(PanelCount)];
@@ -181,30 +213,33 @@ private:
             window_.Choose(*list, bytes_.below(static_cast<int>(window_.state(*list).items.size())));
     }
 
+    // A project, put into the session's own folder, or one that is not there.
     void openSomething() {
-        static constexpr const char *kProjects[] = {"sample_pool", "yok"};
-        const char *name = kProjects[bytes_.below(static_cast<int>(std::size(kProjects)))];
-        window_.OpenFile(folder_.file(name + std::string(".POL")));
+        const Project &project = Projects()[static_cast<std::size_t>(bytes_.below(4))];
+        const std::string file = folder_.file(project.name);
+        if (!project.text.empty() && !std::filesystem::exists(file))
+            WriteBytes(file, project.text);
+        window_.OpenFile(file);
     }
 
     void check() {
         const ModelHistory &history = steps().history();
         const std::string failure = steps().takeFailure();
-        report_.failures += failure.empty() ? 0 : 1;
+        totals.failures += failure.empty() ? 0 : 1;
         if (steps().underWay()) {
             open_ = true;
             return;
         }
         const ModelState after = now();
         if (!(after == history.state()))
-            return breakWith("the model is not that of the last step");
+            breakWith("the model is not that of the last step");
         if (!failure.empty() && !open_ && !(after == before_))
-            return breakWith("a command that failed changed the model: " + failure);
+            breakWith("a command that failed changed the model: " + failure);
         open_ = false;
         before_ = after;
         if (!history.canUndo() || !window_.reachable(kUndoButton))
             return;
-        ++report_.steps;
+        ++totals.steps;
         window_.Click(kUndoButton);
         window_.Click(kRedoButton);
         if (!(now() == after))
@@ -221,8 +256,8 @@ private:
             breakWith("all steps taken back do not give the start");
     }
 
-    void breakWith(const std::string &what) {
-        report_.broken = what + " (act " + std::to_string(report_.acts) + ", " + window_.Text(kAltnot) + ")";
+    [[noreturn]] void breakWith(const std::string &what) {
+        Broken(what + " (act " + std::to_string(acts_) + ", " + window_.Text(kAltnot) + ")");
     }
 
     Bytes bytes_;
@@ -231,12 +266,24 @@ private:
     HeadlessWindow window_{surface_};
     std::unique_ptr<MainWindow> main_;
     ModelState start_, before_;
-    SessionReport report_;
+    long acts_ = 0;
     bool mayEnd_ = false, open_ = false;
 };
 
 } // namespace
 
-SessionReport PlaySession(const std::uint8_t *bytes, std::size_t size) { return Session(bytes, size).play(); }
+// Held after every act: the model is that of the last step unless a dialog, a table or a drag is open; a step taken
+// back and made again gives the model after it to the byte. At the end all steps are taken back, and the model must be
+// that of the start. No act may end the program but those that say so.
+void WindowSession(const std::uint8_t *data, std::size_t size) {
+    Sandbox();
+    Session(data, size).play();
+}
 
-} // namespace havuz
+std::string WindowSessionsTold() {
+    return std::to_string(totals.acts) + " acts, " + std::to_string(totals.failures) +
+           " that failed and changed nothing, " + std::to_string(totals.steps) + " steps taken back, " +
+           std::to_string(totals.ends) + " ends as asked for";
+}
+
+} // namespace havuz::fuzz
