@@ -1,61 +1,13 @@
 // The program itself as a process on the display: its start, its record, its single instance, its ends.
 #include "hand_models.h"
-#include "model/project_file.h"
-#include "program_folder.h"
-#include "support.h"
-#include "window_desk.h"
+#include "window_machine.h"
 #include "x_hand.h"
 
-#include <QElapsedTimer>
 #include <QImage>
-#include <QProcess>
-#include <QThread>
-#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 
 namespace havuz {
-
-namespace {
-
-constexpr int kWhile = 8000; // ms
-
-// A program folder and a home of the process's own.
-struct Machine {
-    ProgramFolder program;
-    TemporaryFolder home;
-
-    std::unique_ptr<QProcess> start(const QStringList &arguments, const QStringList &without = {}) const {
-        auto process = std::make_unique<QProcess>();
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR", "XDG_STATE_HOME"})
-            environment.insert(name, QString::fromStdString(home.path()));
-        for (const QString &name : without)
-            environment.remove(name);
-        process->setProcessEnvironment(environment);
-        process->setWorkingDirectory(QString::fromStdString(home.path()));
-        process->start(HAVUZ, arguments);
-        return process;
-    }
-};
-
-// Status of the end, -1 when it does not come.
-int StatusOf(QProcess &process) {
-    return process.waitForFinished(kWhile) && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-}
-
-bool Comes(const std::function<bool()> &holds) {
-    QElapsedTimer clock;
-    clock.start();
-    while (!holds()) {
-        if (clock.elapsed() > kWhile)
-            return false;
-        QThread::msleep(20);
-    }
-    return true;
-}
-
-} // namespace
 
 // The keyboard alone: a project is opened, a dialog opens and closes, the record tells of it and plays again.
 TEST(program, RecordsWhatIsDoneAndOneInstanceRuns) {
@@ -80,7 +32,7 @@ TEST(program, RecordsWhatIsDoneAndOneInstanceRuns) {
     ASSERT_TRUE(written("key BILGI Tex Enter\n"));
     EXPECT_TRUE(Comes([&] { return std::filesystem::exists(machine.program.file("VEK9DATA/YENI.POL")); }));
     process->terminate();
-    process->waitForFinished(kWhile);
+    process->waitForFinished(kPatience);
 
     QProcess replay;
     replay.setWorkingDirectory(QString::fromStdString(machine.home.path()));
@@ -134,7 +86,7 @@ TEST(program, TakesBackByKeysAndLeavesItsWorkToTheNextStart) {
         EXPECT_TRUE(written("key KURTAR Kopya Enter\n")) << ReadBytes(record);
         EXPECT_TRUE(Comes([&] { return copies() == 1; }));
         next->terminate();
-        next->waitForFinished(kWhile);
+        next->waitForFinished(kPatience);
     }
 }
 
