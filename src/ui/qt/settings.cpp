@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QSettings>
 
 namespace havuz {
@@ -9,7 +10,17 @@ namespace havuz {
 static const QString kPlace = QStringLiteral("pencere"), kRecent = QStringLiteral("projeler"),
                      kSound = QStringLiteral("tutarli");
 
+// A program that is killed while it writes them may leave their lock without its name in it; QSettings would wait 30 s
+// for that one to go stale. A lock that a living program holds stays.
+static bool TakeOverLock(const QString &file) {
+    QLockFile lock(file + QStringLiteral(".lock"));
+    lock.setStaleLockTime(1000); // ms
+    return lock.tryLock(3000);
+}
+
 static QSettings Kept() {
+    QSettings kept(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("havuz"), QStringLiteral("havuz"));
+    [[maybe_unused]] static const bool free = TakeOverLock(kept.fileName());
     return QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("havuz"), QStringLiteral("havuz"));
 }
 
