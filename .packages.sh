@@ -1,7 +1,7 @@
 # The Debian packages that ./run and ./test need, installed when one is missing. Sourced by both.
 
 packages_build="g++ cmake ninja-build libcli11-dev libeigen3-dev nlohmann-json3-dev qt6-base-dev qt6-svg-dev qt6-translations-l10n cmark-gfm fonts-dejavu-core"
-packages_test="clang-format libgtest-dev libxtst-dev xvfb"
+packages_test="clang-format libgtest-dev libxtst-dev libsm-dev xvfb"
 
 # install_packages NAME...: says what it does; uses sudo when the user is not root.
 install_packages() {

@@ -1,5 +1,7 @@
 // The program itself as a process on the display: its start, its record, its single instance, its ends.
 #include "hand_models.h"
+#include "session_manager.h"
+#include "ui/window/recovery.h"
 #include "window_machine.h"
 #include "x_hand.h"
 
@@ -78,6 +80,7 @@ TEST(program, TakesBackByKeysAndLeavesItsWorkToTheNextStart) {
         EXPECT_EQ(StatusOf(*process), killed ? -1 : 128 + 15);
         EXPECT_EQ(copies(), 1);
         std::filesystem::remove(record);
+        WriteBytes(machine.home.file("havuz/havuz.ini.lock"), ""); // of settings that it was just writing
         const auto next = machine.start({"--record", QString::fromStdString(record)});
         ASSERT_TRUE(written("# no project\nsurface 1010 600\n"));
         ASSERT_TRUE(Comes([] { return hand::FocusWindow() != 0; }));
@@ -88,6 +91,35 @@ TEST(program, TakesBackByKeysAndLeavesItsWorkToTheNextStart) {
         next->terminate();
         next->waitForFinished(kPatience);
     }
+}
+
+// A desktop's session manager logs the person out: the work is kept when it asks to save, and the program goes when it
+// asks to go, with no confirmation.
+TEST(program, LeavesItsWorkWhenThePersonLogsOut) {
+    const Machine machine;
+    const std::string project = machine.home.file("P.POL"), record = machine.home.file("kayit.txt");
+    std::filesystem::copy_file(std::string(HAVUZ_SOURCE_DIR) + "/examples/sample_pool.POL", project);
+    SessionManager manager;
+    const auto process = machine.start({QString::fromStdString(project), "--record", QString::fromStdString(record)});
+    ASSERT_TRUE(manager.serveUntil([&] { return manager.hasClient() && manager.saved(); }));
+    ASSERT_TRUE(manager.serveUntil([] { return hand::FocusWindow() != 0; }));
+    ASSERT_TRUE(manager.serveUntil([&] {
+        hand::Key("n", true);
+        return ReadBytes(record).find("click MAIN ChkButton 9\n") != std::string::npos;
+    }));
+    manager.askToSave();
+    ASSERT_TRUE(manager.serveUntil([&] { return manager.saved(); }));
+    const Recovery next(machine.home.file("havuz"));
+    EXPECT_TRUE(next.left().empty()) << "the program lives";
+    manager.askToGo();
+    ASSERT_TRUE(manager.serveUntil([&] {
+        process->waitForFinished(1);
+        return process->state() == QProcess::NotRunning;
+    }));
+    EXPECT_EQ(process->exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process->exitCode(), 0);
+    ASSERT_EQ(next.left().size(), 1U);
+    EXPECT_EQ(next.left()[0].reason, "OTURUM SONU");
 }
 
 TEST(program, AStartThatFailsEndsWithOneLineAndStatusOne) {

@@ -2,6 +2,7 @@
 
 #include "model/failure.h"
 #include "model/working_directory.h"
+#include "ui/qt/logout_watch.h"
 #include "ui/qt/qt_window.h"
 #include "ui/qt/settings.h"
 #include "ui/qt/signal_watch.h"
@@ -92,6 +93,9 @@ int RunDesktop(int &argc, char **argv, const std::string &executable, const Desk
     main.recovery = std::make_unique<Recovery>(Recovery::UsualDirectory());
     const SignalWatch watch(
         [&](int signal) { window.endSoon([&main, signal] { main.EndFor(SignalName(signal), 128 + signal); }); });
+    const LogoutWatch logout(
+        application, [&] { main.KeepForNextStart("OTURUM SONU"); },
+        [&] { window.endSoon([&main] { main.EndFor("OTURUM SONU", 0); }); });
     const bool opens = options.open && !options.project.empty();
     window.handle([&] {
         main.Start(opens ? "" : CommandLine(options.project));

@@ -43,7 +43,7 @@ MainWindow::MainWindow(Window &platform, std::string executable)
         window.MakeForm({form->name(), form->row().caption, form->fields(), form->row().kind});
     window.ShowForm(kMain, {}, Modality::Modeless, false);
     steps().afterStep = [this] { showSteps(); };
-    steps().atEnd = [this](const std::string &command) { keepForNextStart(command); };
+    steps().atEnd = [this](const std::string &command) { KeepForNextStart(command); };
 }
 
 void MainWindow::OpenAtStart(const std::string &path) {
@@ -85,7 +85,7 @@ void MainWindow::keepCopy() {
     recovery->keepLater();
 }
 
-void MainWindow::keepForNextStart(const std::string &reason) {
+void MainWindow::KeepForNextStart(const std::string &reason) {
     if (recovery == nullptr)
         return;
     if (!steps().changed())
@@ -98,7 +98,7 @@ void MainWindow::keepForNextStart(const std::string &reason) {
 }
 
 void MainWindow::EndFor(const std::string &reason, int status) {
-    keepForNextStart(reason);
+    KeepForNextStart(reason);
     EndProgram(status);
 }
 

@@ -30,6 +30,8 @@ public:
     void Start(const std::string &commandLine);
     // Reads a project as the open dialog does; there is no step behind it.
     void OpenAtStart(const std::string &path);
+    // Unsaved work into this session's recovery copy, with the reason, at once.
+    void KeepForNextStart(const std::string &reason);
     // Ends the program: unsaved work is kept for the next start, with the reason.
     [[noreturn]] void EndFor(const std::string &reason, int status);
 
@@ -111,7 +113,6 @@ public:
 private:
     void showSteps();
     void keepCopy();
-    void keepForNextStart(const std::string &reason);
 
     std::chrono::steady_clock::time_point lastStep_{}, lastCopy_{};
     bool uncopied_ = false, copied_ = false;        // steps that no copy has yet; one was made
