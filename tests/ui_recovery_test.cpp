@@ -101,9 +101,10 @@ TEST(Recovery, KilledSessionsAreOfferedOneByOneAndLiveOnesAreNot) {
     alive.keep("");
     WriteBytes(state.file("20200101-000000-1.POL.tmpAbCdEf"), "half");
     WriteBytes(state.file("baska.POL"), "no copy of ours");
+    WriteBytes(state.file("baska.txt"), "nor this");
     ASSERT_EQ(Recovery(state.path()).left().size(), 3U);
     EXPECT_FALSE(fs::exists(state.file("20200101-000000-1.POL.tmpAbCdEf")));
-    EXPECT_TRUE(fs::exists(state.file("baska.POL")));
+    EXPECT_TRUE(fs::exists(state.file("baska.POL")) && fs::exists(state.file("baska.txt")));
     Session next(state.path());
     EXPECT_EQ(next.desk.window.Items({"KURTAR", "Kopya", 0}).size(), 3U);
     next.desk.click({"KURTAR", "Sil", 0}); // one click throws away
@@ -113,6 +114,7 @@ TEST(Recovery, KilledSessionsAreOfferedOneByOneAndLiveOnesAreNot) {
     next.desk.window.OpenFile(next.desk.window.offered[1].path); // from the recent projects
     EXPECT_EQ(NoktaCount, 1);
     EXPECT_EQ(Recovery(state.path()).left().size(), 1U);
+    ASSERT_EQ(next.desk.window.offered.size(), 1U) << "the other one still is";
 }
 
 TEST(Recovery, AFileThatIsNoCopyAndAFullDiskAreTold) {

@@ -30,6 +30,14 @@ std::string Line(const RecoveryCopy &copy) {
            (copy.reason.empty() ? "program yarıda kesildi" : copy.reason);
 }
 
+// First in "Son projeler".
+void Offer(Workbench &bench, const std::vector<RecoveryCopy> &copies) {
+    std::vector<OfferedProject> offered;
+    for (const RecoveryCopy &copy : copies)
+        offered.push_back({copy.file, "KURTARMA: " + Line(copy)});
+    bench.window.OfferProjects(offered);
+}
+
 class RecoveryDialog : public Form {
 public:
     explicit RecoveryDialog(Workbench &owner) : Form(owner, "KURTAR") {}
@@ -62,14 +70,11 @@ private:
     void fill() {
         copies_ = bench.recovery->left();
         std::vector<std::string> lines;
-        std::vector<OfferedProject> offered;
-        for (const RecoveryCopy &copy : copies_) {
+        for (const RecoveryCopy &copy : copies_)
             lines.push_back(Line(copy));
-            offered.push_back({copy.file, "KURTARMA: " + lines.back()});
-        }
         window.SetItems(at("Kopya"), lines);
         window.SelectItem(at("Kopya"), lines.empty() ? -1 : 0);
-        window.OfferProjects(offered);
+        Offer(bench, copies_);
     }
 
     const RecoveryCopy *chosen() const {
@@ -78,8 +83,9 @@ private:
     }
 
     void confirm() override {
-        if (const RecoveryCopy *copy = chosen())
-            OpenRecovered(bench, copy->file);
+        const RecoveryCopy *copy = chosen();
+        if (copy != nullptr && !OpenRecovered(bench, copy->file))
+            bench.Prompt("KURTARMA KOPYASI ARTIK YOK"); // another session has taken it
         close();
     }
 
@@ -123,7 +129,7 @@ bool OpenRecovered(Workbench &bench, const std::string &file) {
     bench.steps().openedUnnamed();
     bench.recovery->keep("");
     Recovery::remove(*copy);
-    bench.window.OfferProjects({});
+    Offer(bench, bench.recovery->left());
     bench.Prompt("KURTARILDI: " + Line(*copy));
     return true;
 }

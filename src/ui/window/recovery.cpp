@@ -62,12 +62,12 @@ std::optional<std::array<std::string, 4>> LinesBehind(const std::string &text) {
     return lines;
 }
 
-// Whether the session is over: nobody holds its lock.
+// Whether the session is over: nobody holds its lock. Shared, so that looking keeps no other from looking.
 bool IsOver(const std::string &lock) {
     const int channel = open(lock.c_str(), O_RDWR | O_CLOEXEC);
     if (channel < 0)
         return errno == ENOENT;
-    const bool over = flock(channel, LOCK_EX | LOCK_NB) == 0;
+    const bool over = flock(channel, LOCK_SH | LOCK_NB) == 0;
     close(channel);
     return over;
 }
@@ -75,6 +75,23 @@ bool IsOver(const std::string &lock) {
 void Remove(const std::string &file) {
     std::error_code none;
     fs::remove(file, none);
+}
+
+// A lock that is new and held, -1 with errno otherwise. It comes to its name held already: a start that looks for
+// sessions that are over never finds it free.
+int TakeLock(const std::string &lock) {
+    const std::string fresh = fs::path(lock).parent_path() / (".lock" + std::to_string(getpid()));
+    const int channel = open(fresh.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (channel < 0)
+        return -1;
+    if (flock(channel, LOCK_EX | LOCK_NB) == 0 &&
+        renameat2(AT_FDCWD, fresh.c_str(), AT_FDCWD, lock.c_str(), RENAME_NOREPLACE) == 0)
+        return channel;
+    const int why = errno;
+    Remove(fresh);
+    close(channel);
+    errno = why;
+    return -1;
 }
 
 } // namespace
@@ -112,13 +129,12 @@ void Recovery::begin() {
         session_ = i == 1 ? name : name + "-" + std::to_string(i);
         if (fs::exists(stem() + kCopy, none))
             continue;
-        lock_ = open((stem() + kLock).c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        lock_ = TakeLock(stem() + kLock);
         if (lock_ < 0 && errno != EEXIST)
             break;
     }
     if (lock_ < 0)
         FailFile(Fault::CannotWrite, directory_, errno);
-    flock(lock_, LOCK_EX | LOCK_NB);
 }
 
 void Recovery::finishWriting() {
@@ -171,10 +187,10 @@ std::optional<RecoveryCopy> ReadRecoveryCopy(const std::string &file) {
 
 std::vector<RecoveryCopy> Recovery::left() const {
     std::set<std::string> stems;
-    std::vector<fs::path> files;
+    std::vector<std::string> files;
     std::error_code error;
     for (fs::directory_iterator it(directory_, error), end; !error && it != end; it.increment(error)) {
-        files.push_back(it->path());
+        files.push_back(it->path().string());
         const std::string name = it->path().filename().string();
         stems.insert(name.substr(0, name.find('.')));
     }
@@ -184,9 +200,9 @@ std::vector<RecoveryCopy> Recovery::left() const {
         if (session == session_ || session.empty() || !IsOver(own + kLock))
             continue;
         auto copy = ReadRecoveryCopy(own + kCopy);
-        for (const fs::path &file : files) // what it was writing when it was cut off, and its lock
-            if (file.string().rfind(own + ".", 0) == 0 && file.string() != own + kCopy)
-                Remove(file.string());
+        for (const std::string &file : files) // what it was writing when it was cut off, and its lock
+            if (file.rfind(own + kCopy + ".tmp", 0) == 0 || file == own + kLock)
+                Remove(file);
         if (copy)
             copies.push_back(std::move(*copy));
     }
