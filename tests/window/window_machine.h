@@ -13,7 +13,7 @@
 
 namespace havuz {
 
-inline constexpr int kPatience = 8000; // ms
+inline constexpr int kPatience = 20000; // ms, on a busy machine
 
 struct Machine {
     ProgramFolder program;
