@@ -161,11 +161,12 @@ TEST(ProjectFile, CountsAndNumbersThatLeaveTheirTables) {
     }
     const std::string head =
         "t\r\n0,1,2,0,1\r\n0,0,0,0,0,0,0\r\n0,0,0,0,0,0,0,0,0,0,0\r\n0,0,0,0\r\n0,0,0\r\n0,0,0\r\n";
-    std::string tooMany = head + "201,30\r\n";
+    const std::string endsBefore = head + "201,30\r\n"; // a model with it could not be saved
+    std::string tooMany = endsBefore;
     for (int k = 1; k <= 201; ++k)
         tooMany += "1,1,1,0\r\n";
     const std::string badLoad = head + "0,30\r\n0,0,0,0,0,0,0,0\r\n0,0,0,0,0,0,0,0\r\n5001,1,1,1\r\n";
-    for (const std::string &text : {tooMany, badLoad}) {
+    for (const std::string &text : {endsBefore, tooMany, badLoad}) {
         ResetAll();
         WriteBytes(folder.file("A.POL"), text);
         EXPECT_EQ(FailureOf([&] { LoadProject(folder.file("A.POL"), none); }).kind, Subscript);

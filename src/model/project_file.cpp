@@ -162,6 +162,8 @@ bool WalkPlak(Channel &c, int no) {
     c.number("NoktaSayisi", plak.NoktaSayisi);
     c.number("Kalinlik", plak.Kalinlik);
     c.endLine();
+    if (plak.NoktaSayisi > 0)
+        static_cast<void>(plak.X[plak.NoktaSayisi]); // refused though the file may end before that point
     for (int k = 1; k <= plak.NoktaSayisi; ++k) {
         if (!c.record(Thing::PlakTable, no))
             return false;

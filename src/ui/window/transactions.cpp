@@ -172,7 +172,8 @@ void Transactions::edit(Element element, const std::function<void()> &handler) {
             atEnd(command.name);
         throw;
     }
-    settle(command.name);
+    attempt(
+        command, [&] { settle(command.name); }, &before, &window);
 }
 
 void Transactions::look(Element element, const std::function<void()> &handler) {
