@@ -109,6 +109,11 @@ TEST(program, LeavesItsWorkWhenThePersonLogsOut) {
     }));
     manager.askToSave();
     ASSERT_TRUE(manager.serveUntil([&] { return manager.saved(); }));
+    std::string kept; // the work is on the disk before the manager hears of it
+    for (const auto &entry : std::filesystem::directory_iterator(machine.home.file("havuz")))
+        if (const auto copy = ReadRecoveryCopy(entry.path().string()))
+            kept += copy->reason;
+    EXPECT_EQ(kept, "OTURUM SONU");
     const Recovery next(machine.home.file("havuz"));
     EXPECT_TRUE(next.left().empty()) << "the program lives";
     manager.askToGo();
