@@ -1,7 +1,7 @@
 #include "ui/qt/small_font.h"
 
+#include <algorithm>
 #include <array>
-#include <cstring>
 
 namespace havuz {
 
@@ -106,13 +106,36 @@ static constexpr Glyph kGlyphs[] = {
 };
 // clang-format on
 
-static constexpr std::size_t kUnknown = std::size(kGlyphs) - 1;
+static constexpr std::size_t kGlyphCount = std::size(kGlyphs);
 
-const Glyph &GlyphOf(char character) {
-    const int place = character - kGlyphs[0].character;
-    return place >= 0 && place < static_cast<int>(kUnknown) ? kGlyphs[place] : kGlyphs[kUnknown];
+static constexpr std::array<GlyphPixels, kGlyphCount> AllPixels() {
+    std::array<GlyphPixels, kGlyphCount> all{};
+    for (std::size_t k = 0; k < kGlyphCount; ++k) {
+        std::size_t row = 0;
+        int column = 0;
+        for (const char *p = kGlyphs[k].rows; *p != '\0'; ++p) {
+            if (*p == ' ') {
+                column = 0;
+                ++row;
+                continue;
+            }
+            if (*p == '#')
+                all[k].row[row] = static_cast<std::uint8_t>(all[k].row[row] | 1U << column);
+            all[k].width = std::max(all[k].width, ++column);
+        }
+    }
+    return all;
 }
 
-int GlyphWidth(const Glyph &glyph) { return static_cast<int>(std::strcspn(glyph.rows, " ")); }
+static constexpr std::array<GlyphPixels, kGlyphCount> kPixels = AllPixels();
+
+static std::size_t PlaceOf(char character) {
+    const auto place = static_cast<std::size_t>(character - kGlyphs[0].character); // huge below the first
+    return std::min(place, kGlyphCount - 1);
+}
+
+const Glyph &GlyphOf(char character) { return kGlyphs[PlaceOf(character)]; }
+
+const GlyphPixels &PixelsOf(char character) { return kPixels[PlaceOf(character)]; }
 
 } // namespace havuz

@@ -2,8 +2,9 @@
 // is the same on every machine and needs no font of the system. Capitals are 7 pixels high; one row hangs below.
 #pragma once
 
-#include <span>
-#include <string>
+#include <array>
+#include <bit>
+#include <cstdint>
 #include <string_view>
 
 namespace havuz {
@@ -18,7 +19,12 @@ struct Glyph {
 // What is not in the font is drawn as a hollow box, one for each character of UTF-8.
 const Glyph &GlyphOf(char character);
 
-int GlyphWidth(const Glyph &glyph);
+// The pixels of a glyph: bit c of row r is column c.
+struct GlyphPixels {
+    int width = 0;
+    std::array<std::uint8_t, kGlyphRows> row{};
+};
+const GlyphPixels &PixelsOf(char character);
 
 // Calls put(column, row) for each pixel of the text, counted from its top left.
 template <class Put>
@@ -27,20 +33,11 @@ void ForEachTextPixel(std::string_view text, Put put) {
     for (const char c : text) {
         if ((static_cast<unsigned char>(c) & 0xC0U) == 0x80U)
             continue; // inside a character of UTF-8
-        const Glyph &glyph = GlyphOf(c);
-        int column = 0;
-        int row = 0;
-        for (const char *p = glyph.rows; *p != '\0'; ++p) {
-            if (*p == ' ') {
-                column = 0;
-                ++row;
-                continue;
-            }
-            if (*p == '#')
-                put(left + column, row);
-            ++column;
-        }
-        left += GlyphWidth(glyph) + 1;
+        const GlyphPixels &glyph = PixelsOf(c);
+        for (int row = 0; row < kGlyphRows; ++row)
+            for (unsigned bits = glyph.row[static_cast<std::size_t>(row)]; bits != 0; bits &= bits - 1)
+                put(left + std::countr_zero(bits), row);
+        left += glyph.width + 1;
     }
 }
 
