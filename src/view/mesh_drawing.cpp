@@ -23,16 +23,27 @@ namespace havuz {
 
 static bool Held(int node) { return HoldsTranslation(NoktaTable[node].Mesnet); }
 
-static std::array<ScreenPoint, 5> MeshRing(int mesh) {
-    const std::array<int, 4> n = MeshNodes(mesh);
-    std::array<ScreenPoint, 5> ring;
-    for (std::size_t k = 0; k < 4; ++k)
-        ring[k] = NodePixels(n[k]);
-    ring[4] = ring[0];
-    return ring;
-}
+using RingPlaces = std::array<ScreenPoint, 5>;
 
-static void DrawMesh(Surface &scr, int mesh, const std::array<ScreenPoint, 5> &ring, int fill) {
+// Where the nodes stand on the surface, each worked out once a drawing, when it is first asked for.
+class NodePlaces {
+public:
+    ScreenPoint of(int node) {
+        std::optional<ScreenPoint> &place = place_[static_cast<std::size_t>(node)];
+        if (!place)
+            place = NodePixels(node);
+        return *place;
+    }
+    RingPlaces ring(int mesh) {
+        const std::array<int, 4> n = MeshNodes(mesh);
+        return {of(n[0]), of(n[1]), of(n[2]), of(n[3]), of(n[0])};
+    }
+
+private:
+    std::vector<std::optional<ScreenPoint>> place_{static_cast<std::size_t>(NoktaCount) + 1};
+};
+
+static void DrawMesh(Surface &scr, int mesh, const RingPlaces &ring, int fill) {
     for (int k = 1; k <= 5; ++k)
         PutPoint(k, ring[static_cast<std::size_t>(k - 1)]);
     FillPolygon(scr, 5, kQbWhite, fill);
@@ -75,12 +86,12 @@ static void SortMeshes() {
 
 static int MeshFill(int owner) { return !OwnerIsPlate(owner) && PanelTable[owner].Tip != 0 ? kQbLightBlue : kQbBlue; }
 
-static void DrawMeshesRotated(Surface &scr) {
+static void DrawMeshesRotated(Surface &scr, NodePlaces &places) {
     for (int k = 1; k <= MeshCount; ++k) {
         const int mesh = MeshTable[k].Sira;
         if (IsSwitchedOff(MeshTable[mesh]) || !Drawable(mesh))
             continue;
-        const std::array<ScreenPoint, 5> ring = MeshRing(mesh);
+        const RingPlaces ring = places.ring(mesh);
         DrawMesh(scr, mesh, ring, MeshFill(MeshTable[mesh].PanelNo));
         for (std::size_t i = 0; i < 4; ++i)
             scr.Point(ToPixel(ring[i].x), ToPixel(ring[i].y), QbColour(kQbYellow));
@@ -95,9 +106,9 @@ static void DrawSupportTriangle(Surface &scr, ScreenPoint p) {
     DrawSide(scr, left, p, kQbLightMagenta);
 }
 
-static void DrawNodesRotated(Surface &scr, const std::optional<LoadCase> &result) {
+static void DrawNodesRotated(Surface &scr, NodePlaces &places, const std::optional<LoadCase> &result) {
     for (int i = 1; i <= NoktaCount; ++i) {
-        const ScreenPoint p = NodePixels(i);
+        const ScreenPoint p = places.of(i);
         if (Held(i))
             DrawSupportTriangle(scr, p);
         else
@@ -113,15 +124,15 @@ static void DrawNodesRotated(Surface &scr, const std::optional<LoadCase> &result
 
 // Plan view
 
-static void DrawMeshesPlan(Surface &scr) {
+static void DrawMeshesPlan(Surface &scr, NodePlaces &places) {
     for (int i = 1; i <= MeshCount; ++i)
         if (!IsSwitchedOff(MeshTable[i]) && Drawable(i))
-            DrawMesh(scr, i, MeshRing(i), kQbLightBlue);
+            DrawMesh(scr, i, places.ring(i), kQbLightBlue);
 }
 
-static void DrawNodesPlan(Surface &scr) {
+static void DrawNodesPlan(Surface &scr, NodePlaces &places) {
     for (int i = 1; i <= NoktaCount; ++i) {
-        const ScreenPoint p = NodePixels(i);
+        const ScreenPoint p = places.of(i);
         DrawNodeCircle(scr, p, Held(i) ? kQbLightMagenta : kQbYellow);
         DrawNumber(scr, i, p);
     }
@@ -158,15 +169,16 @@ void DrawMeshView(Surface &scr, ViewWindow &window) {
     const int result = ChosenResult(window);
     if (KeepZoom == 0)
         FitMeshView();
+    NodePlaces places;
     if (RotatedView()) {
         DrawAxisMark(scr); // sets the eye point
         SortMeshes();
-        DrawMeshesRotated(scr);
-        DrawNodesRotated(scr, result > 0 ? std::optional(CurrentLoadCase(result, window)) : std::nullopt);
+        DrawMeshesRotated(scr, places);
+        DrawNodesRotated(scr, places, result > 0 ? std::optional(CurrentLoadCase(result, window)) : std::nullopt);
     } else {
-        DrawMeshesPlan(scr);
+        DrawMeshesPlan(scr, places);
         if (NodesHidden == 0)
-            DrawNodesPlan(scr);
+            DrawNodesPlan(scr, places);
     }
     DrawAxisMark(scr);
 }
@@ -174,10 +186,11 @@ void DrawMeshView(Surface &scr, ViewWindow &window) {
 void QuickMeshOutline(Surface &scr) {
     scr.Clear();
     FitMeshView();
+    NodePlaces places;
     for (int i = 1; i <= MeshCount; ++i) {
         if (!Drawable(i))
             continue;
-        const std::array<ScreenPoint, 5> ring = MeshRing(i);
+        const RingPlaces ring = places.ring(i);
         for (std::size_t k = 0; k < 4; ++k)
             DrawSide(scr, ring[k], ring[k + 1], kQbWhite);
     }
