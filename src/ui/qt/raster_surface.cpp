@@ -1,84 +1,119 @@
 #include "ui/qt/raster_surface.h"
 
 #include "model/failure.h"
-#include "ui/qt/small_font.h"
+#include "model/workers.h"
+#include "ui/qt/band_painter.h"
 
 #include <QBuffer>
 #include <QImage>
 #include <QPainter>
-#include <QVarLengthArray>
 #include <algorithm>
-#include <cmath>
+#include <atomic>
+#include <numeric>
+#include <optional>
 
 namespace havuz {
 
-static QRgb Opaque(Colour colour) { return 0xFF000000U | colour.rgb; }
+namespace {
+
+constexpr int kBandRows = 32;             // of usual pictures: half a megabyte at most, which stays in a core's cache
+constexpr std::size_t kWorthBands = 500;  // fewer requests than these are painted as they come
+constexpr std::size_t kMostKept = 200000; // requests that wait to be painted
+
+} // namespace
 
 struct RasterSurface::Painting {
     int width, height;
-    double scale;
+    DisplayList list;
     QImage image;
-    QPainter painter; // open as long as the image: goes first
-    // what the painter holds now, to tell it only what changes
-    DrawMode mode = DrawMode::Copy;
-    Colour penColour, brushColour;
-    LineStyle penStyle = LineStyle::Solid;
-    FillStyle brushStyle = FillStyle::None;
-    int penWidth = 0;
 
-    Painting(int w, int h, double s)
-        : width(w), height(h), scale(s), image(toPicture(w), toPicture(h), QImage::Format_RGB32) {
+    Painting(int w, int h, double scale)
+        : width(w), height(h), list(w, h, scale), image(list.toPicture(w), list.toPicture(h), QImage::Format_RGB32) {
         if (image.isNull())
             throw RuntimeFailure({.fault = Fault::PictureTooLarge, .number = w, .bound = h});
-        painter.begin(&image);
-        painter.scale(scale, scale);
     }
-    int toPicture(int pixel) const { return static_cast<int>(std::lround(pixel * scale)); }
-    void takeMode(const PenState &pen);
-    void takePen(const PenState &pen, Colour colour);
-    void takeBrush(const PenState &pen);
-    void put(int x, int y, Colour colour);
+    DisplayList &ask() {
+        if (list.requests().size() >= kMostKept)
+            paint();
+        return list;
+    }
+    void paint();
+
+private:
+    using Run = std::span<const Request>;
+    void paintBands(Run run, bool clear, std::uint32_t *pixels);
 };
 
-void RasterSurface::Painting::takeMode(const PenState &pen) {
-    if (mode == pen.mode)
+// The requests of a run that touch each band, in their order.
+class Bands {
+public:
+    Bands(std::span<const Request> run, int rows)
+        : start_(static_cast<std::size_t>((rows + kBandRows - 1) / kBandRows) + 1, 0) {
+        forEach(run, [&](std::size_t band, std::size_t) { ++start_[band + 1]; });
+        std::partial_sum(start_.begin(), start_.end(), start_.begin());
+        request_.resize(start_.back());
+        std::vector<std::size_t> next = start_;
+        forEach(run, [&](std::size_t band, std::size_t no) { request_[next[band]++] = no; });
+    }
+    int count() const { return static_cast<int>(start_.size()) - 1; }
+    std::span<const std::size_t> of(int band) const {
+        const auto k = static_cast<std::size_t>(band);
+        return std::span(request_).subspan(start_[k], start_[k + 1] - start_[k]);
+    }
+
+private:
+    template <class Job>
+    static void forEach(std::span<const Request> run, Job job) {
+        for (std::size_t no = 0; no < run.size(); ++no)
+            for (int band = run[no].top / kBandRows; band <= (run[no].bottom - 1) / kBandRows; ++band)
+                job(static_cast<std::size_t>(band), no);
+    }
+    std::vector<std::size_t> start_, request_;
+};
+
+// Long runs of requests that bands leave as they are go by bands, the others as they come.
+void RasterSurface::Painting::paint() {
+    if (!list.cleared() && list.requests().empty())
         return;
-    mode = pen.mode;
-    painter.setCompositionMode(mode == DrawMode::Merge ? QPainter::RasterOp_SourceOrDestination
-                                                       : QPainter::CompositionMode_SourceOver);
+    auto *const pixels = reinterpret_cast<std::uint32_t *>(image.bits());
+    bool clear = list.cleared();
+    std::optional<BandPainter> whole; // kept between two runs by bands
+    Run left = list.requests();
+    while (clear || !left.empty()) {
+        const auto end = std::find_if(left.begin(), left.end(), [](const Request &r) { return !r.byBands; });
+        Run run = left.first(static_cast<std::size_t>(end - left.begin()));
+        if (run.size() >= kWorthBands) {
+            whole.reset();
+            paintBands(run, clear, pixels);
+        } else {
+            run = left.first(std::min(run.size() + 1, left.size()));
+            if (!whole)
+                whole.emplace(list, pixels, image.width(), image.height());
+            if (clear)
+                whole->clear();
+            for (const Request &request : run)
+                whole->paint(request);
+        }
+        clear = false;
+        left = left.subspan(run.size());
+    }
+    list.painted();
 }
 
-void RasterSurface::Painting::takePen(const PenState &pen, Colour colour) {
-    static constexpr Qt::PenStyle styles[] = {Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine,
-                                              Qt::DashDotDotLine};
-    takeMode(pen);
-    if (penWidth == pen.lineWidth && penColour == colour && penStyle == pen.lineStyle)
-        return;
-    penWidth = pen.lineWidth;
-    penColour = colour;
-    penStyle = pen.lineStyle;
-    // one pixel as the thinnest pen there is, which the painter draws fastest
-    painter.setPen(
-        QPen(QColor(Opaque(colour)), penWidth > 1 || scale > 1.0 ? penWidth : 0, styles[static_cast<int>(penStyle)]));
-}
-
-void RasterSurface::Painting::takeBrush(const PenState &pen) {
-    static constexpr Qt::BrushStyle styles[] = {Qt::SolidPattern, Qt::NoBrush,         Qt::HorPattern,
-                                                Qt::VerPattern,   Qt::BDiagPattern,    Qt::FDiagPattern,
-                                                Qt::CrossPattern, Qt::DiagCrossPattern};
-    takeMode(pen);
-    if (brushStyle == pen.fillStyle && brushColour == pen.fillColour)
-        return;
-    brushStyle = pen.fillStyle;
-    brushColour = pen.fillColour;
-    painter.setBrush(QBrush(QColor(Opaque(brushColour)), styles[static_cast<int>(brushStyle)]));
-}
-
-void RasterSurface::Painting::put(int x, int y, Colour colour) {
-    for (int row = toPicture(y); row < toPicture(y + 1); ++row)
-        for (int column = toPicture(x); column < toPicture(x + 1); ++column)
-            if (image.valid(column, row))
-                reinterpret_cast<QRgb *>(image.scanLine(row))[column] = Opaque(colour);
+void RasterSurface::Painting::paintBands(Run run, bool clear, std::uint32_t *pixels) {
+    const int rows = image.height();
+    const Bands bands(run, rows);
+    std::atomic<int> next = 0;
+    WorkerTeam(std::min(AllowedThreads(), bands.count())).run([&](int) {
+        BandPainter own(list, pixels, image.width(), rows);
+        for (int band = next++; band < bands.count(); band = next++) {
+            own.begin(band * kBandRows, std::min((band + 1) * kBandRows, rows));
+            if (clear)
+                own.clear();
+            for (const std::size_t no : bands.of(band))
+                own.paint(run[no]);
+        }
+    });
 }
 
 RasterSurface::RasterSurface(int width, int height, double scale) { resize(width, height, scale); }
@@ -94,27 +129,23 @@ int RasterSurface::width() const { return painting_->width; }
 
 int RasterSurface::height() const { return painting_->height; }
 
-const QImage &RasterSurface::image() const { return painting_->image; }
-
-void RasterSurface::Clear() { painting_->image.fill(Opaque(kBackground)); }
-
-void RasterSurface::Line(int x1, int y1, int x2, int y2, Colour colour) {
-    painting_->takePen(pen, colour);
-    painting_->painter.drawLine(x1, y1, x2, y2);
+const QImage &RasterSurface::image() const {
+    painting_->paint();
+    return painting_->image;
 }
 
-// A painter's rectangle reaches one pixel past its width and height, so its far corner is the one asked for.
+void RasterSurface::Clear() { painting_->list.clear(); }
+
+void RasterSurface::Line(int x1, int y1, int x2, int y2, Colour colour) {
+    painting_->ask().line(pen, x1, y1, x2, y2, colour);
+}
+
 void RasterSurface::Box(int x1, int y1, int x2, int y2, Colour colour) {
-    painting_->takePen(pen, colour);
-    painting_->brushStyle = FillStyle::None;
-    painting_->painter.setBrush(Qt::NoBrush);
-    painting_->painter.drawRect(std::min(x1, x2), std::min(y1, y2), std::abs(x2 - x1), std::abs(y2 - y1));
+    painting_->ask().box(pen, x1, y1, x2, y2, colour);
 }
 
 void RasterSurface::FillBox(int x1, int y1, int x2, int y2, Colour colour) {
-    painting_->takeMode(pen);
-    painting_->painter.fillRect(std::min(x1, x2), std::min(y1, y2), std::abs(x2 - x1) + 1, std::abs(y2 - y1) + 1,
-                                QColor(Opaque(colour)));
+    painting_->ask().fillBox(pen, x1, y1, x2, y2, colour);
 }
 
 void RasterSurface::Point(int x, int y, Colour colour) {
@@ -123,43 +154,27 @@ void RasterSurface::Point(int x, int y, Colour colour) {
 }
 
 void RasterSurface::Circle(int x, int y, int radius, Colour colour) {
-    painting_->takePen(pen, colour);
-    painting_->takeBrush(pen);
-    painting_->painter.drawEllipse(QPoint(x, y), radius, radius);
+    painting_->ask().circle(pen, x, y, radius, colour);
 }
 
 Colour RasterSurface::ReadPoint(int x, int y) {
-    const QImage &image = painting_->image;
-    const QPoint at(painting_->toPicture(x), painting_->toPicture(y));
-    return image.valid(at) ? Colour{image.pixel(at) & 0xFFFFFFU} : kBackground;
+    const QPoint at(painting_->list.toPicture(x), painting_->list.toPicture(y));
+    return image().valid(at) ? Colour{painting_->image.pixel(at) & 0xFFFFFFU} : kBackground;
 }
 
-void RasterSurface::Polygon(std::span<const Pixel> points) {
-    painting_->takePen(pen, pen.colour);
-    painting_->takeBrush(pen);
-    QVarLengthArray<QPoint, 8> corners;
-    for (const Pixel p : points)
-        corners.append(QPoint(p.x, p.y));
-    painting_->painter.drawPolygon(corners.constData(), static_cast<int>(corners.size()));
-}
+void RasterSurface::Polygon(std::span<const Pixel> points) { painting_->ask().polygon(pen, points); }
 
-// Two pixels stay free at the left, as most labels stand on a line that would run into their first digit.
-void RasterSurface::Text(int x, int y, const std::string &text) {
-    ForEachTextPixel(text, [&](int column, int row) { painting_->put(x + 2 + column, y + row, pen.colour); });
-}
+void RasterSurface::Text(int x, int y, const std::string &text) { painting_->ask().text(pen, x, y, text); }
 
 void RasterSurface::drawScaled(const QImage &picture) {
-    painting_->mode = DrawMode::Copy;
-    painting_->painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    painting_->painter.drawImage(
-        QRectF(0, 0, width(), height()),
-        picture.scaled(painting_->image.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    const QImage whole = picture.scaled(image().size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QPainter(&painting_->image).drawImage(0, 0, whole);
 }
 
 std::string RasterSurface::png() const {
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    if (!buffer.open(QIODevice::WriteOnly) || !painting_->image.save(&buffer, "PNG"))
+    if (!buffer.open(QIODevice::WriteOnly) || !image().save(&buffer, "PNG"))
         throw RuntimeFailure({.fault = Fault::NoPicture});
     return bytes.toStdString();
 }
