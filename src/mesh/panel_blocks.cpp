@@ -1,7 +1,6 @@
-// Blocks of nodes and meshes for each panel, and their joining by AnaNo. Lengths in m.
+// A block of nodes and meshes for each panel. Lengths in m.
 #include "mesh/panel_blocks.h"
 
-#include "model/arithmetic.h"
 #include "model/points.h"
 #include "model/store.h"
 #include "model/supports.h"
@@ -22,8 +21,6 @@ void ClearMeshTables() {
 }
 
 namespace {
-
-enum NodeKind { kInterior = 0, kEdge = 1, kCorner1 = 3, kCorner2 = 4, kCorner4 = 5, kCorner3 = 6 };
 
 // a + step * (b - a) / count
 SpacePoint Between(const SpacePoint &a, const SpacePoint &b, int step, int count) {
@@ -123,106 +120,11 @@ private:
     std::array<int, 5> held_{};
 };
 
-double NodeDistance(int p, int q) {
-    const NoktaRecord &a = NoktaTable[p];
-    const NoktaRecord &b = NoktaTable[q];
-    return Distance3(a.X - b.X, a.Y - b.Y, a.Z - b.Z);
-}
-
-bool IsCorner(int p) { return NoktaTable[p].UcA == p && NoktaTable[p].UcB == p; }
-
-// p may capture the edge node q: another panel, q on an edge, neither end of q's line joined to p already, p on that
-// line.
-bool CanCapture(int p, int q) {
-    const NoktaRecord &node = NoktaTable[q];
-    if (node.Tur != kEdge || node.PanelNo == NoktaTable[p].PanelNo)
-        return false;
-    const int a = node.UcA;
-    const int b = node.UcB;
-    const int master = NoktaTable[p].AnaNo;
-    if (NoktaTable[a].AnaNo == master || NoktaTable[b].AnaNo == master)
-        return false;
-    return !(NodeDistance(a, b) + 0.05 < NodeDistance(p, a) + NodeDistance(p, b));
-}
-
-// Distance of two nodes of q's line, m: along a side edge the panel has Ny divisions, else Nx.
-double MeshLengthAt(int q) {
-    const NoktaRecord &node = NoktaTable[q];
-    const int a = NoktaTable[node.UcA].Tur;
-    const int b = NoktaTable[node.UcB].Tur;
-    const bool side = (a == kCorner1 && b == kCorner4) || (a == kCorner2 && b == kCorner3);
-    const PanelRecord &panel = PanelTable[node.PanelNo];
-    return NodeDistance(node.UcA, node.UcB) / (side ? panel.Ny : panel.Nx);
-}
-
-// The node q takes the place of p, unless another node of q's panel has p's master already: then p is given up, and no
-// second best is looked for.
-void Capture(int p, int q) {
-    const NoktaRecord &master = NoktaTable[p];
-    NoktaRecord &node = NoktaTable[q];
-    for (int i = 1; i <= HamNoktaCount; ++i)
-        if (i != p && i != q && NoktaTable[i].PanelNo == node.PanelNo && NoktaTable[i].AnaNo == master.AnaNo)
-            return;
-    node.AnaNo = master.AnaNo;
-    node.Tur = master.Tur;
-    node.X = master.X;
-    node.Y = master.Y;
-    node.Z = master.Z;
-}
-
 } // namespace
 
 void MakePanelBlocks() {
     for (int i = 1; i <= PanelCount; ++i)
         PanelBlock(i).make();
-}
-
-void JoinCornersOnCorners() {
-    for (int p = 1; p <= HamNoktaCount; ++p) {
-        if (!IsCorner(p))
-            continue;
-        for (int q = p + 1; q <= HamNoktaCount; ++q)
-            if (NoktaTable[p].PanelNo != NoktaTable[q].PanelNo && IsCorner(q) && NodeDistance(p, q) <= 0.05)
-                NoktaTable[q].AnaNo = NoktaTable[p].AnaNo;
-    }
-}
-
-void JoinCornersOnEdges() {
-    for (int p = 1; p <= HamNoktaCount; ++p) {
-        if (!IsCorner(p))
-            continue;
-        double least = 1000.0;
-        int best = 0;
-        for (int q = 1; q <= HamNoktaCount; ++q)
-            if (!IsCorner(q) && CanCapture(p, q)) {
-                const double d = NodeDistance(p, q);
-                if (d < least) {
-                    least = d;
-                    best = q;
-                }
-            }
-        if (best != 0)
-            Capture(p, best);
-    }
-}
-
-void JoinEdgesOnEdges() {
-    for (int p = 1; p <= HamNoktaCount - 1; ++p) {
-        if (NoktaTable[p].Tur != kEdge)
-            continue;
-        double least = 1000.0;
-        int best = 0;
-        for (int q = p + 1; q <= HamNoktaCount; ++q)
-            if (CanCapture(p, q)) {
-                const double d = NodeDistance(p, q);
-                if (!(d > MeshLengthAt(q)) && d < least) {
-                    least = d;
-                    best = q;
-                }
-            }
-        if (best != 0)
-            Capture(p, best);
-    }
 }
 
 } // namespace havuz

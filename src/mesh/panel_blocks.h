@@ -3,6 +3,8 @@
 
 namespace havuz {
 
+enum NodeKind { kInterior = 0, kEdge = 1, kCorner1 = 3, kCorner2 = 4, kCorner4 = 5, kCorner3 = 6 }; // Tur of a node
+
 void ClearMeshTables();
 void MakePanelBlocks();
 void JoinCornersOnCorners();

@@ -1,8 +1,10 @@
 #include "mesh/panel_mesh.h"
 
+#include "mesh/box_cells.h"
 #include "mesh/panel_blocks.h"
 #include "model/arithmetic.h"
 #include "model/mesh_facts.h"
+#include "model/points.h"
 #include "model/store.h"
 
 #include <algorithm>
@@ -66,19 +68,30 @@ static double EdgeLength(const PanelRecord &panel, int edge) {
     return Distance3(panel.X[next] - panel.X[edge], panel.Y[next] - panel.Y[edge], panel.Z[next] - panel.Z[edge]);
 }
 
+static constexpr double kOnEdge = 0.001; // m, detour over a node on an edge
+
+// Box 4*(panel-1) + edge-1 holds the nodes on that edge.
+static BoxCells EdgeCells() {
+    std::vector<SpaceBox> boxes;
+    for (int p = 1; p <= PanelCount; ++p)
+        for (int e = 1; e <= 4; ++e)
+            boxes.push_back(BoxAlong(PanelCorner(PanelTable[p], e), PanelCorner(PanelTable[p], e % 4 + 1), kOnEdge));
+    return BoxCells(boxes);
+}
+
 // A node without a partner asks every edge of another panel on which it lies for one division more. The counts of panel
 // p stand in the X slots of the scratch record p + PanelCount.
-static void CountUnmatched(const NoktaRecord &node) {
-    for (int other = 1; other <= PanelCount; ++other) {
+static void CountUnmatched(const NoktaRecord &node, const BoxCells &edges) {
+    for (const int box : edges.near({node.X, node.Y, node.Z})) {
+        const int other = box / 4 + 1;
+        const int e = box % 4 + 1;
         if (other == node.PanelNo)
             continue;
         const PanelRecord &panel = PanelTable[other];
-        for (int e = 1; e <= 4; ++e) {
-            const double a = PointDistance(node, panel, e);
-            const double c = PointDistance(node, panel, e % 4 + 1);
-            if (a + c <= EdgeLength(panel, e) + 0.001)
-                PanelTable[other + PanelCount].X[e] += 1.0;
-        }
+        const double a = PointDistance(node, panel, e);
+        const double c = PointDistance(node, panel, e % 4 + 1);
+        if (a + c <= EdgeLength(panel, e) + kOnEdge)
+            PanelTable[other + PanelCount].X[e] += 1.0;
     }
 }
 
@@ -96,10 +109,10 @@ void PanelSayiUyumu(int &degisti) {
         scratch.X[2] = scratch.X[4] = int(PanelTable[p].Ny);
     }
     MarkPartners();
-    for (int p = 1; p <= PanelCount; ++p)
-        for (int i = 1; i <= HamNoktaCount; ++i)
-            if (const NoktaRecord &node = NoktaTable[i]; node.PanelNo == p && node.Tur == 1 && node.YeniNo == 0)
-                CountUnmatched(node);
+    const BoxCells edges = EdgeCells();
+    for (int i = 1; i <= HamNoktaCount; ++i)
+        if (const NoktaRecord &node = NoktaTable[i]; node.Tur == kEdge && node.YeniNo == 0)
+            CountUnmatched(node, edges);
     for (int p = 1; p <= PanelCount; ++p) {
         const PanelRecord &scratch = PanelTable[p + PanelCount];
         RaiseCount(PanelTable[p].Nx, scratch.X[1], scratch.X[3], degisti);
