@@ -15,6 +15,7 @@ function(havuz_install_compressed source name destination)
 endfunction()
 
 install(TARGETS havuz havuz-cli havuz-raporcu)
+install(TARGETS havuz_pictures LIBRARY DESTINATION lib/havuz) # havuz-cli looks there
 install(DIRECTORY programdir/ DESTINATION ${CMAKE_INSTALL_DATADIR}/havuz)
 install(FILES packaging/WORKING.DIR DESTINATION ${CMAKE_INSTALL_DATADIR}/havuz)
 if(HAVUZ_CMARK_GFM)

@@ -384,6 +384,26 @@ TEST(Cli, FailuresNameFileAndPlaceAndWriteNothing) {
 }
 
 // Width and height as the head of a PNG file has them.
+// Only pictures and pages need Qt, and load it.
+TEST(Cli, StartsWithoutTheLibrariesOfPictures) {
+    TemporaryFolder folder;
+    const std::string beside = folder.file("havuz-cli");
+    std::filesystem::copy(HAVUZ_CLI, beside);
+    const auto run = [&](const std::string &command) {
+        return std::system(("cd " + folder.path() + " && export HAVUZ_HOME=" HAVUZ_SOURCE_DIR "/programdir && " +
+                            command + " >out 2>&1")
+                               .c_str());
+    };
+    ASSERT_EQ(run("LD_TRACE_LOADED_OBJECTS=1 " + beside), 0);
+    EXPECT_NE(ReadBytes(folder.file("out")).find("libc.so"), std::string::npos);
+    EXPECT_EQ(ReadBytes(folder.file("out")).find("libQt"), std::string::npos);
+    ASSERT_EQ(run(beside + " pool rectangular -o P.POL"), 0);
+    EXPECT_NE(run(beside + " render P.POL -o P.png"), 0) << "the library is not there";
+    EXPECT_NE(ReadBytes(folder.file("out")).find("havuz-pictures.so: cannot be opened"), std::string::npos)
+        << ReadBytes(folder.file("out"));
+    EXPECT_FALSE(std::filesystem::exists(folder.file("P.png")));
+}
+
 static std::pair<int, int> PngSize(const std::string &png) {
     if (png.size() < 24 || png.substr(1, 3) != "PNG")
         return {0, 0};

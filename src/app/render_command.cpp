@@ -2,15 +2,13 @@
 // on one panel as PNG or SVG.
 #include "app/cli.h"
 #include "app/designed_project.h"
+#include "app/pictures.h"
 #include "app/project.h"
 #include "model/number_text.h"
 #include "model/options.h"
 #include "model/store.h"
 #include "model/write_file.h"
 #include "report/result_picture.h"
-#include "ui/qt/image_canvas.h"
-#include "ui/qt/raster_surface.h"
-#include "ui/qt/report_paper.h"
 #include "view/mesh_drawing.h"
 #include "view/plate_drawing.h"
 #include "view/svg_canvas.h"
@@ -178,10 +176,8 @@ void RenderResult(const RenderOptions &o) {
         WriteWholeFile(o.out, canvas.document(scene.title));
         return;
     }
-    NeedFonts();
-    ImageCanvas canvas(size.x, size.y);
-    DrawScene(canvas, scene, style, to);
-    WriteWholeFile(o.out, canvas.png());
+    WriteWholeFile(o.out, Pictures().pngOfResult(size.x, size.y,
+                                                 [&](ResultCanvas &canvas) { DrawScene(canvas, scene, style, to); }));
 }
 
 void Render(const RenderOptions &o) {
@@ -191,9 +187,9 @@ void Render(const RenderOptions &o) {
     IsoView = o.plan ? 0 : 1;
     TakeAngles(o.angles);
     const Pixel size = PictureSize(o.size);
-    RasterSurface scr(size.x, size.y);
-    Draw(scr, o);
-    WriteWholeFile(o.out, scr.png());
+    const std::unique_ptr<PictureSurface> scr = Pictures().surface(size.x, size.y);
+    Draw(*scr, o);
+    WriteWholeFile(o.out, scr->png());
 }
 
 } // namespace

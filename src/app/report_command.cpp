@@ -1,9 +1,9 @@
 // havuz-cli report: the calculation report of a project as HTML or PDF.
 #include "app/cli.h"
+#include "app/pictures.h"
 #include "app/project.h"
 #include "model/write_file.h"
 #include "report/answer_report.h"
-#include "ui/qt/report_paper.h"
 
 #include <array>
 #include <ctime>
@@ -48,7 +48,7 @@ void WriteReport(const Options &o) {
     const AnswerReport report = MakeAnswerReport(answer, date, HAVUZ_VERSION);
     for (const std::string &notice : report.notices)
         std::cerr << o.file << ": " << notice << "\n";
-    WriteWholeFile(o.out, pdf ? PdfOfHtml(report.html, AnswerReportTitle(answer, date), date) : report.html);
+    WriteWholeFile(o.out, pdf ? Pictures().pdfOfHtml(report.html, AnswerReportTitle(answer, date), date) : report.html);
 }
 
 } // namespace

@@ -53,7 +53,7 @@ bool HeadlessStage::Do(const Act &act) {
     if (act.kind == Act::Answer)
         return headless.saveNames.push_back(act.text), true;
     if (act.kind == Act::Resize)
-        scr.resize(act.first, act.second);
+        scr->resize(act.first, act.second);
     return headless.Do(act);
 }
 

@@ -2,8 +2,8 @@
 // words.
 #pragma once
 
+#include "app/pictures.h"
 #include "app/script_lines.h"
-#include "ui/qt/raster_surface.h"
 #include "ui/window/headless_window.h"
 #include "ui/window/main_window.h"
 #include "ui/window/recorder.h"
@@ -40,8 +40,8 @@ public:
 struct HeadlessProgram {
     explicit HeadlessProgram(const std::string &executable) : program(headless, executable) {}
 
-    RasterSurface scr{1010, 600}; // pixels, on a screen of 1024 x 768
-    HeadlessWindow headless{scr};
+    std::unique_ptr<PictureSurface> scr = Pictures().surface(1010, 600); // pixels, on a screen of 1024 x 768
+    HeadlessWindow headless{*scr};
     MainWindow program;
 };
 
@@ -50,7 +50,7 @@ public:
     explicit HeadlessStage(const std::string &executable) : HeadlessProgram(executable), Stage(headless, program) {}
 
     bool Do(const Act &act) override;
-    std::string Png() override { return scr.png(); }
+    std::string Png() override { return scr->png(); }
     std::optional<Started> LastStarted() override;
     std::string LastErrorLine() override { return headless.errors.empty() ? "" : headless.errors.back(); }
 };

@@ -116,11 +116,11 @@ void RasterSurface::Painting::paintBands(Run run, bool clear, std::uint32_t *pix
     });
 }
 
-RasterSurface::RasterSurface(int width, int height, double scale) { resize(width, height, scale); }
+RasterSurface::RasterSurface(int width, int height, double scale) { RasterSurface::resize(width, height, scale); }
 
 void RasterSurface::resize(int width, int height, double scale) {
     painting_ = std::make_unique<Painting>(width, height, scale);
-    RasterSurface::Clear();
+    painting_->list.clear();
 }
 
 RasterSurface::~RasterSurface() = default;

@@ -1,26 +1,24 @@
-// The drawing surface as a picture in memory: QPainter on a QImage, no antialiasing, so that every pixel has exactly
-// one of the colours asked for. Text is drawn in the program's own small font, whatever font is named. Needs no display
-// and no QGuiApplication.
+// The drawing surface as a picture in memory, no antialiasing, so that every pixel has exactly one of the colours asked
+// for. What is asked for waits in a display list until the picture is looked at; it is painted by bands in threads.
+// Text is drawn in the program's own small font, whatever font is named. Needs no display and no QGuiApplication.
 #pragma once
 
-#include "view/surface.h"
+#include "view/picture_maker.h"
 
 #include <memory>
-#include <string>
 
 class QImage;
 
 namespace havuz {
 
-class RasterSurface : public Surface {
+class RasterSurface : public PictureSurface {
 public:
     // width, height in pixels of the drawing, above 0; scale: pixels of the picture to one of these, for screens that
     // have more of them. A picture that memory cannot hold is Overflow.
     RasterSurface(int width, int height, double scale = 1.0);
     ~RasterSurface() override;
 
-    // Takes another size; what was drawn is gone. The pen stays.
-    void resize(int width, int height, double scale = 1.0);
+    void resize(int width, int height, double scale = 1.0) override;
 
     int width() const override;
     int height() const override;
@@ -36,10 +34,10 @@ public:
 
     const QImage &image() const;
     void drawScaled(const QImage &picture); // over the whole surface
-    std::string png() const;                // the bytes of a PNG file
+    std::string png() const override;
 
 private:
-    struct Painting; // the image and its painter: who only draws needs no Qt
+    struct Painting; // the image: who only draws needs no Qt
     std::unique_ptr<Painting> painting_;
 };
 
