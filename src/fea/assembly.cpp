@@ -40,8 +40,7 @@ static void AddSurfaceLoad(const ElementRecord &element, const std::array<int, 2
 }
 
 void AssembleSystem(const RecordFile &stif, AnalysisWindow &window) {
-    std::fill_n(S + 1, ProfileSize, 0.0F);
-    std::fill_n(Rhs + 1, RhsSize, 0.0F);
+    ClearSystem();
     RecordReader<ElementRecord> elements(stif);
     for (int i = 1; i <= MeshCount; ++i) {
         window.SetProgLab("Mesh eleman no:" + std::to_string(i));

@@ -31,7 +31,7 @@ namespace havuz {
 
 namespace {
 
-int EndOfRow(int j) { return j + ProfileDiag[j + 1] - ProfileDiag[j] - 1; }
+constexpr int kStripsAtOnce = 4 * kTileStrips; // that a thread takes: some cache lines of each row
 
 bool HoldsNegativeZero(const float *cells, int count) {
     unsigned found = 0;
@@ -40,18 +40,43 @@ bool HoldsNegativeZero(const float *cells, int count) {
     return found != 0;
 }
 
-// A tile row that reaches over an end of its stored row lies here while it is reduced.
+// The columns first..last of a row of S.
+struct StoredRow {
+    int first = 0, last = 0;
+    float *cells = nullptr;
+
+    StoredRow() = default;
+    explicit StoredRow(int j)
+        : first(j), last(j + ProfileDiag[j + 1] - ProfileDiag[j] - 1), cells(S + ProfileDiag[j]) {}
+    float *at(int column) const { return cells + (column - first); }
+    bool holds(int column, int columns) const { return column >= first && column + columns - 1 <= last; }
+};
+
+// The tile rows that reach over an end of their stored row lie here while they are reduced.
 struct Borrowed {
     alignas(64) float row[kTileRows][kTileStrips * kStripColumns];
 
-    // Calls move(stored, borrowed, count) for the part of tile row r, of row j, that is stored.
+    void take(const StoredRow *rows, int count, int column, int columns) {
+        move(rows, count, column, columns,
+             [](float *stored, float *here, std::size_t size) { std::memcpy(here, stored, size); });
+    }
+    void giveBack(const StoredRow *rows, int count, int column, int columns) {
+        move(rows, count, column, columns,
+             [](float *stored, const float *here, std::size_t size) { std::memcpy(stored, here, size); });
+    }
+
+private:
     template <class Move>
-    void stored(int r, int j, int column, int columns, Move move) {
-        const int from = std::max(column, j);
-        const int to = std::min(column + columns - 1, EndOfRow(j));
-        if (from <= to)
-            move(S + ProfileIndex(j, from), row[r] + (from - column),
-                 sizeof(float) * static_cast<std::size_t>(to - from + 1));
+    void move(const StoredRow *rows, int count, int column, int columns, Move move) {
+        for (int r = 0; r < count; ++r) {
+            if (rows[r].holds(column, columns))
+                continue;
+            const int from = std::max(column, rows[r].first);
+            const int to = std::min(column + columns - 1, rows[r].last);
+            if (from <= to)
+                move(rows[r].at(from), row[r] + (from - column),
+                     sizeof(float) * static_cast<std::size_t>(to - from + 1));
+        }
     }
 };
 
@@ -92,8 +117,8 @@ void Elimination::reducePanel() {
         if (worker == 0)
             panel_.reduceRightHandSides();
         lookForNegativeZeros(worker);
-        for (int s = next_.fetch_add(kTileStrips); s < panel_.strips(); s = next_.fetch_add(kTileStrips))
-            panel_.reduceStrips(s, std::min(kTileStrips, panel_.strips() - s));
+        for (int s = next_.fetch_add(kStripsAtOnce); s < panel_.strips(); s = next_.fetch_add(kStripsAtOnce))
+            panel_.reduceStrips(s, std::min(kStripsAtOnce, panel_.strips() - s));
     });
     lookedAt_ = std::max(lookedAt_, panel_.lastColumn());
 }
@@ -173,6 +198,7 @@ void Elimination::reduceRows() {
 void Elimination::reduceGroup(const RowGroup &group) {
     int pivots[kPanelRows];
     alignas(64) double factors[kPanelRows][kTileRows];
+    unsigned char someZero[kPanelRows];
     const double *column[kTileRows];
     for (int r = 0; r < kTileRows; ++r)
         column[r] = panel_.column(group.row[std::min(r, group.count - 1)]);
@@ -184,6 +210,7 @@ void Elimination::reduceGroup(const RowGroup &group) {
             factors[count][r] = column[r][kStripColumns * p];
         for (int r = 0; r < kTileRows; ++r)
             factors[count][r] = factors[count][r] / diagonal;
+        someZero[count] = std::find(factors[count], factors[count] + kTileRows, 0.0) != factors[count] + kTileRows;
         pivots[count++] = p;
     }
     TileJob job = {};
@@ -191,6 +218,7 @@ void Elimination::reduceGroup(const RowGroup &group) {
     job.pivots = pivots;
     job.pivotCount = count;
     job.factors = &factors[0][0];
+    job.someZero = someZero;
     reduceTiles(group, job);
     reduceRightHandSides(group, job);
 }
@@ -200,6 +228,9 @@ void Elimination::reduceGroup(const RowGroup &group) {
 void Elimination::reduceTiles(const RowGroup &group, TileJob &job) {
     const auto reduce = skipZeros_ ? kernels_.reduceSkipping : kernels_.reduce;
     const int leftmost = *std::min_element(group.row, group.row + group.count);
+    StoredRow row[kTileRows];
+    for (int r = 0; r < group.count; ++r)
+        row[r] = StoredRow(group.row[r]);
     Borrowed borrowed = {};
     for (int s = (leftmost - panel_.first()) / kStripColumns; s < panel_.strips(); s += job.strips) {
         job.strips = std::min(kTileStrips, panel_.strips() - s);
@@ -209,23 +240,20 @@ void Elimination::reduceTiles(const RowGroup &group, TileJob &job) {
         }
         const int column = panel_.first() + s * kStripColumns;
         const int columns = job.strips * kStripColumns;
-        const auto whole = [&](int j) { return column >= j && column + columns - 1 <= EndOfRow(j); };
         job.panel = panel_.values(s);
+        bool allWhole = group.count == kTileRows;
         for (int r = 0; r < kTileRows; ++r) {
             job.cells[r] = borrowed.row[r];
-            if (r < group.count && whole(group.row[r]))
-                job.cells[r] = S + ProfileIndex(group.row[r], column);
-            else if (r < group.count)
-                borrowed.stored(
-                    r, group.row[r], column, columns,
-                    [](const float *stored, float *here, std::size_t size) { std::memcpy(here, stored, size); });
+            if (r < group.count && row[r].holds(column, columns))
+                job.cells[r] = row[r].at(column);
+            else
+                allWhole = false;
         }
+        if (!allWhole)
+            borrowed.take(row, group.count, column, columns);
         reduce(job);
-        for (int r = 0; r < group.count; ++r)
-            if (!whole(group.row[r]))
-                borrowed.stored(
-                    r, group.row[r], column, columns,
-                    [](float *stored, const float *here, std::size_t size) { std::memcpy(stored, here, size); });
+        if (!allWhole)
+            borrowed.giveBack(row, group.count, column, columns);
     }
 }
 

@@ -22,6 +22,9 @@ struct Set {
         const Narrow cells = __builtin_convertvector(wide, Narrow);
         std::memcpy(to, &cells, sizeof cells);
     }
+    typedef long long Mask __attribute__((vector_size(16)));
+    static inline Mask counts(Wide entry) { return entry != 0.0; }
+    static inline Wide product(Mask mask, double factor, Wide entry) { return (Wide)((Mask)(factor * entry) & mask); }
     static inline Wide round(Wide wide) { return __builtin_convertvector(__builtin_convertvector(wide, Narrow), Wide); }
 };
 

@@ -22,7 +22,8 @@ struct TileJob {
     const int *pivots; // those that take part, rising
     int pivotCount;
     const double *factors;
-    int strips; // 1..3
+    const unsigned char *someZero; // of the n-th pivot: 1 when one of its eight factors is 0
+    int strips;                    // 1..3
 };
 
 // Eight rows of the panel itself, which are pivots of each other too: first the pivots 0..firstRow-1 of the panel, then

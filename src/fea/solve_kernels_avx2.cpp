@@ -14,6 +14,13 @@ struct Set {
     static constexpr int kWidth = 4, kRows = 4, kStrips = 1;
     HAVUZ_TARGET static inline Wide widen(const float *from) { return _mm256_cvtps_pd(_mm_loadu_ps(from)); }
     HAVUZ_TARGET static inline void narrow(float *to, Wide wide) { _mm_storeu_ps(to, _mm256_cvtpd_ps(wide)); }
+    using Mask = __m256d;
+    HAVUZ_TARGET static inline Mask counts(Wide entry) {
+        return _mm256_cmp_pd(entry, _mm256_setzero_pd(), _CMP_NEQ_UQ);
+    }
+    HAVUZ_TARGET static inline Wide product(Mask mask, double factor, Wide entry) {
+        return _mm256_and_pd(_mm256_set1_pd(factor) * entry, mask);
+    }
     HAVUZ_TARGET static inline Wide round(Wide wide) { return _mm256_cvtps_pd(_mm256_cvtpd_ps(wide)); }
 };
 

@@ -20,6 +20,13 @@ struct Set {
     HAVUZ_TARGET static inline void narrow(float *to, Wide wide) {
         _mm256_storeu_ps(to, _mm512_maskz_cvtpd_ps(kAll, wide));
     }
+    using Mask = __mmask8;
+    HAVUZ_TARGET static inline Mask counts(Wide entry) {
+        return _mm512_cmp_pd_mask(entry, _mm512_setzero_pd(), _CMP_NEQ_UQ);
+    }
+    HAVUZ_TARGET static inline Wide product(Mask mask, double factor, Wide entry) {
+        return _mm512_maskz_mul_pd(mask, _mm512_set1_pd(factor), entry);
+    }
     HAVUZ_TARGET static inline Wide round(Wide wide) {
         return _mm512_maskz_cvtps_pd(kAll, _mm512_maskz_cvtpd_ps(kAll, wide));
     }

@@ -5,6 +5,8 @@
 //   widen(from)       32-bit cells as doubles
 //   narrow(to, wide)  the other way
 //   round(wide)       doubles rounded to 32 bits
+//   Mask, counts(entry), product(mask, factor, entry)
+//                     which entries are not 0; factor * entry, +0 where the mask says so
 //
 // The step of all of them is cell = round(cell - factor * entry): a product, a difference and a rounding to 32 bits,
 // three operations that no compiler may fuse or exchange (-ffp-contract=off). They run side by side in the lanes of a
@@ -44,13 +46,12 @@ HAVUZ_INLINE typename Set::Wide LoadWide(const double *from) {
 
 // cell - factor*entry, rounded to 32 bits.
 template <class Set, Zeros zeros>
-HAVUZ_INLINE typename Set::Wide Reduced(typename Set::Wide cell, double factor, typename Set::Wide entry) {
-    typename Set::Wide product = factor * entry;
-    if constexpr (zeros == kSkipped) {
-        const auto counts = entry != 0.0;
-        product = (typename Set::Wide)((decltype(counts))product & counts); // +0 changes no cell
-    }
-    return Set::round(cell - product);
+HAVUZ_INLINE typename Set::Wide Reduced(typename Set::Wide cell, double factor, typename Set::Wide entry,
+                                        typename Set::Mask counts) {
+    if constexpr (zeros == kSkipped)
+        return Set::round(cell - Set::product(counts, factor, entry)); // +0 changes no cell
+    else
+        return Set::round(cell - factor * entry);
 }
 
 // Vector v of a tile row: its strip, its place there, its column in the tile.
@@ -83,16 +84,26 @@ HAVUZ_INLINE void ReducePart(const TileJob &job, int firstRow, int firstStrip) {
     for (int n = 0; n < job.pivotCount; ++n, factors += kTileRows) {
         const double *pivot = panel + kStripColumns * job.pivots[n];
         typename Set::Wide entry[kVectors];
+        typename Set::Mask counts[kVectors];
         HAVUZ_UNROLL
-        for (int v = 0; v < kVectors; ++v)
+        for (int v = 0; v < kVectors; ++v) {
             entry[v] = LoadWide<Set>(pivot + V::strip(v) * job.stripStride + V::place(v));
-        HAVUZ_UNROLL
-        for (int r = 0; r < Set::kRows; ++r) {
-            if (zeros != kCalculated && factors[r] == 0.0)
-                continue;
+            counts[v] = Set::counts(entry[v]);
+        }
+        const auto reduceRow = [&](int r) __attribute__((always_inline)) HAVUZ_TARGET {
             HAVUZ_UNROLL
             for (int v = 0; v < kVectors; ++v)
-                cell[r][v] = Reduced<Set, zeros>(cell[r][v], factors[r], entry[v]);
+                cell[r][v] = Reduced<Set, zeros>(cell[r][v], factors[r], entry[v], counts[v]);
+        };
+        if (zeros != kCalculated && job.someZero[n] != 0) {
+            HAVUZ_UNROLL
+            for (int r = 0; r < Set::kRows; ++r)
+                if (factors[r] != 0.0)
+                    reduceRow(r);
+        } else {
+            HAVUZ_UNROLL
+            for (int r = 0; r < Set::kRows; ++r)
+                reduceRow(r);
         }
     }
     HAVUZ_UNROLL
@@ -131,16 +142,19 @@ HAVUZ_INLINE void ReducePanelPart(const PanelJob &job, double *strip, std::size_
     const double *factors = job.factors + job.firstRow;
     for (int p = 0; p < job.firstRow; ++p, factors += job.factorStride) {
         typename Set::Wide entry[Count];
+        typename Set::Mask counts[Count];
         HAVUZ_UNROLL
-        for (int v = 0; v < Count; ++v)
+        for (int v = 0; v < Count; ++v) {
             entry[v] = LoadWide<Set>(strip + V::inPanel(job, p, v) + column);
+            counts[v] = Set::counts(entry[v]);
+        }
         HAVUZ_UNROLL
         for (int r = 0; r < kTileRows; ++r) {
             if (factors[r] == 0.0)
                 continue;
             HAVUZ_UNROLL
             for (int v = 0; v < Count; ++v)
-                cell[r][v] = Reduced<Set, zeros>(cell[r][v], factors[r], entry[v]);
+                cell[r][v] = Reduced<Set, zeros>(cell[r][v], factors[r], entry[v], counts[v]);
         }
     }
     HAVUZ_UNROLL
@@ -151,7 +165,7 @@ HAVUZ_INLINE void ReducePanelPart(const PanelJob &job, double *strip, std::size_
             continue;
         HAVUZ_UNROLL
         for (int v = 0; v < Count; ++v)
-            cell[r][v] = Reduced<Set, zeros>(cell[r][v], factors[r], cell[p][v]);
+            cell[r][v] = Reduced<Set, zeros>(cell[r][v], factors[r], cell[p][v], Set::counts(cell[p][v]));
     }
     HAVUZ_UNROLL
     for (int r = 0; r < kTileRows; ++r)

@@ -66,46 +66,53 @@ void SolvePanel::take(int first) {
     strips_ = std::max(ownStrips(), (lastColumn_ - first) / kStripColumns + 1);
 }
 
+// Row by row: the cells of a row lie side by side.
+void SolvePanel::load(int s, int count) {
+    for (int p = 0; p < kPanelRows; ++p)
+        for (int k = s; k < s + count; ++k)
+            loadRow(p, k);
+}
+
 // 32-bit cells as doubles; places outside the profile, left of the diagonal and beyond the end of a row, read as 0. A
 // strip that lies in the row whole is copied without asking for each cell.
-void SolvePanel::load(int s) {
-    Strip &strip = strip_[at(s)];
+void SolvePanel::loadRow(int p, int s) {
+    double *to = strip_[at(s)].entry[p];
     const int column = first_ + s * kStripColumns;
-    for (int p = 0; p < kPanelRows; ++p) {
-        double *to = strip.entry[p];
-        const int i = first_ + p;
-        if (p < rows_ && column >= i && column + kStripColumns - 1 <= endOf(p)) {
-            const float *cells = S + ProfileIndex(i, column);
-            for (int c = 0; c < kStripColumns; ++c)
-                to[c] = static_cast<double>(cells[c]);
-            continue;
-        }
-        for (int c = 0; c < kStripColumns; ++c) {
-            const bool stored = p < rows_ && column + c >= i && column + c <= endOf(p);
-            to[c] = stored ? static_cast<double>(S[ProfileIndex(i, column + c)]) : 0.0;
-        }
+    const int i = first_ + p;
+    if (p < rows_ && column >= i && column + kStripColumns - 1 <= endOf(p)) {
+        const float *cells = S + ProfileIndex(i, column);
+        for (int c = 0; c < kStripColumns; ++c)
+            to[c] = static_cast<double>(cells[c]);
+        return;
+    }
+    for (int c = 0; c < kStripColumns; ++c) {
+        const bool stored = p < rows_ && column + c >= i && column + c <= endOf(p);
+        to[c] = stored ? static_cast<double>(S[ProfileIndex(i, column + c)]) : 0.0;
     }
 }
 
+void SolvePanel::store(int s, int count) {
+    for (int p = 0; p < rows_; ++p)
+        for (int k = s; k < s + count; ++k)
+            storeRow(p, k);
+}
+
 // Entries that are stored nowhere become 0: those left of the diagonal took part in the arithmetic for nothing.
-void SolvePanel::store(int s) {
-    Strip &strip = strip_[at(s)];
+void SolvePanel::storeRow(int p, int s) {
+    double *from = strip_[at(s)].entry[p];
     const int column = first_ + s * kStripColumns;
-    for (int p = 0; p < rows_; ++p) {
-        double *from = strip.entry[p];
-        const int i = first_ + p;
-        if (column >= i && column + kStripColumns - 1 <= endOf(p)) {
-            float *cells = S + ProfileIndex(i, column);
-            for (int c = 0; c < kStripColumns; ++c)
-                cells[c] = static_cast<float>(from[c]);
-            continue;
-        }
-        for (int c = 0; c < kStripColumns; ++c) {
-            if (column + c >= i && column + c <= endOf(p))
-                S[ProfileIndex(i, column + c)] = static_cast<float>(from[c]);
-            else
-                from[c] = 0.0;
-        }
+    const int i = first_ + p;
+    if (column >= i && column + kStripColumns - 1 <= endOf(p)) {
+        float *cells = S + ProfileIndex(i, column);
+        for (int c = 0; c < kStripColumns; ++c)
+            cells[c] = static_cast<float>(from[c]);
+        return;
+    }
+    for (int c = 0; c < kStripColumns; ++c) {
+        if (column + c >= i && column + c <= endOf(p))
+            S[ProfileIndex(i, column + c)] = static_cast<float>(from[c]);
+        else
+            from[c] = 0.0;
     }
 }
 
@@ -167,8 +174,7 @@ void SolvePanel::takeFactors(int group, int s) {
 void SolvePanel::reduceOwnColumns() {
     live_ = 0;
     std::fill_n(&factor_[0][0], kPanelRows * kPanelRows, 0.0);
-    for (int s = 0; s < ownStrips(); ++s)
-        load(s);
+    load(0, ownStrips());
     for (int group = 0; group < kGroups; ++group) {
         kernels_.reducePanel(job(strip_[at(group)], group)); // by the groups before; its own factors are still 0
         reduceOwnTriangle(group);
@@ -177,22 +183,20 @@ void SolvePanel::reduceOwnColumns() {
         for (int s = group + 1; s < ownStrips(); ++s)
             takeFactors(group, s);
     }
-    for (int s = 0; s < ownStrips(); ++s) {
-        store(s);
+    store(0, ownStrips());
+    for (int s = 0; s < ownStrips(); ++s)
         inspect(s);
-    }
 }
 
 // Columns behind the triangle: all factors are known, so each group takes them in one call.
 void SolvePanel::reduceStrips(int s, int count) {
+    load(s, count);
+    for (int k = s; k < s + count; k += kTileStrips)
+        for (int group = 0; group < kGroups; ++group)
+            kernels_.reducePanel(job(strip_[at(k)], group, std::min(kTileStrips, s + count - k)));
+    store(s, count);
     for (int k = s; k < s + count; ++k)
-        load(k);
-    for (int group = 0; group < kGroups; ++group)
-        kernels_.reducePanel(job(strip_[at(s)], group, count));
-    for (int k = s; k < s + count; ++k) {
-        store(k);
         inspect(k);
-    }
 }
 
 // Blocks of eight load columns, as strips of their own; a last block of fewer has zeros beside them.

