@@ -1,12 +1,11 @@
 // The passes over the meshes: what like meshes share, and records in blocks, change no bit.
 #include "fea/analysis.h"
-#include "fea/element_geometry.h"
 #include "fea/element_pass.h"
 #include "fea/equations.h"
-#include "fea/rect_shell.h"
 #include "fea/result_pass.h"
 #include "fea/system.h"
 #include "hand_models.h"
+#include "plain_elements.h"
 #include "support.h"
 
 #include <gtest/gtest.h>
@@ -40,32 +39,6 @@ void BuildFloorAndWall() {
     std::mt19937 random(3);
     for (int cell = 1; cell <= YukSayisi * EquationCount; ++cell)
         Rhs[cell] = static_cast<float>(static_cast<int>(random() % 2001) - 1000) * 1e-5F;
-}
-
-// The corner results of one mesh with full sums over all 24 columns, as the method is written down.
-SonRecord PlainResults(int mesh) {
-    SonRecord record{};
-    const MeshRecord &m = MeshTable[mesh];
-    const MeshNodes nodes = MeshNodeData(mesh);
-    const std::array<int, 25> MeshEqs = MeshEquations(nodes);
-    Matrix<24, 24> T, S;
-    ElementAxes(T, nodes);
-    RectShellStress(S, m.KenarA, m.KenarB, ConcreteE(Fck), PoissonRatio, m.Kalinlik / 100.0);
-    for (int c = 1; c <= YukSayisi; ++c) {
-        std::array<double, 25> local{};
-        for (int i = 1; i <= 24; ++i)
-            for (int j = 1; j <= 24; ++j) {
-                const int e = MeshEqs[static_cast<std::size_t>(j)];
-                local[static_cast<std::size_t>(i)] += T(i, j) * (e > 0 ? SolutionValue(e, c) : 0.0);
-            }
-        for (int i = 1; i <= 24; ++i) {
-            double sum = 0.0;
-            for (int j = 1; j <= 24; ++j)
-                sum += S(i, j) * local[static_cast<std::size_t>(j)];
-            record[static_cast<std::size_t>(24 * (c - 1) + i - 1)] = sum;
-        }
-    }
-    return record;
 }
 
 std::string Bytes(const void *from, std::size_t size) { return {static_cast<const char *>(from), size}; }
