@@ -43,7 +43,6 @@ void BM_ProjectText(benchmark::State &state) {
     for (auto _ : state)
         benchmark::DoNotOptimize(ProjectText());
     state.counters["nodes"] = NoktaCount;
-    state.counters["bytes"] = static_cast<double>(ProjectText().size());
 }
 
 void BM_ReadProject(benchmark::State &state) {
