@@ -2,6 +2,7 @@
 
 #include <climits>
 #include <cstdlib>
+#include <system_error>
 
 namespace havuz {
 
@@ -40,8 +41,11 @@ int AwaitChange(const std::atomic<int> &value, int was) {
 } // namespace
 
 WorkerTeam::WorkerTeam(int threads) {
-    for (int worker = 1; worker < threads; ++worker)
-        helpers_.emplace_back([this, worker] { help(worker); });
+    try {
+        for (int worker = 1; worker < threads; ++worker)
+            helpers_.emplace_back([this, worker] { help(worker); });
+    } catch (const std::system_error &) { // the system has no more threads: the team is smaller
+    }
 }
 
 WorkerTeam::~WorkerTeam() {
