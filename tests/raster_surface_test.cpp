@@ -4,6 +4,7 @@
 #include "ui/qt/small_font.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 #include <set>
 
 namespace havuz {
@@ -144,6 +145,10 @@ TEST(RasterSurface, WhatLiesOutsideIsLeftOut) {
     scr.Text(8, 8, "12345");
     scr.Point(-1, 10, kRed);
     scr.Circle(-20, 50, 1, kRed);
+    for (const int end : {std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+        scr.Text(end, end, "12345");
+        scr.Circle(end, end, 1, kRed);
+    }
     scr.Line(-far, 5, far, 5, kRed);
     EXPECT_EQ(scr.ReadPoint(4, 5), kRed);
     scr.Polygon(huge);

@@ -8,7 +8,9 @@
 
 namespace havuz {
 
-static constexpr int kFar = 1 << 20; // pixels: an area up to here is measured without overflow
+static constexpr int kFar = 1 << 20; // pixels: no picture reaches so far, and nothing nearer overflows
+
+static bool IsNear(int v) { return v > -kFar && v < kFar; }
 
 void DisplayList::clear() {
     painted();
@@ -80,8 +82,8 @@ void DisplayList::box(const PenState &pen, int x1, int y1, int x2, int y2, Colou
 }
 
 void DisplayList::fillBox(const PenState &pen, int x1, int y1, int x2, int y2, Colour colour) {
-    const auto near = [](int v) { return v > -kFar && v < kFar; };
-    const bool own = scale_ == 1.0 && pen.mode == DrawMode::Copy && near(x1) && near(x2) && near(y1) && near(y2);
+    const bool own =
+        scale_ == 1.0 && pen.mode == DrawMode::Copy && IsNear(x1) && IsNear(x2) && IsNear(y1) && IsNear(y2);
     if (own) {
         if (x1 > x2)
             std::swap(x1, x2);
@@ -97,8 +99,8 @@ void DisplayList::fillBox(const PenState &pen, int x1, int y1, int x2, int y2, C
 }
 
 void DisplayList::circle(const PenState &pen, int x, int y, int radius, Colour colour) {
-    const bool own =
-        thin(pen) && pen.fillStyle == FillStyle::None && radius == 1 && holds(x - 1, y - 1) && holds(x + 1, y + 1);
+    const bool own = thin(pen) && pen.fillStyle == FillStyle::None && radius == 1 && x > 0 && x < width_ - 1 && y > 0 &&
+                     y < height_ - 1;
     const int rows = std::clamp(radius, -kFar, kFar);
     add(request(own ? Figure::ThinCircle : Figure::Circle, pen, colour, x, y, radius, 0), y, y,
         own ? 1 : std::abs(rows) + Reach(pen));
@@ -124,6 +126,8 @@ void DisplayList::polygon(const PenState &pen, std::span<const Pixel> points) {
 }
 
 void DisplayList::text(const PenState &pen, int x, int y, const std::string &text) {
+    if (!IsNear(x) || !IsNear(y))
+        return;
     const auto first = static_cast<int>(bytes_.size());
     bytes_ += text;
     add(request(Figure::Text, pen, pen.colour, x, y, first, static_cast<int>(text.size())), y, y + kGlyphRows, 0);
