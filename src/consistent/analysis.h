@@ -3,6 +3,7 @@
 #pragma once
 
 #include "consistent/failure.h"
+#include "consistent/membrane.h"
 #include "consistent/results.h"
 #include "model/workers.h"
 
@@ -12,9 +13,9 @@ namespace havuz::consistent {
 
 struct Options {
     LoadOptions loads;
-    double drillingFactor = 1.0; // times the small drilling stiffness: results do not show it
-    bool innerModes = true; // false: the plain bilinear membrane, stiff where a strip of one mesh bends in its plane
-    bool joins = true;      // false: only what the project's own numbering makes one
+    double drillingFactor = 1.0;                 // times the small drilling stiffness: results do not show it
+    InnerModes stripModes = InnerModes::Stretch; // membrane of strips; other meshes have all modes
+    bool joins = true;                           // false: only what the project's own numbering makes one
     int threads = 1;
 };
 

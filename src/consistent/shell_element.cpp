@@ -1,6 +1,5 @@
 #include "consistent/shell_element.h"
 
-#include "consistent/membrane.h"
 #include "consistent/plate_bending.h"
 
 namespace havuz::consistent {

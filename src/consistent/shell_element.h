@@ -3,19 +3,17 @@
 // the displacement and the rotation vector (right hand), 24 in the order of the corners. Units: m, t.
 #pragma once
 
-#include "consistent/flat_shape.h"
+#include "consistent/membrane.h"
 
 namespace havuz::consistent {
 
 using Matrix24 = Eigen::Matrix<double, 24, 24>;
 using Vector24 = Eigen::Matrix<double, 24, 1>;
 
-class Membrane;
-
 struct ShellSection {
     double E = 0.0, poisson = 0.25, thickness = 0.0; // t/m2, -, m
     double drillingFactor = 1.0;
-    bool innerModes = true; // of the membrane; without them it is the plain bilinear one
+    InnerModes innerModes = InnerModes::All; // of the membrane
 };
 
 // Membrane forces and moments in the local axes: nxx nyy nxy mxx myy mxy.

@@ -10,8 +10,12 @@ namespace havuz::consistent {
 
 namespace {
 
+constexpr int kStrip = 2; // kind of a panel
+
 ShellSection SectionOf(const Tank &tank, const TankMesh &mesh, const Options &options) {
-    return {tank.E, tank.poisson, tank.panelOf(mesh).thickness, options.drillingFactor, options.innerModes};
+    const TankPanel &panel = tank.panelOf(mesh);
+    return {tank.E, tank.poisson, panel.thickness, options.drillingFactor,
+            panel.kind == kStrip ? options.stripModes : InnerModes::All};
 }
 
 std::vector<std::optional<ShellElement>> MakeElements(const Tank &tank, const Options &options) {

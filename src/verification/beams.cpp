@@ -41,7 +41,7 @@ enum class Slant { None, Same, Opposite };
 Beam StraightBeam(Slant slant, std::size_t mesh) {
     Beam beam{HandTank(1e7, 0.3), {}};
     HandTank &t = beam.tank;
-    const int p = t.panel(2, 0.1), fine = 1 << mesh;
+    const int p = t.panel(kPlain, 0.1), fine = 1 << mesh;
     const auto place = [&](double along, bool upper) {
         const int k = std::min(static_cast<int>(along), 5);
         const auto end = [&](int i) {
@@ -106,7 +106,7 @@ Example StraightBeams(const std::string &key, const std::string &shape, Slant sl
 
 Beam CurvedBeam(std::size_t mesh) {
     Beam beam{HandTank(1e7, 0.25), {}};
-    const int p = beam.tank.panel(2, 0.1), columns = 6 << mesh, rows = 1 << mesh;
+    const int p = beam.tank.panel(kPlain, 0.1), columns = 6 << mesh, rows = 1 << mesh;
     const int first = beam.tank.grid(p, columns, rows, [](double s, double v) {
         const double r = 4.12 + 0.2 * v, a = kPi / 2 * (1 - s);
         return Vector3{r * std::cos(a), r * std::sin(a), 0};
@@ -137,7 +137,7 @@ Example CurvedBeams() {
 // 90 degrees of twist over its length: every mesh is warped.
 HandTank TwistedBeam(std::size_t mesh) {
     HandTank t(29e6, 0.22);
-    const int p = t.panel(2, 0.32);
+    const int p = t.panel(kPlain, 0.32);
     t.grid(p, 6 << mesh, mesh == 0 ? 2 : 1 << mesh, [](double s, double v) {
         const double a = kPi / 2 * s, y = 1.1 * (v - 0.5);
         return Vector3{12 * s, y * std::cos(a), y * std::sin(a)};
@@ -193,7 +193,7 @@ Corners PatchCorners(const std::array<std::size_t, 4> &mesh) {
 
 // Stresses of all meshes at centre and corners once the four inner nodes are in balance.
 std::vector<LocalStress> PatchStresses(const Field &field) {
-    const ShellSection section{1e6, 0.25, 0.001, 1.0, true};
+    const ShellSection section{1e6, 0.25, 0.001, 1.0, InnerModes::All};
     Eigen::MatrixXd k = Eigen::MatrixXd::Zero(48, 48);
     std::vector<ShellElement> elements;
     const auto row = [](std::size_t node, Eigen::Index d) { return 6 * static_cast<Eigen::Index>(node) + d; };
@@ -275,7 +275,7 @@ std::vector<Example> PatchExamples() {
     e.values = [](std::size_t) { return PatchValues(); };
     e.sketch = [] {
         HandTank t(1e6, .25);
-        const int p = t.panel(2, .001);
+        const int p = t.panel(kPlain, .001);
         for (const PatchNode &n : kPatch)
             t.node({n.x, n.y, 0});
         for (const auto &m : kPatchMeshes)

@@ -135,7 +135,7 @@ Example TwoPlates() {
     e.meshes = {"0.5 m", "0.25 m", "0.125 m"};
     const auto tank = [=](std::size_t mesh) {
         HandTank t(kE, kPoisson);
-        const int p = t.panel(1, thickness), q = t.panel(2, thickness), n = 2 << mesh;
+        const int p = t.panel(1, thickness), q = t.panel(kPlain, thickness), n = 2 << mesh;
         const int columns = mesh == 0 ? 1 : 1 << (mesh - 1), across = columns + 1;
         t.grid(p, columns, 3 * n, [=](double s, double v) { return Vector3{0, width * s, height * v}; });
         const int head = static_cast<int>(t.tank.nodes.size()) - across;
@@ -236,7 +236,7 @@ Example ThreePlates() {
     e.meshes = {"1 m", "0.5 m", "0.25 m"};
     const auto tank = [](std::size_t mesh) {
         HandTank t(kE, kPoisson);
-        const int p = t.panel(2, 0.2), n = 2 << mesh;
+        const int p = t.panel(kPlain, 0.2), n = 2 << mesh;
         t.grid(p, n, n, [](double s, double v) { return Vector3{2 * s, 2 * v, 0}; });
         t.grid(p, n, n, [](double s, double v) { return Vector3{0, 2 * s, 2 * v}; });
         t.grid(p, n, n, [](double s, double v) { return Vector3{2 * v, 0, 2 * s}; });

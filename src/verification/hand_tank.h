@@ -7,6 +7,8 @@
 
 namespace havuz::consistent {
 
+constexpr int kPlain = 3; // kind of a panel that is neither floor, wall nor strip
+
 class HandTank {
 public:
     HandTank(double E, double poisson) {

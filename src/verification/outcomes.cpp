@@ -178,7 +178,8 @@ std::vector<Outcome> FootMoments() {
     liquid.words = "A column in which the rules do no harm.";
     liquid.tank = Rectangular({{&SiviKotu, 2.9}, {&ToprakKotu, 0}});
     liquid.widths = {1, 0.5};
-    liquid.quantities = {{"foot moment in the middle of the long wall", "t.m/m", 0, kFine, "",
+    liquid.quantities = {{"foot moment in the middle of the long wall", "t.m/m", 0, kFine,
+                          "the strip on the wall is stiff in its plane while it is few meshes across",
                           "the run's element and its shares of nodes at this width"}};
     AtFoot(liquid, 3, {5, 0, 0}, kColumnLiquid, Alone(kLiquid));
     TargetFromFiner(liquid);

@@ -42,7 +42,7 @@ int BitsOf(Edge edge) { return edge == Edge::Clamped ? kClamped : edge == Edge::
 // A quarter of a plate of a by b, its edges at x = 0 and y = 0 held, the other two lines of symmetry.
 HandTank Quarter(double a, double b, int columns, int rows, Edge rim, double E, double poisson, double thickness) {
     HandTank t(E, poisson);
-    const int p = t.panel(2, thickness);
+    const int p = t.panel(kPlain, thickness);
     t.grid(p, columns, rows, [&](double s, double v) { return Vector3{s * a / 2, v * b / 2, 0}; });
     t.hold(BitsOf(rim), [](const Vector3 &at) { return Near(at.x, 0) || Near(at.y, 0); });
     t.hold(2, [&](const Vector3 &at) { return Near(at.x, a / 2); });
@@ -147,7 +147,7 @@ Example WallPlate(const std::string &key, const std::string &title, double a, st
     e.meshes = {Labels(0), Labels(1), Labels(2)};
     const auto tank = [=](std::size_t mesh) {
         HandTank t(kE, kPoisson);
-        const int p = t.panel(2, kThickness);
+        const int p = t.panel(kPlain, kThickness);
         t.grid(p, Divisions(mesh), Divisions(mesh), [&](double s, double v) { return Vector3{s * a, v, 0}; });
         t.hold(BitsOf(edge[0]), [&](const Vector3 &at) { return Near(at.x, 0) || Near(at.x, a); });
         t.hold(BitsOf(edge[2]), [](const Vector3 &at) { return Near(at.y, 0); });

@@ -25,7 +25,7 @@ Example ScordelisLo() {
     const double a = 40 * kPi / 180;
     const auto tank = [a](std::size_t mesh) {
         HandTank t(4.32e8, 0.0);
-        const int p = t.panel(2, 0.25, 90.0), n = 4 << mesh;
+        const int p = t.panel(kPlain, 0.25, 90.0), n = 4 << mesh;
         t.grid(p, n, n, [a](double s, double v) {
             return Vector3{25 * std::sin(a * s), 25 * v, 25 * std::cos(a * s)};
         });
@@ -53,7 +53,7 @@ Example PinchedCylinder() {
     e.notLiteral = kNotLiteral;
     const auto tank = [](std::size_t mesh) {
         HandTank t(3e6, 0.3);
-        const int p = t.panel(2, 3), n = 8 << mesh;
+        const int p = t.panel(kPlain, 3), n = 8 << mesh;
         t.grid(p, n, n, [](double s, double v) {
             return Vector3{300 * std::sin(kPi / 2 * s), 300 * v, 300 * std::cos(kPi / 2 * s)};
         });
@@ -86,7 +86,7 @@ Example Hemisphere(double top) {
     e.notLiteral = kNotLiteral;
     const auto tank = [top](std::size_t mesh) {
         HandTank t(6.825e7, 0.3);
-        const int p = t.panel(2, 0.04), n = 4 << mesh;
+        const int p = t.panel(kPlain, 0.04), n = 4 << mesh;
         t.grid(p, n, n, [top](double s, double v) {
             const double a = kPi / 2 * s, b = top * kPi / 180 * v;
             return Vector3{10 * std::cos(b) * std::cos(a), 10 * std::cos(b) * std::sin(a), 10 * std::sin(b)};
