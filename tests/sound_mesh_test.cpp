@@ -36,8 +36,8 @@ SoundLosses MeshSoundly(double width = 0.0, double foot = 0.0) {
 std::string RefusalOf(const std::function<void()> &job) {
     try {
         job();
-    } catch (const SoundMeshFailure &failure) {
-        EXPECT_EQ(failure.turkish().find("its"), std::string::npos);
+    } catch (const RuntimeFailure &failure) {
+        EXPECT_EQ(FailureInTurkish(failure).find("its"), std::string::npos);
         return failure.what();
     }
     return "";

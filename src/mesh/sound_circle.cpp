@@ -336,8 +336,7 @@ void MeshCircularPool(const Wish &wish, Mesh &mesh) {
     if (!ReadDrum(drum))
         drum = DrumOfParameters(wish.width);
     if (drum.wall.empty() || drum.wall[0].size() < 4 || drum.wall[0].size() % 2 != 0)
-        throw SoundMeshFailure("panel 1: a circular floor needs an even number of four nodes or more on its rim",
-                               "PANEL 1: DAIRESEL TABANIN CEVRESINDE DORT YA DA DAHA COK, CIFT SAYIDA NOKTA GEREKIR");
+        throw RuntimeFailure({.fault = Fault::RimNotEven, .where = {{Thing::Panel, 1}}});
     TurnToStart(drum);
     DivideRim(drum, wish.width);
     if (wish.foot > 0.0)

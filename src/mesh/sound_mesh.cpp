@@ -9,7 +9,6 @@
 #include "model/parameters.h"
 
 #include <cmath>
-#include <utility>
 
 namespace havuz {
 
@@ -95,17 +94,12 @@ double LeastWidth(const Wish &wish) {
 }
 
 [[noreturn]] void FailTooFine(const Wish &wish) {
-    const std::string nodes = std::to_string(kNoktaCapacity), meshes = std::to_string(kMeshCapacity);
     const double least = LeastWidth(wish);
-    if (!(least > 0.0))
-        throw SoundMeshFailure("the model needs more than the " + nodes + " nodes and " + meshes +
-                                   " meshes of the tables at any mesh width",
-                               "MODEL HICBIR MESH GENISLIGI ILE " + nodes + " NOKTA VE " + meshes + " MESHE SIGMIYOR");
-    throw SoundMeshFailure("mesh width " + LengthText(wish.width) + " m is too fine for the tables of " + nodes +
-                               " nodes and " + meshes + " meshes; the least width that fits is " + LengthText(least) +
-                               " m",
-                           "MESH GENISLIGI " + LengthText(wish.width) + " COK KUCUK, SINIR " + nodes + " NOKTA VE " +
-                               meshes + " MESH; SIGAN EN KUCUK GENISLIK " + LengthText(least));
+    throw RuntimeFailure({.fault = least > 0.0 ? Fault::MeshTooFine : Fault::NoWidthFits,
+                          .number = least,
+                          .first = kNoktaCapacity,
+                          .bound = kMeshCapacity,
+                          .text = LengthText(wish.width)});
 }
 
 Built BuildOrFail(const Wish &wish) {
@@ -121,11 +115,9 @@ Wish WishOf(const SoundOptions &options) {
     if (width == 0.0)
         throw RuntimeFailure({.fault = Fault::Divided, .thing = Thing::MeshGenisligi});
     if (!(width > 0.0) || !std::isfinite(width))
-        throw SoundMeshFailure("MeshGenisligi: " + LengthText(width) + " m is no mesh width",
-                               "MeshGenisligi: " + LengthText(width) + " BIR UZUNLUK DEGIL");
+        throw RuntimeFailure({.fault = Fault::NoMeshWidth, .thing = Thing::MeshGenisligi, .text = LengthText(width)});
     if (!(options.foot >= 0.0) || !std::isfinite(options.foot))
-        throw SoundMeshFailure("foot: " + LengthText(options.foot) + " m is no height of a row",
-                               "DUVAR DIBI SIRASI: " + LengthText(options.foot) + " BIR UZUNLUK DEGIL");
+        throw RuntimeFailure({.fault = Fault::NoRowHeight, .text = LengthText(options.foot)});
     return {width, options.width == 0.0 && options.foot == 0.0, {}, options.foot};
 }
 
@@ -274,10 +266,6 @@ void GiveWallsWeight() {
 }
 
 } // namespace
-
-SoundMeshFailure::SoundMeshFailure(std::string english, std::string turkish)
-    : RuntimeFailure({.thing = Thing::NoktaTable, .number = kNoktaCapacity + 1, .bound = kNoktaCapacity}),
-      english_(std::move(english)), turkish_(std::move(turkish)) {}
 
 SoundLosses SoundMesh(MeshWindow &window, const SoundOptions &options) {
     const Built built = BuildOrFail(WishOf(options));

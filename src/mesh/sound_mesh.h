@@ -20,23 +20,11 @@ struct SoundOptions {
 // What did not find a place in the new mesh, a sentence each: supports, point loads, meshes that had been switched off.
 using SoundLosses = std::vector<std::string>;
 
-// The mesh that was asked for cannot be made; said in both languages. Nothing was changed. As a failure of the tables
-// it is the node that they cannot hold.
-class SoundMeshFailure : public RuntimeFailure {
-public:
-    SoundMeshFailure(std::string english, std::string turkish);
-    const char *what() const noexcept override { return english_.c_str(); }
-    const std::string &turkish() const { return turkish_; } // for the prompt line, without small letters
-
-private:
-    std::string english_, turkish_;
-};
-
 // Replaces NoktaTable, MeshTable and NokYukTable by a sound mesh of the model, numbered for a short profile; sets Nx,
 // Ny of panels, and G of polygon walls that have none. Edge supports come from the panels; node supports and point
-// loads go over to nodes within 1 mm of their old place. The tables stay as they were when it fails: SoundMeshFailure
-// with the plate or panel whose outline cannot be meshed, with a width that is no length, or with the least width that
-// fits for one that is too fine; DivisionByZero for MeshGenisligi 0.
+// loads go over to nodes within 1 mm of their old place. The tables stay as they were when it fails: BadShape
+// with the plate or panel whose outline cannot be meshed, BadNumber with a width that is no length, Subscript with the
+// least width that fits for one that is too fine, DivisionByZero for MeshGenisligi 0.
 SoundLosses SoundMesh(MeshWindow &window, const SoundOptions &options);
 
 } // namespace havuz

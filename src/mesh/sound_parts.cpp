@@ -45,11 +45,11 @@ void CheckSimple(const Model &model, const Part &part, const std::vector<PlanPoi
     for (int a = 0; a < n; ++a)
         for (int b = a + 2; b < n; ++b)
             if (SegmentsCross(At(outline, a), At(outline, a + 1), At(outline, b), At(outline, (b + 1) % n)))
-                FailShape(part, OutlineFault::Crosses, PlaceText(model.at(At(part.corner, a))));
+                FailShape(part, Fault::OutlineCrosses, PlaceText(model.at(At(part.corner, a))));
     for (int a = 0; a < n; ++a)
         for (int b = a + 1; b < n; ++b)
             if (At(part.corner, a) == At(part.corner, b))
-                FailShape(part, OutlineFault::Touches, PlaceText(model.at(At(part.corner, a))));
+                FailShape(part, Fault::OutlineTouches, PlaceText(model.at(At(part.corner, a))));
 }
 
 // Corners at which the outline turns.
@@ -145,11 +145,11 @@ void AddPlate(Model &model, int p) {
     part.normal = {0, 0, 1};
     const std::vector<PlanPoint> outline = OutlineInPlane(model, part);
     if (outline.size() < 3)
-        FailShape(part, OutlineFault::FewCorners);
+        FailShape(part, Fault::FewCorners);
     CheckSimple(model, part, outline);
     const double twice = TwiceArea(outline);
     if (std::fabs(twice) < kOnePlace)
-        FailShape(part, OutlineFault::NoArea);
+        FailShape(part, Fault::NoPlanArea);
     if (twice < 0.0)
         std::reverse(part.corner.begin() + 1, part.corner.end());
     ChooseShapeOfPlate(model, part);
@@ -272,15 +272,9 @@ double MeanValueHeight(const Model &model, const Part &plate, PlanPoint p) {
 
 bool FourSided(const Part &part) { return part.quad[0] >= 0; }
 
-void FailShape(const Part &part, OutlineFault fault, const std::string &place) {
-    const std::string no = std::to_string(part.plate ? OwnerPlate(part.owner) : part.owner);
-    const std::array<const char *, 4> english{" crosses itself near ", " touches itself near ",
-                                              " has fewer than three corners", " has no area in plan"},
-        turkish{": KENARLARI KESISIYOR, YERI ", ": KENARLARI BIRBIRINE DEGIYOR, YERI ", ": UCTEN AZ KOSESI VAR",
-                ": PLANDA ALANI YOK"};
-    const auto k = static_cast<std::size_t>(fault);
-    throw SoundMeshFailure((part.plate ? "plate " : "panel ") + no + ": its outline" + english[k] + place,
-                           (part.plate ? "PLAK " : "PANEL ") + no + turkish[k] + place);
+void FailShape(const Part &part, Fault fault, const std::string &place) {
+    const Spot spot = part.plate ? Spot{Thing::Plate, OwnerPlate(part.owner)} : Spot{Thing::Panel, part.owner};
+    throw RuntimeFailure({.fault = fault, .where = {spot}, .text = place});
 }
 
 std::string PlaceText(SpacePoint p) {

@@ -131,7 +131,7 @@ private:
     void makeFree(const Part &part) {
         const FlatMesh flat = MeshFlat(taskOf(part));
         if (flat.quad.empty())
-            FailShape(part, OutlineFault::Touches, PlaceText(model_.at(part.corner[0])));
+            FailShape(part, Fault::OutlineTouches, PlaceText(model_.at(part.corner[0])));
         for (int k = Count(ofFlat_); k < Count(flat.node); ++k)
             ofFlat_.push_back(mesh_.add(InSpace(model_, part, At(flat.node, k))));
         for (const auto &q : flat.quad)

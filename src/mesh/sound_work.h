@@ -142,9 +142,8 @@ SpacePoint InSpace(const Model &model, const Part &part, PlanPoint p);
 bool Inside(const std::vector<PlanPoint> &outline, PlanPoint p); // by crossings of a ray
 std::vector<PlanPoint> OutlineInPlane(const Model &model, const Part &part);
 bool FourSided(const Part &part); // its grid is that of a four-sided patch
-// SoundMeshFailure, naming the part.
-enum class OutlineFault { Crosses, Touches, FewCorners, NoArea };
-[[noreturn]] void FailShape(const Part &part, OutlineFault fault, const std::string &place = {});
+// BadShape, naming the part.
+[[noreturn]] void FailShape(const Part &part, Fault fault, const std::string &place = {});
 std::string PlaceText(SpacePoint p); // "(1.5, 2, 0)"
 
 // sound_agree.cpp: every corner on an edge of another part becomes a corner of both, lines of grids run through, until

@@ -11,7 +11,9 @@ FailureKind KindOf(Fault fault) {
         return Overflow;
     if (fault <= Fault::NoLocalArea)
         return DivisionByZero;
-    return fault == Fault::NotANumber ? BadNumber : File;
+    if (fault <= Fault::NoRowHeight)
+        return BadNumber;
+    return fault <= Fault::RimNotEven ? BadShape : File;
 }
 
 RuntimeFailure::RuntimeFailure(FailureParts parts)

@@ -15,7 +15,7 @@
 
 namespace havuz {
 
-enum FailureKind { Subscript, Overflow, DivisionByZero, BadNumber, File };
+enum FailureKind { Subscript, Overflow, DivisionByZero, BadNumber, BadShape, File };
 
 // What went wrong. Each belongs to one kind and has one sentence in either language; the comments name the parts that
 // the sentence shows besides the place.
@@ -29,6 +29,8 @@ enum class Fault : std::uint8_t {
     TooManyEquations,
     ProfileTooLong,  // number of equations, first: cells of the profile, bound
     TooManyRhsCells, // number of equations, first: load columns, bound
+    MeshTooFine,     // text: width asked for, first nodes, bound meshes of the tables, number: least width that fits
+    NoWidthFits,     // first nodes, bound meshes of the tables
     Unknown,         // thing, text: a name that nothing has
     // Overflow
     Past16Bits,       // number, that a field cannot hold
@@ -50,7 +52,15 @@ enum class Fault : std::uint8_t {
     NoSide, // thing
     NoLocalArea,
     // BadNumber
-    NotANumber, // text
+    NotANumber,  // text
+    NoMeshWidth, // thing, text
+    NoRowHeight, // text
+    // BadShape
+    OutlineCrosses, // text: near which place
+    OutlineTouches, // text: near which place
+    FewCorners,
+    NoPlanArea,
+    RimNotEven,
     // File: text is the path
     EndsInLine,
     IsDirectory,

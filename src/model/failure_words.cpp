@@ -166,7 +166,8 @@ Words WordsOf(Thing thing) {
 // Things that stand with their number in brackets in a place: "NoktaTable(7)", not "NoktaTable 7".
 bool IsTable(Thing thing) { return thing >= Thing::NoktaTable && thing <= Thing::KenarMesnet; }
 
-// %p place and ": ", %P the place alone, %t thing, %n number, %f first, %b bound, %x text, %r reason in brackets.
+// %p place and ": ", %P the place alone, %t thing, %n number, %l the same as a length, %f first, %b bound, %x text, %r
+// reason in brackets.
 Words SentenceOf(Fault fault) {
     switch (fault) {
     case Fault::OutsideBounds:
@@ -189,6 +190,13 @@ Words SentenceOf(Fault fault) {
         return {"%n equations with a profile of %f cells: S ends at %b", "%n DENKLEM, PROFIL %f: S SINIR %b"};
     case Fault::TooManyRhsCells:
         return {"%n equations with %f load columns: Rhs ends at %b", "%n DENKLEM, YUK KOLONU %f: Rhs SINIR %b"};
+    case Fault::MeshTooFine:
+        return {
+            "mesh width %x m is too fine for the tables of %f nodes and %b meshes; the least width that fits is %l m",
+            "MESH GENISLIGI %x COK KUCUK, SINIR %f NOKTA VE %b MESH; SIGAN EN KUCUK GENISLIK %l"};
+    case Fault::NoWidthFits:
+        return {"the model needs more than the %f nodes and %b meshes of the tables at any mesh width",
+                "MODEL HICBIR MESH GENISLIGI ILE %f NOKTA VE %b MESHE SIGMIYOR"};
     case Fault::Unknown:
         return {"no %t %x", "%t %x YOK"};
     case Fault::Past16Bits:
@@ -228,6 +236,21 @@ Words SentenceOf(Fault fault) {
         return {"%p%t: the corners span no local area in either order", "%p%t: KOSELERIN ALANI YOK"};
     case Fault::NotANumber:
         return {"%p\"%x\" is not a number", "%p\"%x\""};
+    case Fault::NoMeshWidth:
+        return {"%t: %x m is no mesh width", "%t: %x BIR UZUNLUK DEGIL"};
+    case Fault::NoRowHeight:
+        return {"foot: %x m is no height of a row", "DUVAR DIBI SIRASI: %x BIR UZUNLUK DEGIL"};
+    case Fault::OutlineCrosses:
+        return {"%pits outline crosses itself near %x", "%pKENARLARI KESISIYOR, YERI %x"};
+    case Fault::OutlineTouches:
+        return {"%pits outline touches itself near %x", "%pKENARLARI BIRBIRINE DEGIYOR, YERI %x"};
+    case Fault::FewCorners:
+        return {"%pits outline has fewer than three corners", "%pUCTEN AZ KOSESI VAR"};
+    case Fault::NoPlanArea:
+        return {"%pits outline has no area in plan", "%pPLANDA ALANI YOK"};
+    case Fault::RimNotEven:
+        return {"%pa circular floor needs an even number of four nodes or more on its rim",
+                "%pDAIRESEL TABANIN CEVRESINDE DORT YA DA DAHA COK, CIFT SAYIDA NOKTA GEREKIR"};
     case Fault::EndsInLine:
         return {"%pthe file ends inside a line", "%pDOSYA SATIR ORTASINDA BITIYOR"};
     case Fault::IsDirectory:
@@ -320,6 +343,8 @@ const char *KindInTurkish(FailureKind kind) {
         return "SIFIRA BOLME";
     case BadNumber:
         return "SAYI DEGIL";
+    case BadShape:
+        return "SEKIL UYGUN DEGIL";
     case File:
         break;
     }
@@ -328,6 +353,15 @@ const char *KindInTurkish(FailureKind kind) {
 
 std::string TextOf(const Amount &n) {
     return n.whole ? std::to_string(static_cast<long long>(n.value)) : std::to_string(n.value);
+}
+
+// Up to six decimals, no zeros behind.
+std::string LengthText(double length) {
+    std::string text = std::to_string(length);
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.back() == '.')
+        text.pop_back();
+    return text;
 }
 
 // " (Permission denied)"; nothing where the system gave no reason.
@@ -382,6 +416,8 @@ std::string PartText(char mark, const FailureParts &parts, Language language) {
         return WordsOf(parts.thing).in(language);
     case 'n':
         return TextOf(parts.number);
+    case 'l':
+        return LengthText(parts.number.value);
     case 'f':
         return std::to_string(parts.first);
     case 'b':

@@ -1,6 +1,5 @@
 #include "ui/window/transactions.h"
 
-#include "mesh/sound_mesh.h"
 #include "model/failure.h"
 #include "model/files.h"
 #include "model/project_file.h"
@@ -106,9 +105,6 @@ bool Transactions::attempt(const Command &command, const std::function<void()> &
     try {
         handler();
         return true;
-    } catch (const SoundMeshFailure &failure) {
-        failure_ = failure.what();
-        fail(command, failure.turkish(), before, window);
     } catch (const RuntimeFailure &failure) {
         failure_ = failure.what();
         fail(command, FailureInTurkish(failure), before, window);
