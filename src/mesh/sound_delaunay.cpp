@@ -17,6 +17,13 @@ auto &At(T &v, int k) {
     return v[static_cast<std::size_t>(k)];
 }
 
+int PlaceOf(const std::array<int, 3> &three, int one) {
+    for (int k = 0; k < 3; ++k)
+        if (At(three, k) == one)
+            return k;
+    return -1;
+}
+
 } // namespace
 
 Delaunay::Delaunay(PlanPoint low, PlanPoint high) : middle_{0.5 * (low.x + high.x), 0.5 * (low.y + high.y)} {
@@ -60,19 +67,9 @@ bool Delaunay::inCircle(int a, int b, int c, int d) const {
            0;
 }
 
-int Delaunay::edgeOf(int t, int beside) const {
-    for (int k = 0; k < 3; ++k)
-        if (At(tri(t).beside, k) == beside)
-            return k;
-    return -1;
-}
+int Delaunay::edgeOf(int t, int beside) const { return PlaceOf(tri(t).beside, beside); }
 
-int Delaunay::cornerOf(int t, int corner) const {
-    for (int k = 0; k < 3; ++k)
-        if (At(tri(t).corner, k) == corner)
-            return k;
-    return -1;
-}
+int Delaunay::cornerOf(int t, int corner) const { return PlaceOf(tri(t).corner, corner); }
 
 int Delaunay::put(const Triangle &t) {
     triangle_.push_back(t);
@@ -176,12 +173,7 @@ void Delaunay::splitEdge(int t, int edge, int corner) {
     const int v = halve(t, edge, corner, 2);
     std::vector<std::pair<int, int>> open{{t, (edge + 2) % 3}, {v, (edge + 1) % 3}};
     if (u >= 0) {
-        const int e = [&] {
-            for (int k = 0; k < 3; ++k)
-                if (At(b.corner, k) != q && At(b.corner, k) != r)
-                    return k;
-            return 0;
-        }();
+        const int e = PlaceOf(b.beside, t);
         const int w = halve(u, e, corner, 1); // around b: its corner e, then r, then q
         link(t, edge, u, e);
         link(v, edge, w, e);
