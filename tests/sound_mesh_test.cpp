@@ -235,7 +235,7 @@ TEST(SoundMesh, FloorsAndWallsStandAsTheOtherMeshersHaveThem) {
                 EXPECT_GT(Cross(Minus(c, a), Minus(d, b)).z, 0.0);
             } else {
                 ++walls;
-                EXPECT_GT(std::min(a.z, b.z), std::max(c.z, d.z) + 0.5);
+                EXPECT_GT(std::min(a.z, b.z), std::max(c.z, d.z) + 0.25);
             }
         }
         EXPECT_GT(floors, 30);

@@ -41,7 +41,7 @@ TEST(SoundSwitch, AutoMeshObeysItAndSaysWhichMesherWorked) {
     desk.window.SetChecked(kAutoMeshTool, false);
     desk.click(kAutoMeshTool);
     EXPECT_EQ(desk.prompt(),
-              "MESH TAMAM (TUTARLI): 112 NOKTA, 99 MESH, TASINAMAYAN 1, UYARI YOK - GORMEK ICIN plak/mesh");
+              "MESH TAMAM (TUTARLI): 160 NOKTA, 145 MESH, TASINAMAYAN 1, UYARI YOK - GORMEK ICIN plak/mesh");
     EXPECT_TRUE(MeshReport().empty());
     ASSERT_EQ(desk.window.errors.size(), 1U);
     EXPECT_NE(desk.window.errors[0].find("point load of node 1"), std::string::npos);

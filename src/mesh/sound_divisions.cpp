@@ -2,6 +2,7 @@
 // divided alike, and so all that hang together form a class; what its members wish for is settled once. Lines of free
 // parts come in pairs of sides, for every pair is halved there. Lengths in m.
 #include "mesh/sound_work.h"
+#include "model/link_code.h"
 
 #include <cmath>
 #include <numeric>
@@ -89,9 +90,44 @@ int OwnDivisions(int divisions, double part, double length, double width) {
 
 void TakeCount(int &count, int n) { count = std::max(count, n); }
 
-// Finer meshes at the foot of a wall and where its sides stand; each row at most twice the one before.
-void WishFoot(Classes &classes, const Model &model, int a, int b, double from, double to, const Wish &wish) {
-    if (!(wish.foot > 0.0))
+const Part *PlateUnder(const Model &model, const Part &wall) {
+    const int code = PanelTable[wall.owner].KenarKomsu[3];
+    for (const Part &part : model.part)
+        if (part.plate && code < 0 && OwnerPlate(part.owner) == -code / 100)
+            return &part;
+    return nullptr;
+}
+
+bool Reentrant(const Model &model, const Part &plate, int corner) {
+    const int n = Count(plate.corner);
+    for (int k = 0; k < n; ++k)
+        if (At(plate.corner, k) == corner)
+            return Twice(InPlane(plate, model.at(At(plate.corner, (k + n - 1) % n))), InPlane(plate, model.at(corner)),
+                         InPlane(plate, model.at(At(plate.corner, (k + 1) % n)))) < 0.0;
+    return false;
+}
+
+// First rows of a wall, m, 0 for even ones: at its foot, and beside its sides at corner 4 and at corner 3.
+struct FirstRows {
+    double foot = 0.0, left = 0.0, right = 0.0;
+};
+
+// Those that were wished for; without a wish half a width on plates that are no rectangle: at feet and at re-entrant
+// corners, where even rows of an ordinary width miss the moments by more than 3 %.
+FirstRows FirstRowsOf(const Model &model, const Part &wall, const Wish &wish) {
+    if (wish.foot > 0.0)
+        return {wish.foot, wish.foot, wish.foot};
+    const Part *plate = PlateUnder(model, wall);
+    if (plate == nullptr || (plate->shape == Shape::Grid && Count(plate->corner) == 4))
+        return {};
+    const double half = 0.5 * wish.width;
+    return {half, Reentrant(model, *plate, wall.quad[3]) ? half : 0.0,
+            Reentrant(model, *plate, wall.quad[2]) ? half : 0.0};
+}
+
+// Finer meshes from a place at which the first row is foot high; each row at most twice the one before.
+void WishFoot(Classes &classes, const Model &model, int a, int b, double from, double to, double foot) {
+    if (!(foot > 0.0))
         return;
     LineWish &line = classes.wish(classes.lineOf(a, b));
     const double length = LineLength(model, a, b);
@@ -99,7 +135,7 @@ void WishFoot(Classes &classes, const Model &model, int a, int b, double from, d
     for (int k = 0; k <= kSteps; ++k) {
         const double t = k / static_cast<double>(kSteps), x = from + (to - from) * (a < b ? t : 1.0 - t);
         double &density = At(line.density, k);
-        density = std::max(density, length / ((wish.foot + x) * std::log(2.0)));
+        density = std::max(density, length / ((foot + x) * std::log(2.0)));
     }
 }
 
@@ -116,8 +152,9 @@ void WishAlongU(Classes &classes, const Model &model, const Part &part, int i, i
         return;
     const double whole = SpaceDistance(model.at(part.quad[0]), model.at(part.quad[1]));
     const double u0 = At(part.U, i) * whole, u1 = At(part.U, i + 1) * whole;
-    WishFoot(classes, model, a, b, u0, u1, wish);
-    WishFoot(classes, model, a, b, whole - u0, whole - u1, wish);
+    const FirstRows rows = FirstRowsOf(model, part, wish);
+    WishFoot(classes, model, a, b, u0, u1, rows.left);
+    WishFoot(classes, model, a, b, whole - u0, whole - u1, rows.right);
 }
 
 // Rows of a wall on a plate are as many as fit into its lower side; other rows are rounded.
@@ -138,7 +175,8 @@ void WishAlongV(Classes &classes, const Model &model, const Part &part, int i, i
     if (!part.wall)
         return;
     const double whole = SpaceDistance(model.at(part.quad[1]), model.at(part.quad[2]));
-    WishFoot(classes, model, a, b, (1.0 - At(part.V, j)) * whole, (1.0 - At(part.V, j + 1)) * whole, wish);
+    WishFoot(classes, model, a, b, (1.0 - At(part.V, j)) * whole, (1.0 - At(part.V, j + 1)) * whole,
+             FirstRowsOf(model, part, wish).foot);
 }
 
 void WishLiteralGrid(Classes &classes, const Part &part) {

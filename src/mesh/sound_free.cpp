@@ -16,6 +16,8 @@ namespace {
 
 constexpr double kGrowth = 0.55;     // of the length of pairs by the distance from the rim
 constexpr double kLatticeRim = 0.6;  // of the local length: how near to the rim lattice corners may stand
+constexpr double kStraight = 0.05;   // sine of a turn that is none
+constexpr double kApart = 0.8;       // of the local length: lattice and first layer
 constexpr double kNearest = 0.62;    // of the local length: how near to each other corners may be put
 constexpr double kNearestRim = 0.45; // of the local length: how near to fixed edges
 constexpr double kLarge = 0.80;      // of the local length: a greater circle is too large
@@ -46,6 +48,7 @@ public:
     FlatMesh make() {
         if (!triangulate())
             return {};
+        putRimLayer();
         putLattice();
         refine();
         pairTriangles();
@@ -122,6 +125,32 @@ private:
             throw TooFine();
     }
 
+    // Along straight stretches of the rim one pair of even rows: the ends of two pairs moved in by their length. The
+    // foot of a wall then stands on regular meshes, and its moments are even.
+    void putRimLayer() {
+        for (int k = 0; k < task_.rimPairs; ++k) {
+            const RimPair &one = At(rim_, k), &next = At(rim_, (k + 1) % task_.rimPairs);
+            const double sine = Twice(one.a, one.b, next.b) / (one.length * next.length);
+            if (std::fabs(sine) > kStraight || PlanDistance(one.b, next.a) > kOnePlace)
+                continue;
+            const double length = 0.5 * (one.length + next.length), chord = PlanDistance(one.a, next.b);
+            const PlanPoint p{one.b.x - length * (next.b.y - one.a.y) / chord,
+                              one.b.y + length * (next.b.x - one.a.x) / chord};
+            const bool crowded = rimDistance(p, length) < 0.95 * length || lengthAt(p) < 0.8 * length ||
+                                 layerDistance(p) < kApart * length;
+            if (!crowded && triangles_.holding(p) >= 0) {
+                put(p);
+                layer_.push_back(p);
+            }
+        }
+    }
+    double layerDistance(PlanPoint p) const {
+        double least = 1e30;
+        for (const PlanPoint q : layer_)
+            least = std::min(least, PlanDistance(p, q));
+        return least;
+    }
+
     // A square lattice where full length is allowed, in whole steps from the outline's box along its longest edge.
     void putLattice() {
         const PlanPoint ex = task_.along, ey{-ex.y, ex.x};
@@ -142,7 +171,8 @@ private:
             for (int j = 1; j < n[1]; ++j) {
                 const double u = low[0] + i * fit[0], v = low[1] + j * fit[1];
                 const PlanPoint p{u * ex.x + v * ey.x, u * ex.y + v * ey.y};
-                if (lengthAt(p) > 0.85 * step && rimDistance(p, step) > kLatticeRim * step)
+                if (lengthAt(p) > 0.85 * step && rimDistance(p, step) > kLatticeRim * step &&
+                    layerDistance(p) > kApart * step)
                     put(p);
             }
     }
@@ -306,6 +336,7 @@ private:
     const FlatTask &task_;
     Delaunay triangles_;
     std::vector<RimPair> rim_;
+    std::vector<PlanPoint> layer_;  // beside the rim
     std::vector<int> nodeOf_;       // of a corner, -1 for a new one
     std::map<LineKey, int> middle_; // of an edge between two corners
     std::vector<int> mate_;
