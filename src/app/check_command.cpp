@@ -84,13 +84,15 @@ void CompareRun(CheckReport &report) {
 // Tables of the analysis and of the checks. What cannot be checked is a note, and its tables stay away.
 void WriteCsv(CheckReport &report, const design::Basis &basis, const std::string &directory) {
     const consistent::Tank &tank = report.analysis->tank();
-    std::vector<design::NamedTable> tables = {{"nodes.csv", CsvText(NodesTable(tank, report.cases))},
-                                              {"corners.csv", CsvText(CornersTable(tank, report.cases))},
-                                              {"walls.csv", CsvText(consistent::WallsTable(report.cases))},
-                                              {"proof.csv", CsvText(consistent::ProofTable(report.proved()))}};
+    constexpr auto style = design::TableStyle::International;
+    const consistent::CaseList shown = report.shown();
+    std::vector<design::NamedTable> tables = {
+        design::FileOf("nodes.csv", NodesTable(tank, shown), style),
+        design::FileOf("corners.csv", CornersTable(tank, shown), style),
+        design::FileOf("walls.csv", consistent::WallsTable(shown), style),
+        design::FileOf("proof.csv", consistent::ProofTable(report.proved()), style)};
     try {
-        for (design::NamedTable &table :
-             design::DesignTables(design::DesignTank(*report.analysis, basis), design::TableStyle::International))
+        for (design::NamedTable &table : design::DesignTables(design::DesignTank(*report.analysis, basis), style))
             tables.push_back(std::move(table));
     } catch (const design::DesignFailure &failure) {
         report.notes.push_back(std::string("no checks: ") + failure.what());

@@ -1,6 +1,5 @@
 #include "app/check_report.h"
 
-#include "consistent/tables.h"
 #include "fea/result_summary.h"
 
 #include <array>
@@ -25,6 +24,9 @@ std::string Line(const char *format, Values... values) {
     std::snprintf(text.data(), text.size(), format, values...);
     return text.data();
 }
+
+// Printed with so many decimals a smaller value is 0, without a sign.
+double Shown(double value, int decimals) { return std::fabs(value) * std::pow(10.0, decimals) < 0.5 ? 0.0 : value; }
 
 std::string Place(const Vector3 &at) { return Line("(%.2f, %.2f, %.2f)", at.x + 0.0, at.y + 0.0, at.z + 0.0); }
 
@@ -53,14 +55,14 @@ void PrintSystem(const CheckReport &report, std::ostream &out) {
 
 void PrintProof(const CheckReport &report, std::ostream &out) {
     out << "\nproof (t, t.m about the origin): loads, springs, reactions and their sum\n";
-    for (const CaseResult &r : report.proved()) {
-        out << Line("  %s: residual %.1e", r.key.c_str(), r.proof.residual);
-        if (r.tensionFree)
-            out << Line(", without tension: %d rounds, %.2f m2 lifted", r.rounds, r.liftedArea);
+    for (const CaseResult *r : report.proved()) {
+        out << Line("  %s: residual %.1e", r->key.c_str(), r->proof.residual);
+        if (r->tensionFree)
+            out << Line(", without tension: %d rounds, %.2f m2 lifted", r->rounds, r->liftedArea);
         out << "\n";
         for (std::size_t k = 0; k < consistent::kComponents.size(); ++k)
-            out << Line("    %s %14.6f %14.6f %14.6f %10.1e\n", consistent::kComponents[k], r.proof.load[k],
-                        r.proof.spring[k], r.proof.reaction[k], r.proof.sum[k]);
+            out << Line("    %s %14.6f %14.6f %14.6f %10.1e\n", consistent::kComponents[k], Shown(r->proof.load[k], 6),
+                        Shown(r->proof.spring[k], 6), Shown(r->proof.reaction[k], 6), r->proof.sum[k]);
     }
 }
 
@@ -79,21 +81,17 @@ void PrintWalls(const CheckReport &report, std::ostream &out) {
                             w.force, w.moment, w.length, w.height);
 }
 
-double ValueOf(const ResultTable &t, std::size_t row, std::size_t column) { return t.rows[row][column].number; }
-
 void PrintPanels(const CheckReport &report, std::ostream &out) {
     out << "\ngreatest values by panel and case (N t/m, M t.m/m, Q t/m)\n";
-    const ResultTable t = PanelsTable(report.analysis->tank(), report.cases);
-    for (std::size_t i = 0; i < t.rows.size(); ++i) {
-        if (ValueOf(t, i, 4) == 0.0)
-            continue;
-        const int corner = static_cast<int>(ValueOf(t, i, 6));
-        out << Line("  panel %-4d %-5s %-4s %12.4f   mesh %d %s at ", static_cast<int>(ValueOf(t, i, 0)),
-                    t.rows[i][2].word.c_str(), t.rows[i][3].word.c_str(), ValueOf(t, i, 4),
-                    static_cast<int>(ValueOf(t, i, 5)),
+    PanelsTable(report.analysis->tank(), report.shown()).eachRow([&](const consistent::TableRow &row) {
+        if (row[4].number == 0.0)
+            return;
+        const int corner = static_cast<int>(row[6].number);
+        out << Line("  panel %-4d %-5s %-4s %12.4f   mesh %d %s at ", static_cast<int>(row[0].number),
+                    row[2].word.c_str(), row[3].word.c_str(), Shown(row[4].number, 4), static_cast<int>(row[5].number),
                     corner == 0 ? "centre" : ("corner " + std::to_string(corner)).c_str())
-            << Place({ValueOf(t, i, 8), ValueOf(t, i, 9), ValueOf(t, i, 10)}) << "\n";
-    }
+            << Place({row[8].number, row[9].number, row[10].number}) << "\n";
+    });
 }
 
 std::string Percent(const RunComparison &c) {
@@ -132,20 +130,33 @@ void PrintComparison(const CheckReport &report, std::ostream &out) {
     }
 }
 
+ordered_json AsJson(const std::vector<std::string> &columns, const consistent::TableRow &row) {
+    ordered_json object;
+    for (std::size_t k = 0; k < row.size(); ++k)
+        if (row[k].isWord)
+            object[columns[k]] = row[k].word;
+        else if (row[k].number == std::floor(row[k].number) && std::fabs(row[k].number) < 1e15)
+            object[columns[k]] = static_cast<long long>(row[k].number);
+        else
+            object[columns[k]] = row[k].number;
+    return object;
+}
+
 ordered_json AsJson(const ResultTable &table) {
     ordered_json rows = ordered_json::array();
-    for (const auto &row : table.rows) {
-        ordered_json object;
-        for (std::size_t k = 0; k < row.size(); ++k)
-            if (row[k].isWord)
-                object[table.columns[k]] = row[k].word;
-            else if (row[k].number == std::floor(row[k].number) && std::fabs(row[k].number) < 1e15)
-                object[table.columns[k]] = static_cast<long long>(row[k].number);
-            else
-                object[table.columns[k]] = row[k].number;
-        rows.push_back(std::move(object));
-    }
+    table.eachRow([&](const consistent::TableRow &row) { rows.push_back(AsJson(table.columns, row)); });
     return rows;
+}
+
+// One row a line: a large tank has too many to hold them all.
+void PrintAsJson(const ResultTable &table, std::ostream &out) {
+    out << ",\n \"" << table.name << "\": [";
+    const char *before = "\n  ";
+    table.eachRow([&](const consistent::TableRow &row) {
+        out << before << AsJson(table.columns, row).dump();
+        before = ",\n  ";
+    });
+    out << "\n ]";
 }
 
 ordered_json ComparisonAsJson(const RunComparison &c) {
@@ -166,14 +177,21 @@ ordered_json JoinedAsJson(const std::vector<consistent::ExtraJoint> &joined) {
 
 } // namespace
 
-std::vector<CaseResult> CheckReport::proved() const {
-    std::vector<CaseResult> all = cases;
+consistent::CaseList CheckReport::shown() const {
+    consistent::CaseList all;
+    for (const CaseResult &r : cases)
+        all.push_back(&r);
+    return all;
+}
+
+consistent::CaseList CheckReport::proved() const {
+    consistent::CaseList all = shown();
     for (const CaseResult &r : combinations) {
-        bool shown = false;
+        bool isShown = false;
         for (const CaseResult &c : cases)
-            shown = shown || c.key == r.key;
-        if (!shown)
-            all.push_back(r);
+            isShown = isShown || c.key == r.key;
+        if (!isShown)
+            all.push_back(&r);
     }
     return all;
 }
@@ -196,7 +214,7 @@ void PrintCheckAsJson(const CheckReport &report, bool full, std::ostream &out) {
     o["pivots"] = {{"smallest", facts.smallestPivot}, {"greatest", facts.greatestPivot}};
     o["joined"] = JoinedAsJson(report.analysis->joined());
     o["notes"] = report.notes;
-    o["panels"] = AsJson(PanelsTable(tank, report.cases));
+    o["panels"] = AsJson(PanelsTable(tank, report.shown()));
     o["proof"] = AsJson(ProofTable(report.proved()));
     o["warnings"] = ordered_json::array();
     for (const Warning &w : report.warnings)
@@ -204,12 +222,14 @@ void PrintCheckAsJson(const CheckReport &report, bool full, std::ostream &out) {
     o["run"] = ordered_json::array();
     for (const RunComparison &c : report.comparisons)
         o["run"].push_back(ComparisonAsJson(c));
-    if (full) {
-        o["nodes"] = AsJson(NodesTable(tank, report.cases));
-        o["corners"] = AsJson(CornersTable(tank, report.cases));
-        o["walls"] = AsJson(WallsTable(report.cases));
-    }
-    out << o.dump(1) << "\n";
+    std::string text = o.dump(1);
+    text.erase(text.rfind("\n}"));
+    out << text;
+    if (full)
+        for (const ResultTable &table :
+             {NodesTable(tank, report.shown()), CornersTable(tank, report.shown()), WallsTable(report.shown())})
+            PrintAsJson(table, out);
+    out << "\n}\n";
 }
 
 } // namespace havuz

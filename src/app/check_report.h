@@ -3,6 +3,7 @@
 
 #include "consistent/analysis.h"
 #include "consistent/causes.h"
+#include "consistent/tables.h"
 #include "fea/run_warnings.h"
 #include "model/analysed_project.h"
 
@@ -22,7 +23,8 @@ struct CheckReport {
     ResultState run = ResultState::None; // of the run's result files
     std::vector<consistent::RunComparison> comparisons;
 
-    std::vector<consistent::CaseResult> proved() const; // cases, then combinations
+    consistent::CaseList shown() const;  // the cases
+    consistent::CaseList proved() const; // cases, then combinations
 };
 
 void PrintCheck(const CheckReport &report, std::ostream &out);

@@ -13,8 +13,11 @@ void WriteTables(const std::string &directory, const std::vector<design::NamedTa
     std::filesystem::create_directories(directory, error);
     if (!DirectoryExists(directory))
         FailFile(Fault::CannotCreate, directory, error.value());
-    for (const design::NamedTable &table : tables)
-        WriteWholeFile(directory + "/" + table.file, table.text);
+    for (const design::NamedTable &table : tables) {
+        BesideFile file(directory + "/" + table.file);
+        table.write([&](std::string_view piece) { file.write(piece); });
+        file.replaceTarget();
+    }
 }
 
 } // namespace havuz

@@ -1,9 +1,10 @@
-// Results as tables for other programs: comma between, one head line, point as decimal mark, 12 digits. The columns are
-// those of docs/consistent-analysis.md.
+// Results as tables for other programs, told row by row: a large tank has a hundred thousand rows of corners. The
+// columns are those of docs/consistent-analysis.md.
 #pragma once
 
 #include "consistent/results.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,21 +19,23 @@ struct TableCell {
     std::string word;
     bool isWord = false;
 };
+using TableRow = std::vector<TableCell>;
 struct ResultTable {
     std::string name; // "nodes"
     std::vector<std::string> columns;
-    std::vector<std::vector<TableCell>> rows;
+    std::function<void(const std::function<void(const TableRow &)> &take)> eachRow;
 };
 
-ResultTable NodesTable(const Tank &tank, const std::vector<CaseResult> &results);
-ResultTable CornersTable(const Tank &tank, const std::vector<CaseResult> &results);
-ResultTable WallsTable(const std::vector<CaseResult> &results);
-ResultTable ProofTable(const std::vector<CaseResult> &results);
+// Tank and results have to outlive the tables.
+using CaseList = std::vector<const CaseResult *>;
+ResultTable NodesTable(const Tank &tank, const CaseList &results);
+ResultTable CornersTable(const Tank &tank, const CaseList &results);
+ResultTable WallsTable(const CaseList &results);
+ResultTable ProofTable(const CaseList &results);
 
 // The greatest value by magnitude of each quantity of corners.csv in each panel, with its place.
-ResultTable PanelsTable(const Tank &tank, const std::vector<CaseResult> &results);
+ResultTable PanelsTable(const Tank &tank, const CaseList &results);
 
-std::string CsvText(const ResultTable &table);
 std::string ShortNumber(double value); // 12 digits, no sign on zero
 
 // The eight values of a result in the order of their names.

@@ -1,10 +1,10 @@
 #include "design/tables.h"
 
-#include "consistent/tables.h"
 #include "design/failure.h"
 #include "design/number_words.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace havuz::design {
 
@@ -15,26 +15,17 @@ namespace {
 
 const char *Verdict(bool met) { return met ? "ok" : "not met"; }
 
-// A table of the analysis in the style asked for.
-std::string Styled(const consistent::ResultTable &table, TableStyle style) {
-    std::string head;
-    for (const std::string &column : table.columns)
-        head += (head.empty() ? "" : ",") + column;
-    CsvText csv(head, style);
-    for (const std::vector<consistent::TableCell> &row : table.rows) {
-        for (const consistent::TableCell &cell : row)
-            cell.isWord ? csv.put(cell.word) : csv.put(cell.number);
-        csv.endRow();
-    }
-    return csv.text();
+constexpr std::size_t kPiece = 1 << 16; // bytes that a sink gets at once
+
+NamedTable FileOf(const char *file, std::string text) {
+    return {file, [text = std::move(text)](const TextSink &sink) { sink(text); }};
 }
 
 // Load cases, then all combinations.
-std::vector<CaseResult> Proved(const Design &design) {
-    std::vector<CaseResult> proved;
-    for (const CaseResult *r : ShownResults(design, ""))
-        proved.push_back(*r);
-    proved.insert(proved.end(), design.combinations.begin(), design.combinations.end());
+std::vector<const CaseResult *> Proved(const Design &design) {
+    std::vector<const CaseResult *> proved = ShownResults(design, "");
+    for (const CaseResult &r : design.combinations)
+        proved.push_back(&r);
     return proved;
 }
 
@@ -100,7 +91,29 @@ std::vector<const CaseResult *> ShownResults(const Design &design, const std::st
     return shown;
 }
 
-CsvText::CsvText(const std::string &head, TableStyle style) : style_(style), text_(head) {
+std::string NamedTable::text() const {
+    std::string whole;
+    write([&](std::string_view piece) { whole += piece; });
+    return whole;
+}
+
+NamedTable FileOf(const char *file, const consistent::ResultTable &table, TableStyle style) {
+    return {file, [table, style](const TextSink &sink) {
+                std::string head;
+                for (const std::string &column : table.columns)
+                    head += (head.empty() ? "" : ",") + column;
+                CsvText csv(head, style, sink);
+                table.eachRow([&](const consistent::TableRow &row) {
+                    for (const consistent::TableCell &cell : row)
+                        cell.isWord ? csv.put(cell.word) : csv.put(cell.number);
+                    csv.endRow();
+                });
+                csv.flush();
+            }};
+}
+
+CsvText::CsvText(const std::string &head, TableStyle style, TextSink sink)
+    : style_(style), sink_(std::move(sink)), text_(head) {
     if (style == TableStyle::Turkish)
         std::replace(text_.begin(), text_.end(), ',', ';');
     text_ += "\n";
@@ -124,19 +137,24 @@ CsvText &CsvText::put(double value) {
 void CsvText::endRow() {
     text_ += "\n";
     rowBegun_ = false;
+    if (sink_ && text_.size() >= kPiece)
+        flush();
+}
+
+void CsvText::flush() {
+    if (sink_)
+        sink_(std::exchange(text_, {}));
 }
 
 std::vector<NamedTable> ResultTables(const Analysis &analysis, const Design &design, TableStyle style,
                                      const std::string &combination) {
-    std::vector<CaseResult> shown;
-    for (const CaseResult *r : ShownResults(design, combination))
-        shown.push_back(*r);
+    const std::vector<const CaseResult *> shown = ShownResults(design, combination);
     const consistent::Tank &tank = analysis.tank();
     std::vector<NamedTable> tables = {
-        {"nodes.csv", Styled(consistent::NodesTable(tank, shown), style)},
-        {"corners.csv", Styled(consistent::CornersTable(tank, shown), style)},
-        {"walls.csv", Styled(consistent::WallsTable(shown), style)},
-        {"proof.csv", Styled(consistent::ProofTable(Proved(design)), style)},
+        FileOf("nodes.csv", consistent::NodesTable(tank, shown), style),
+        FileOf("corners.csv", consistent::CornersTable(tank, shown), style),
+        FileOf("walls.csv", consistent::WallsTable(shown), style),
+        FileOf("proof.csv", consistent::ProofTable(Proved(design)), style),
     };
     for (NamedTable &table : DesignTables(design, style))
         tables.push_back(std::move(table));
@@ -144,9 +162,8 @@ std::vector<NamedTable> ResultTables(const Analysis &analysis, const Design &des
 }
 
 std::vector<NamedTable> DesignTables(const Design &design, TableStyle style) {
-    return {{"combinations.csv", CombinationsTable(design, style)},
-            {"steel.csv", SteelTable(design, style)},
-            {"checks.csv", ChecksTable(design, style)}};
+    return {FileOf("combinations.csv", CombinationsTable(design, style)),
+            FileOf("steel.csv", SteelTable(design, style)), FileOf("checks.csv", ChecksTable(design, style))};
 }
 
 } // namespace havuz::design

@@ -119,7 +119,7 @@ void TablesPage::makeTables() {
         }
     for (const design::NamedTable &t :
          design::ResultTables(*answer_->analysis, answer_->design, design::TableStyle::International, ""))
-        tables_.emplace_back(t.file, t.text);
+        tables_.emplace_back(t.file, t.text());
     const QString kept = table_->currentText();
     table_->clear();
     for (const auto &[file, text] : tables_)
