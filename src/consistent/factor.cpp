@@ -1,5 +1,6 @@
 #include "consistent/factor.h"
 
+#include <Eigen/SparseCholesky>
 #include <cmath>
 
 namespace havuz::consistent {
@@ -12,21 +13,20 @@ constexpr double kShift = 1e-9;         // of the stiffness, to look at a motion
 
 } // namespace
 
-Factor::Factor(Sparse lower) : matrix_(std::move(lower)) {
+Factor::Factor(Sparse lower, int threads) : matrix_(std::move(lower)) {
     if (matrix_.rows() == 0)
         return;
-    ldlt_.compute(matrix_);
+    ldlt_ = BlockedLdlt(matrix_, threads);
     readPivots();
 }
 
 void Factor::readPivots() {
     const Vector stiffness = matrix_.diagonal();
-    if (ldlt_.info() != Eigen::Success) { // a pivot of exactly 0
+    if (!ldlt_.regular()) {
         lost_ = 0;
         return;
     }
-    const Vector pivots = ldlt_.vectorD();
-    cells_ = static_cast<long long>(ldlt_.matrixL().nestedExpression().nonZeros());
+    const Vector &pivots = ldlt_.pivots();
     smallest_ = pivots.minCoeff();
     greatest_ = pivots.maxCoeff();
     double least = kLost;

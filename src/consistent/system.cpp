@@ -76,7 +76,7 @@ std::unique_ptr<Factor> System::factorWith(const std::vector<double> &bed) const
     for (std::size_t n = 1; n < spring.size(); ++n)
         if (spring[n] != 0.0)
             k.addSpring(static_cast<int>(n), spring[n]);
-    return std::make_unique<Factor>(k.reduced());
+    return std::make_unique<Factor>(k.reduced(), options.threads);
 }
 
 std::vector<Vector3> System::nodalLoads(const LoadFactors &f) const {
