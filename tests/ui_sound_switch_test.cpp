@@ -54,7 +54,8 @@ TEST(SoundSwitch, ARefusalIsToldInTurkishAndTheModelStays) {
     desk.click(kSoundSwitch);
     MeshGenisligi = 0.02;
     desk.click(kAutoMeshTool);
-    EXPECT_EQ(desk.prompt().rfind("AUTO MESH YAPILAMADI, TABLO SINIRI ASILDI: MESH GENISLIGI 0.02 COK KUCUK", 0), 0U) << desk.prompt();
+    EXPECT_EQ(desk.prompt().rfind("AUTO MESH YAPILAMADI, TABLO SINIRI ASILDI: MESH GENISLIGI 0.02 COK KUCUK", 0), 0U)
+        << desk.prompt();
     EXPECT_EQ(NoktaCount, 0);
     EXPECT_EQ(MeshCount, 0);
 }
