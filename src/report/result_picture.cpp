@@ -143,6 +143,18 @@ double ValueOf(const Quantity &q, const ShellResult &s) {
     return 0.0;
 }
 
+ResultScene BareScene(const Tank &tank, const PictureChoice &choice) {
+    const SceneFrame frame(tank, choice);
+    ResultScene scene;
+    scene.look = choice.look;
+    for (const TankMesh &m : tank.meshes)
+        if (frame.shows(m)) {
+            scene.faces.push_back(frame.face(m));
+            scene.faces.back().hasValue = false;
+        }
+    return scene;
+}
+
 ResultScene SceneOf(const Analysis &analysis, const CaseResult &result, const Quantity &q,
                     const PictureChoice &choice) {
     const Tank &tank = analysis.tank();

@@ -30,6 +30,9 @@ struct PictureChoice {
     int panel = 0; // only this one (1000 + plate for plates), and with Flat in its axes; 0: all
 };
 
+// The faces alone, in the order of Tank::meshes, without values.
+ResultScene BareScene(const consistent::Tank &tank, const PictureChoice &choice);
+
 // A result of one case or combination over the tank: means at the nodes within one plane, no means across an edge.
 ResultScene SceneOf(const consistent::Analysis &analysis, const consistent::CaseResult &result,
                     const Quantity &quantity, const PictureChoice &choice);
