@@ -1,5 +1,6 @@
 // The program itself as a process on the display: its start, its record, its single instance, its ends.
 #include "hand_models.h"
+#include "model/project_file.h"
 #include "session_manager.h"
 #include "ui/window/recovery.h"
 #include "window_machine.h"
