@@ -1,16 +1,13 @@
 #include "model/files.h"
 
 #include "model/failure.h"
+#include "model/platform.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <cerrno>
-#include <cstdlib>
-#include <fcntl.h>
 #include <filesystem>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace havuz {
 
@@ -20,12 +17,9 @@ namespace fs = std::filesystem;
 static constexpr std::uintmax_t kLargestFile = 64U << 20;
 
 std::string LocalPath(std::string_view path) {
-    std::string local(path);
-    if (local.size() >= 2 && local[1] == ':' && std::isalpha(static_cast<unsigned char>(local[0])) != 0)
-        local.erase(0, 2);
-    std::replace(local.begin(), local.end(), '\\', '/');
+    std::string local = platform::LocalPath(std::string(path));
     if (!local.empty() && local[0] == '~' && (local.size() == 1 || local[1] == '/'))
-        if (const char *home = std::getenv("HOME"))
+        if (const std::string home = platform::HomeDirectory(); !home.empty())
             local.replace(0, 1, home);
     return local;
 }
@@ -68,30 +62,27 @@ std::string UpToFirstDot(const std::string &path) { return path.substr(0, path.f
 static int ReadAll(int channel, std::string &bytes) {
     std::array<char, 65536> part{};
     for (;;) {
-        const ssize_t n = read(channel, part.data(), part.size());
-        if (n > 0)
-            bytes.append(part.data(), static_cast<std::size_t>(n));
-        else if (n == 0)
-            return 0;
-        else if (errno != EINTR)
-            return errno;
+        const std::ptrdiff_t n = platform::Read(channel, part.data(), part.size());
+        if (n <= 0)
+            return n == 0 ? 0 : errno;
+        bytes.append(part.data(), static_cast<std::size_t>(n));
     }
 }
 
 std::string ReadWholeFile(const std::string &path) {
-    struct stat state = {};
-    if (stat(path.c_str(), &state) != 0)
+    const platform::FileState state = platform::StateOf(path);
+    if (state.kind == platform::Kind::None)
         FailFile(Fault::CannotOpen, path, errno);
-    if (S_ISDIR(state.st_mode))
+    if (state.kind == platform::Kind::Directory)
         FailFile(Fault::IsDirectory, path, 0);
-    if (!S_ISREG(state.st_mode) || static_cast<std::uintmax_t>(state.st_size) > kLargestFile)
+    if (state.kind != platform::Kind::File || state.size > kLargestFile)
         FailFile(Fault::NotOurs, path, 0);
-    const int channel = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const int channel = platform::OpenFile(path, platform::Opened::Read);
     if (channel < 0)
         FailFile(Fault::CannotOpen, path, errno);
     std::string bytes;
     const int reason = ReadAll(channel, bytes);
-    close(channel);
+    platform::CloseFile(channel);
     if (reason != 0)
         FailFile(Fault::CannotRead, path, reason);
     return bytes;

@@ -1,17 +1,15 @@
 #include "model/temporary_files.h"
 
+#include "model/platform.h"
+
 #include <array>
 #include <atomic>
 #include <cerrno>
 #include <charconv>
-#include <csignal>
 #include <cstring>
-#include <fcntl.h>
 #include <filesystem>
 #include <mutex>
 #include <string_view>
-#include <sys/file.h>
-#include <unistd.h>
 
 namespace havuz {
 
@@ -23,7 +21,7 @@ constexpr std::string_view kMark = ".tmp";
 
 // Read by a signal handler: plain memory, written before its mark is set. More files at once than any command has.
 struct Known {
-    std::atomic<pid_t> used = 0; // the process that uses the place, 0 for none: a child of ours owns nothing of it
+    std::atomic<long> used = 0; // the process that uses the place, 0 for none: a child of ours owns nothing of it
     std::array<char, 4096> path{};
 };
 std::array<Known, 32> known;
@@ -34,8 +32,7 @@ std::atomic<int> waitingSignal = 0;
 
 void EndBy(int signal) {
     RemoveTemporaries();
-    std::signal(signal, SIG_DFL);
-    raise(signal);
+    platform::EndBySignal(signal);
 }
 
 void OnSignal(int signal) {
@@ -46,11 +43,11 @@ void OnSignal(int signal) {
 }
 
 // The process in "NAME.tmpPID-N" when the text is such a name of the file, else 0.
-pid_t ProcessOf(std::string_view text, std::string_view file) {
+long ProcessOf(std::string_view text, std::string_view file) {
     if (text.substr(0, file.size()) != file || text.substr(file.size(), kMark.size()) != kMark)
         return 0;
     const char *at = text.data() + file.size() + kMark.size(), *const end = text.data() + text.size();
-    pid_t process = 0;
+    long process = 0;
     int number = 0;
     const auto dash = std::from_chars(at, end, process);
     if (dash.ec != std::errc() || dash.ptr == end || *dash.ptr != '-')
@@ -61,12 +58,12 @@ pid_t ProcessOf(std::string_view text, std::string_view file) {
 
 // A file that another process still holds is not stale, whatever its number says here.
 void RemoveUnlessHeld(const std::string &path) {
-    const int channel = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    const int channel = platform::OpenFile(path, platform::Opened::Present);
     if (channel < 0)
         return;
-    if (flock(channel, LOCK_EX | LOCK_NB) == 0)
-        unlink(path.c_str());
-    close(channel);
+    if (platform::Lock(channel))
+        platform::Remove(path.c_str());
+    platform::CloseFile(channel);
 }
 
 } // namespace
@@ -76,7 +73,7 @@ void RememberTemporary(const std::string &path) {
     for (Known &place : known)
         if (place.used == 0 && path.size() < place.path.size()) {
             std::memcpy(place.path.data(), path.c_str(), path.size() + 1);
-            place.used = getpid();
+            place.used = platform::ProcessNumber();
             return;
         }
 }
@@ -90,13 +87,13 @@ void ForgetTemporary(const std::string &path) {
 
 void RemoveTemporaries() {
     for (const Known &place : known)
-        if (place.used == getpid())
-            unlink(place.path.data());
+        if (place.used == platform::ProcessNumber())
+            platform::Remove(place.path.data());
 }
 
 std::string TemporaryName(const std::string &target) {
     std::string name = target;
-    name += std::string(kMark) + std::to_string(getpid()) + "-" + std::to_string(nextNumber++);
+    name += std::string(kMark) + std::to_string(platform::ProcessNumber()) + "-" + std::to_string(nextNumber++);
     RememberTemporary(name);
     return name;
 }
@@ -104,9 +101,9 @@ std::string TemporaryName(const std::string &target) {
 TemporaryFile MakeTemporary(const std::string &target) {
     for (;;) { // a dead process of the same number may have left the name
         TemporaryFile made{TemporaryName(target), -1};
-        made.channel = open(made.path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        made.channel = platform::OpenFile(made.path, platform::Opened::New);
         if (made.channel >= 0) {
-            flock(made.channel, LOCK_EX | LOCK_NB);
+            platform::Lock(made.channel);
             return made;
         }
         const int reason = errno;
@@ -123,21 +120,13 @@ void SweepTemporaries(const std::string &target) {
     const std::string file = wanted.filename().string();
     std::error_code error;
     for (fs::directory_iterator it(directory, error), end; !error && it != end; it.increment(error)) {
-        const pid_t process = ProcessOf(it->path().filename().string(), file);
-        if (process > 0 && kill(process, 0) != 0 && errno == ESRCH)
+        const long process = ProcessOf(it->path().filename().string(), file);
+        if (process > 0 && platform::IsGone(process))
             RemoveUnlessHeld(it->path().string());
     }
 }
 
-void RemoveTemporariesAtSignals() {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        struct sigaction action = {}, before = {};
-        action.sa_handler = OnSignal;
-        sigemptyset(&action.sa_mask);
-        if (sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN) // nohup stays
-            sigaction(signal, &action, nullptr);
-    }
-}
+void RemoveTemporariesAtSignals() { platform::AtEndingSignals(OnSignal); }
 
 SignalDelay::SignalDelay() { ++delays; }
 

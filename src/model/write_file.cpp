@@ -2,15 +2,13 @@
 
 #include "model/failure.h"
 #include "model/files.h"
+#include "model/platform.h"
 
 #include <array>
 #include <cerrno>
 #include <cstdio>
-#include <fcntl.h>
 #include <filesystem>
 #include <iterator>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace havuz {
 
@@ -18,17 +16,14 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// 0 where it is new.
-mode_t KindOfTarget(const std::string &target, struct stat &state) {
-    state = {};
-    return stat(target.c_str(), &state) == 0 ? state.st_mode & S_IFMT : 0;
-}
+using platform::Kind;
+
+Kind KindOf(const std::string &path) { return platform::StateOf(path).kind; }
 
 // Where a chain of symbolic links leads, whether anything is there or not. The names of open pipes lead nowhere.
 std::string LinksFollowed(std::string path) {
     std::error_code error;
-    struct stat state = {};
-    if (const mode_t kind = KindOfTarget(path, state); kind == S_IFIFO || kind == S_IFCHR)
+    if (const Kind kind = KindOf(path); kind == Kind::Pipe || kind == Kind::Device)
         return path;
     for (int steps = 0; fs::is_symlink(path, error); ++steps) {
         if (steps == 40)
@@ -41,42 +36,28 @@ std::string LinksFollowed(std::string path) {
     return path;
 }
 
-bool IsReadOnly(const std::string &target, const struct stat &state) {
-    return (state.st_mode & 0222) == 0 || faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0;
-}
-
 // The file itself stands already: a directory that cannot be synced takes nothing back.
-void SyncDirectoryOf(const std::string &target) {
-    const fs::path parent = fs::path(target).parent_path();
-    const int channel = open(parent.empty() ? "." : parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (channel < 0)
-        return;
-    fsync(channel);
-    close(channel);
-}
+void SyncDirectoryOf(const std::string &target) { platform::FlushDirectory(fs::path(target).parent_path().string()); }
 
 std::string BytesOf(const std::string &path) {
-    struct stat state = {};
-    return KindOfTarget(path, state) == S_IFREG ? ReadWholeFile(path) : std::string();
+    return KindOf(path) == Kind::File ? ReadWholeFile(path) : std::string();
 }
 
 } // namespace
 
 BesideFile::BesideFile(const std::string &target, Special special) : target_(LinksFollowed(target)) {
-    struct stat state = {};
-    const mode_t kind = KindOfTarget(target_, state);
-    if (kind == S_IFDIR)
+    const platform::FileState state = platform::StateOf(target_);
+    if (state.kind == Kind::Directory)
         FailFile(Fault::IsDirectory, target_, 0);
-    if (kind == S_IFREG && IsReadOnly(target_, state))
+    if (state.kind == Kind::File && (state.readOnly || !platform::IsWritable(target_)))
         FailFile(Fault::ReadOnly, target_, 0);
-    if (kind != 0 && kind != S_IFREG) {
-        if (special == Special::Refused || (kind != S_IFIFO && kind != S_IFCHR))
+    if (state.kind != Kind::None && state.kind != Kind::File) {
+        if (special == Special::Refused || (state.kind != Kind::Pipe && state.kind != Kind::Device))
             FailFile(Fault::NoPlainFile, target_, 0);
         straight_ = true;
-        made_.channel = open(target_.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC); // fails where no one reads the pipe
+        made_.channel = platform::OpenFile(target_, platform::Opened::Pipe);
         if (made_.channel < 0)
             FailFile(Fault::CannotOpen, target_, errno);
-        fcntl(made_.channel, F_SETFL, fcntl(made_.channel, F_GETFL) & ~O_NONBLOCK);
         return;
     }
     SweepTemporaries(target_);
@@ -87,10 +68,10 @@ BesideFile::BesideFile(const std::string &target, Special special) : target_(Lin
 
 BesideFile::~BesideFile() {
     if (made_.channel >= 0)
-        close(made_.channel);
+        platform::CloseFile(made_.channel);
     if (straight_ || placed_)
         return;
-    unlink(made_.path.c_str());
+    platform::Remove(made_.path.c_str());
     ForgetTemporary(made_.path);
 }
 
@@ -98,9 +79,7 @@ void BesideFile::fail() const { FailFile(Fault::CannotWrite, target_, errno); }
 
 void BesideFile::write(std::string_view bytes) {
     while (!bytes.empty()) {
-        const ssize_t n = ::write(made_.channel, bytes.data(), bytes.size());
-        if (n < 0 && errno == EINTR)
-            continue;
+        const std::ptrdiff_t n = platform::Write(made_.channel, bytes.data(), bytes.size());
         if (n < 0)
             fail();
         bytes.remove_prefix(static_cast<std::size_t>(n));
@@ -108,20 +87,20 @@ void BesideFile::write(std::string_view bytes) {
 }
 
 void BesideFile::keepTail() {
-    struct stat own = {};
-    if (fstat(made_.channel, &own) != 0)
+    const std::intmax_t own = platform::SizeOf(made_.channel);
+    if (own < 0)
         fail();
-    const int old = open(target_.c_str(), O_RDONLY | O_CLOEXEC);
+    const int old = platform::OpenFile(target_, platform::Opened::Read);
     if (old < 0)
         return; // there is none
     std::array<char, 65536> part{};
-    off_t at = own.st_size;
-    ssize_t n = 0;
-    while ((n = pread(old, part.data(), part.size(), at)) > 0 &&
-           pwrite(made_.channel, part.data(), std::size_t(n), at) == n)
-        at += n;
+    auto at = static_cast<std::uintmax_t>(own);
+    std::ptrdiff_t n = 0;
+    while ((n = platform::ReadAt(old, part.data(), part.size(), at)) > 0 &&
+           platform::WriteAt(made_.channel, part.data(), std::size_t(n), at) == n)
+        at += std::uintmax_t(n);
     const int reason = errno;
-    close(old);
+    platform::CloseFile(old);
     errno = reason;
     if (n != 0)
         fail();
@@ -130,22 +109,21 @@ void BesideFile::keepTail() {
 // The old file gets a second name, which replaces the backup before it; where the file system has no such names, a
 // copy.
 void BesideFile::keepBackup() {
-    struct stat state = {};
-    if (straight_ || KindOfTarget(target_, state) != S_IFREG || BytesOf(target_) == BytesOf(made_.path))
+    if (straight_ || KindOf(target_) != Kind::File || BytesOf(target_) == BytesOf(made_.path))
         return;
     const std::string backup = target_ + "~";
-    if (KindOfTarget(backup, state) == S_IFDIR)
+    if (KindOf(backup) == Kind::Directory)
         FailFile(Fault::IsDirectory, backup, 0);
     const std::string second = TemporaryName(backup);
     SweepTemporaries(backup);
-    if (link(target_.c_str(), second.c_str()) != 0) {
+    if (!platform::Link(target_, second)) {
         ForgetTemporary(second);
         WriteWholeFile(backup, BytesOf(target_));
         return;
     }
-    const bool renamed = rename(second.c_str(), backup.c_str()) == 0;
+    const bool renamed = platform::Rename(second, backup);
     const int reason = errno;
-    unlink(second.c_str()); // it stays when the backup is the same file already
+    platform::Remove(second.c_str()); // it stays when the backup is the same file already
     ForgetTemporary(second);
     if (!renamed)
         FailFile(Fault::CannotWrite, backup, reason);
@@ -155,21 +133,18 @@ void BesideFile::seal() {
     if (made_.channel < 0)
         return;
     if (!straight_) {
-        struct stat old = {};
-        const mode_t mask = umask(0);
-        umask(mask);
-        fchmod(made_.channel, KindOfTarget(target_, old) != 0 ? old.st_mode & 07777 : 0666 & ~mask);
-        if (fsync(made_.channel) != 0)
+        platform::TakePermissions(made_.channel, target_);
+        if (!platform::Flush(made_.channel))
             fail();
     }
-    const int closed = close(made_.channel);
+    const bool closed = platform::CloseFile(made_.channel);
     made_.channel = -1;
-    if (closed != 0)
+    if (!closed)
         fail();
 }
 
 void BesideFile::takePlace() {
-    if (rename(made_.path.c_str(), target_.c_str()) != 0)
+    if (!platform::Rename(made_.path, target_))
         fail();
     placed_ = true;
     ForgetTemporary(made_.path);
@@ -184,11 +159,10 @@ void BesideFile::replaceTarget() {
 }
 
 void BesideFile::setAside() {
-    struct stat state = {};
-    if (KindOfTarget(target_, state) == 0)
+    if (KindOf(target_) == Kind::None)
         return;
     const std::string spare = TemporaryName(target_);
-    if (rename(target_.c_str(), spare.c_str()) != 0) {
+    if (!platform::Rename(target_, spare)) {
         const int reason = errno;
         ForgetTemporary(spare);
         errno = reason;
@@ -199,8 +173,8 @@ void BesideFile::setAside() {
 
 void BesideFile::putBack() {
     if (placed_)
-        unlink(target_.c_str());
-    if (!spare_.empty() && rename(spare_.c_str(), target_.c_str()) == 0) {
+        platform::Remove(target_.c_str());
+    if (!spare_.empty() && platform::Rename(spare_, target_)) {
         ForgetTemporary(spare_);
         spare_.clear();
     }
@@ -209,7 +183,7 @@ void BesideFile::putBack() {
 void BesideFile::dropSpare() {
     if (spare_.empty())
         return;
-    unlink(spare_.c_str());
+    platform::Remove(spare_.c_str());
     ForgetTemporary(spare_);
     spare_.clear();
 }

@@ -1,0 +1,217 @@
+// The system as POSIX has it, and Linux where POSIX has nothing.
+#ifndef _WIN32
+#include "model/platform.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <spawn.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace havuz::platform {
+
+static Kind KindOf(mode_t mode) {
+    switch (mode & S_IFMT) {
+    case S_IFREG:
+        return Kind::File;
+    case S_IFDIR:
+        return Kind::Directory;
+    case S_IFIFO:
+        return Kind::Pipe;
+    case S_IFCHR:
+        return Kind::Device;
+    default:
+        return Kind::Other;
+    }
+}
+
+FileState StateOf(const std::string &path) {
+    struct stat state = {};
+    if (stat(path.c_str(), &state) != 0)
+        return {};
+    return {KindOf(state.st_mode), static_cast<std::uintmax_t>(state.st_size), (state.st_mode & 0222) == 0};
+}
+
+int OpenFile(const std::string &path, Opened how) {
+    const char *name = path.c_str();
+    switch (how) {
+    case Opened::Read:
+        return open(name, O_RDONLY | O_CLOEXEC);
+    case Opened::Kept:
+        return open(name, O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    case Opened::New:
+        return open(name, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    case Opened::Append:
+        return open(name, O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
+    case Opened::Shared:
+        return open(name, O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666);
+    case Opened::Present:
+        return open(name, O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    case Opened::Pipe:
+        break;
+    }
+    const int channel = open(name, O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+    if (channel >= 0)
+        fcntl(channel, F_SETFL, fcntl(channel, F_GETFL) & ~O_NONBLOCK);
+    return channel;
+}
+
+bool CloseFile(int channel) { return close(channel) == 0; }
+
+template <class Move>
+static std::ptrdiff_t Uninterrupted(Move move) {
+    for (;;)
+        if (const std::ptrdiff_t n = move(); n >= 0 || errno != EINTR)
+            return n;
+}
+
+std::ptrdiff_t Read(int channel, void *bytes, std::size_t size) {
+    return Uninterrupted([&] { return read(channel, bytes, size); });
+}
+
+std::ptrdiff_t Write(int channel, const void *bytes, std::size_t size) {
+    return Uninterrupted([&] { return write(channel, bytes, size); });
+}
+
+std::ptrdiff_t ReadAt(int channel, void *bytes, std::size_t size, std::uintmax_t at) {
+    return Uninterrupted([&] { return pread(channel, bytes, size, static_cast<off_t>(at)); });
+}
+
+std::ptrdiff_t WriteAt(int channel, const void *bytes, std::size_t size, std::uintmax_t at) {
+    return Uninterrupted([&] { return pwrite(channel, bytes, size, static_cast<off_t>(at)); });
+}
+
+std::intmax_t SizeOf(int channel) {
+    struct stat state = {};
+    return fstat(channel, &state) == 0 ? state.st_size : -1;
+}
+
+bool Empty(int channel) { return ftruncate(channel, 0) == 0; }
+
+bool Flush(int channel) { return fsync(channel) == 0; }
+
+bool FlushData(int channel) { return fdatasync(channel) == 0; }
+
+bool IsWritable(const std::string &path) { return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0; }
+
+void TakePermissions(int channel, const std::string &target) {
+    struct stat old = {};
+    const mode_t mask = umask(0);
+    umask(mask);
+    fchmod(channel, stat(target.c_str(), &old) == 0 ? old.st_mode & 07777 : 0666 & ~mask);
+}
+
+bool Lock(int channel) { return flock(channel, LOCK_EX | LOCK_NB) == 0; }
+
+bool StandsAt(int channel, const std::string &path) {
+    struct stat open = {}, named = {};
+    return fstat(channel, &open) == 0 && stat(path.c_str(), &named) == 0 && open.st_ino == named.st_ino &&
+           open.st_dev == named.st_dev;
+}
+
+bool Remove(const char *path) { return unlink(path) == 0; }
+
+bool Rename(const std::string &from, const std::string &to) { return rename(from.c_str(), to.c_str()) == 0; }
+
+bool Link(const std::string &file, const std::string &second) { return link(file.c_str(), second.c_str()) == 0; }
+
+void FlushDirectory(const std::string &path) {
+    const int channel = open(path.empty() ? "." : path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (channel < 0)
+        return;
+    fsync(channel);
+    close(channel);
+}
+
+std::string Environment(const char *name) {
+    const char *value = std::getenv(name);
+    return value == nullptr ? "" : value;
+}
+
+void SetEnvironment(const char *name, const std::string &value) { setenv(name, value.c_str(), 1); }
+
+std::string HomeDirectory() { return Environment("HOME"); }
+
+std::string StateDirectory() {
+    if (const std::string state = Environment("XDG_STATE_HOME"); !state.empty() && state.front() == '/')
+        return state;
+    const std::string home = HomeDirectory();
+    return home.empty() ? "" : home + "/.local/state";
+}
+
+std::string TemporaryDirectory() {
+    const std::string wanted = Environment("TMPDIR");
+    return wanted.empty() ? "/tmp" : wanted;
+}
+
+std::string MakePrivateDirectory(const std::string &parent) {
+    std::string own = parent + "/havuz-XXXXXX";
+    return mkdtemp(own.data()) == nullptr ? "" : own;
+}
+
+bool RemoveDirectory(const std::string &path) { return rmdir(path.c_str()) == 0; }
+
+std::string LocalPath(std::string path) {
+    if (path.size() >= 2 && path[1] == ':' && ((path[0] | 0x20) >= 'a' && (path[0] | 0x20) <= 'z'))
+        path.erase(0, 2); // a drive
+    for (char &c : path)
+        if (c == '\\')
+            c = '/';
+    return path;
+}
+
+std::tm LocalTime(std::time_t time) {
+    std::tm parts{};
+    localtime_r(&time, &parts);
+    return parts;
+}
+
+long ProcessNumber() { return getpid(); }
+
+bool IsGone(long process) { return kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH; }
+
+std::string OwnProgram() {
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error).string();
+}
+
+int StartCommand(const std::string &command, const std::string &argument) {
+    std::string script = command + " \"$1\"", path = argument;
+    char shell[] = "sh";
+    char option[] = "-c";
+    char *arguments[] = {shell, option, script.data(), shell, path.data(), nullptr};
+    pid_t child = 0;
+    return posix_spawn(&child, "/bin/sh", nullptr, nullptr, arguments, environ);
+}
+
+std::uintmax_t LargestChild() {
+    rusage largest = {};
+    getrusage(RUSAGE_CHILDREN, &largest);
+    return static_cast<std::uintmax_t>(largest.ru_maxrss) * 1024U;
+}
+
+bool ErrorsOnTerminal() { return isatty(STDERR_FILENO) != 0; }
+
+void AtEndingSignals(void (*handler)(int signal)) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction action = {}, before = {};
+        action.sa_handler = handler;
+        sigemptyset(&action.sa_mask);
+        if (sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN) // nohup stays
+            sigaction(signal, &action, nullptr);
+    }
+}
+
+void EndBySignal(int signal) {
+    std::signal(signal, SIG_DFL);
+    raise(signal);
+}
+
+} // namespace havuz::platform
+#endif
