@@ -2,33 +2,29 @@
 
 #include <array>
 #include <cstddef>
-#include <iconv.h>
 #include <map>
-#include <stdexcept>
+#include <utility>
 
 namespace havuz {
 
-// UTF-8 text of each of the 256 bytes, asked of iconv once.
+// Where Windows-1254 is not Latin-1 (Unicode's table CP1254.TXT).
+static constexpr std::array kLetters = {
+    std::pair(0x80, "€"), std::pair(0x82, "‚"), std::pair(0x83, "ƒ"), std::pair(0x84, "„"), std::pair(0x85, "…"),
+    std::pair(0x86, "†"), std::pair(0x87, "‡"), std::pair(0x88, "ˆ"), std::pair(0x89, "‰"), std::pair(0x8A, "Š"),
+    std::pair(0x8B, "‹"), std::pair(0x8C, "Œ"), std::pair(0x91, "‘"), std::pair(0x92, "’"), std::pair(0x93, "“"),
+    std::pair(0x94, "”"), std::pair(0x95, "•"), std::pair(0x96, "–"), std::pair(0x97, "—"), std::pair(0x98, "˜"),
+    std::pair(0x99, "™"), std::pair(0x9A, "š"), std::pair(0x9B, "›"), std::pair(0x9C, "œ"), std::pair(0x9F, "Ÿ"),
+    std::pair(0xD0, "Ğ"), std::pair(0xDD, "İ"), std::pair(0xDE, "Ş"), std::pair(0xF0, "ğ"), std::pair(0xFD, "ı"),
+    std::pair(0xFE, "ş")};
+
+// UTF-8 text of each of the 256 bytes.
 static std::array<std::string, 256> MakeBytes() {
     std::array<std::string, 256> text;
-    const iconv_t converter = iconv_open("UTF-8", "WINDOWS-1254");
-    if (converter == iconv_t(-1)) // NOLINT(performance-no-int-to-ptr): how iconv tells a failure
-        throw std::runtime_error("iconv knows no Windows-1254");
-    for (unsigned b = 0; b < text.size(); ++b) {
-        char in = static_cast<char>(b);
-        std::array<char, 8> out{};
-        char *from = &in;
-        char *to = out.data();
-        std::size_t left = 1;
-        std::size_t room = out.size();
-        if (iconv(converter, &from, &left, &to, &room) == static_cast<std::size_t>(-1)) {
-            iconv(converter, nullptr, nullptr, nullptr, nullptr);
-            text[b] = {static_cast<char>(0xC2), in}; // U+0081 .. U+009E
-        } else {
-            text[b].assign(out.data(), out.size() - room);
-        }
-    }
-    iconv_close(converter);
+    for (unsigned b = 0; b < text.size(); ++b)
+        text[b] = b < 0x80 ? std::string(1, static_cast<char>(b))
+                           : std::string{static_cast<char>(0xC0 | b >> 6), static_cast<char>(0x80 | (b & 0x3F))};
+    for (const auto &[byte, letter] : kLetters)
+        text[static_cast<std::size_t>(byte)] = letter;
     return text;
 }
 
