@@ -357,17 +357,30 @@ void SaveProject(const std::string &path, ProjectWindow &window) {
         window.TellTitle(title);
 }
 
-void LoadProject(const std::string &path, ProjectWindow &window) {
+static void ClearPanels() {
     for (int i = 1; i <= kPanelCapacity; ++i)
         PanelTable[i] = PanelTable[kPanelCapacity];
     RebuildLoadList();
-    FieldReader reader(path, ReadWholeFile(path));
+}
+
+static void TakeText(const std::string &path, const std::string &text, ProjectWindow &window) {
+    FieldReader reader(path, text);
     reader.read([&reader] { ReadRecords(reader); });
     ProjeYolu = ProjectPath(path);
     window.EnableAnalysis();
     window.EnableResults(FileExists(ProjeYolu + ".SON"));
     GorunusModu = MeshCount > 0 ? 2 : 1;
     window.ShowViewPicture(GorunusModu);
+}
+
+void LoadProject(const std::string &path, ProjectWindow &window) {
+    ClearPanels();
+    TakeText(path, ReadWholeFile(path), window);
+}
+
+void LoadProjectText(const std::string &path, const std::string &text, ProjectWindow &window) {
+    ClearPanels();
+    TakeText(path, text, window);
 }
 
 } // namespace havuz

@@ -16,6 +16,9 @@ namespace havuz {
 // each names path, line and field. Sets ProjeYolu, GorunusModu and the window's commands.
 void LoadProject(const std::string &path, ProjectWindow &window);
 
+// The same of a file's text; path is its name in failures.
+void LoadProjectText(const std::string &path, const std::string &text, ProjectWindow &window);
+
 // Rebuilds the springs and writes the file, replacing one that exists, which becomes PATH~ unless it is the same; a
 // failing write leaves the old file whole. Sets ProjeYolu.
 void SaveProject(const std::string &path, ProjectWindow &window);
