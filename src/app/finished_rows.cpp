@@ -1,5 +1,6 @@
 #include "app/finished_rows.h"
 
+#include "model/platform.h"
 #include "report/csv_table.h"
 
 #include <array>
@@ -7,9 +8,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
 
 namespace havuz {
 
@@ -60,22 +58,22 @@ std::string TextMark(const std::string &text) {
 }
 
 FinishedRows::FinishedRows(const std::string &path, const std::string &context) : path_(path), context_(context) {
-    file_ = open(path.c_str(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, 0666);
+    file_ = platform::OpenFile(path, platform::Opened::Append);
     if (file_ < 0)
         throw TableFailure(path + ": cannot be opened: " + std::strerror(errno));
-    if (flock(file_, LOCK_EX | LOCK_NB) != 0) {
-        close(file_);
+    if (!platform::Lock(file_)) {
+        platform::CloseFile(file_);
         throw TableFailure(path + ": another program is making this table");
     }
     read();
 }
 
-FinishedRows::~FinishedRows() { close(file_); }
+FinishedRows::~FinishedRows() { platform::CloseFile(file_); }
 
 void FinishedRows::read() {
     std::string text;
     std::array<char, 65536> part{};
-    for (ssize_t n = 0; (n = ::read(file_, part.data(), part.size())) > 0;)
+    for (std::ptrdiff_t n = 0; (n = platform::Read(file_, part.data(), part.size())) > 0;)
         text.append(part.data(), static_cast<std::size_t>(n));
     std::size_t at = 0;
     for (std::size_t end = 0; (end = text.find('\n', at)) != std::string::npos; at = end + 1) {
@@ -87,7 +85,7 @@ void FinishedRows::read() {
         for (std::size_t i = 3; i + 1 < fields.size(); i += 2)
             row.results[fields[i].text] = fields[i + 1].text;
     }
-    if (at < text.size() && write(file_, "\n", 1) != 1) // behind a line that was cut short
+    if (at < text.size() && platform::Write(file_, "\n", 1) != 1) // behind a line that was cut short
         throw TableFailure(path_ + ": cannot be written: " + std::strerror(errno));
 }
 
@@ -99,10 +97,10 @@ const FinishedRow *FinishedRows::find(const std::string &inputs) const {
 void FinishedRows::keep(const std::string &inputs, const FinishedRow &row) {
     rows_[OneLine(inputs)] = row;
     const std::string record = Record(context_, inputs, row);
-    if (write(file_, record.data(), record.size()) != static_cast<ssize_t>(record.size()))
+    if (platform::Write(file_, record.data(), record.size()) != static_cast<std::ptrdiff_t>(record.size()))
         throw TableFailure(path_ + ": cannot be written: " + std::strerror(errno));
 }
 
-void FinishedRows::sync() { fdatasync(file_); }
+void FinishedRows::sync() { platform::FlushData(file_); }
 
 } // namespace havuz

@@ -2,6 +2,7 @@
 
 #include "model/files.h"
 #include "model/options.h"
+#include "model/platform.h"
 #include "model/project_file.h"
 #include "model/startup.h"
 #include "model/store.h"
@@ -13,10 +14,7 @@ namespace havuz {
 
 namespace fs = std::filesystem;
 
-std::string OwnProgram() {
-    std::error_code error;
-    return fs::read_symlink("/proc/self/exe", error).string();
-}
+std::string OwnProgram() { return platform::OwnProgram(); }
 
 void BeginProgram() { StartModel(OwnProgram()); }
 

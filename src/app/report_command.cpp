@@ -2,6 +2,7 @@
 #include "app/cli.h"
 #include "app/pictures.h"
 #include "app/project.h"
+#include "model/platform.h"
 #include "model/write_file.h"
 #include "report/answer_report.h"
 
@@ -19,9 +20,7 @@ struct Options {
 };
 
 std::string Today() {
-    const std::time_t now = std::time(nullptr);
-    std::tm day{};
-    localtime_r(&now, &day);
+    const std::tm day = platform::LocalTime(std::time(nullptr));
     std::array<char, 32> text{};
     std::strftime(text.data(), text.size(), "%Y-%m-%d", &day);
     return text.data();

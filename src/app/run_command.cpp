@@ -8,16 +8,14 @@
 #include "fea/run_warnings.h"
 #include "model/files.h"
 #include "model/options.h"
+#include "model/platform.h"
 #include "model/store.h"
 
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <memory>
-#include <spawn.h>
-#include <unistd.h>
 
 namespace havuz {
 
@@ -26,7 +24,7 @@ namespace {
 // The three sizes on standard output, as the window shows them; the progress as a bar on a terminal.
 class ShellAnalysisWindow : public AnalysisWindow {
 public:
-    explicit ShellAnalysisWindow(bool quiet) : bar_(!quiet && isatty(STDERR_FILENO) != 0), quiet_(quiet) {}
+    explicit ShellAnalysisWindow(bool quiet) : bar_(!quiet && platform::ErrorsOnTerminal()), quiet_(quiet) {}
     ~ShellAnalysisWindow() override {
         if (bar_)
             std::cerr << "\r\033[K";
@@ -44,14 +42,8 @@ public:
             std::cerr << text << "\n";
     }
     void StartProgram(const std::string &command, const std::string &projectPath) override {
-        std::string script = command + " \"$1\"";
-        std::string path = projectPath;
-        char shell[] = "sh";
-        char option[] = "-c";
-        char *arguments[] = {shell, option, script.data(), shell, path.data(), nullptr};
         std::cout.flush();
-        pid_t child = 0;
-        if (const int reason = posix_spawn(&child, "/bin/sh", nullptr, nullptr, arguments, environ); reason != 0)
+        if (const int reason = platform::StartCommand(command, projectPath); reason != 0)
             FailFile(Fault::CannotStart, command, reason);
     }
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "model/failure.h"
+#include "model/platform.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 
@@ -13,10 +13,9 @@ namespace havuz {
 class ScratchFolder {
 public:
     ScratchFolder() {
-        const char *wanted = std::getenv("TMPDIR");
-        const std::string folder = wanted != nullptr && *wanted != '\0' ? wanted : "/tmp";
-        path_ = folder + "/havuz-XXXXXX";
-        if (mkdtemp(path_.data()) == nullptr)
+        const std::string folder = platform::TemporaryDirectory();
+        path_ = platform::MakePrivateDirectory(folder);
+        if (path_.empty())
             FailFile(Fault::CannotCreateScratch, folder, errno);
     }
     ~ScratchFolder() {

@@ -6,10 +6,10 @@
 #include "model/files.h"
 #include "model/options.h"
 
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <memory>
-#include <strings.h>
 
 namespace havuz {
 
@@ -42,8 +42,10 @@ void Start(Stage &stage, const std::string &project) {
 
 // The program takes a project by its name without the extension, whatever its case.
 bool IsProjectFile(const std::string &path) {
-    const std::string extension = std::filesystem::path(path).extension().string();
-    return strcasecmp(extension.c_str(), ".POL") == 0;
+    std::string extension = std::filesystem::path(path).extension().string();
+    for (char &c : extension)
+        c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return extension == ".POL";
 }
 
 void PlayRecorded(Stage &stage, const ScriptOptions &o, const std::vector<ScriptLine> &lines) {

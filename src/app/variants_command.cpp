@@ -8,12 +8,13 @@
 #include "app/variants_progress.h"
 #include "app/variants_results.h"
 #include "app/variants_tank.h"
-#include "app/worker_pool.h"
 #include "consistent/analysis.h"
 #include "model/failure.h"
 #include "model/files.h"
 #include "model/options.h"
+#include "model/platform.h"
 #include "model/project_file.h"
+#include "model/worker_pool.h"
 #include "model/write_file.h"
 #include "report/csv_table.h"
 #include "report/lightest.h"
@@ -21,7 +22,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstdlib>
 #include <iostream>
 #include <memory>
 
@@ -209,9 +209,9 @@ private:
             progress.count();
         };
         pool.tick = [&] { progress.show(); };
-        setenv("HAVUZ_THREADS", "1", 1); // for the processes: they fill the machine by their number
-        const ScratchFolder scratch;     // of the processes: it goes also when they are killed
-        setenv("TMPDIR", scratch.path().c_str(), 1);
+        platform::SetEnvironment("HAVUZ_THREADS", "1"); // for the processes: they fill the machine by their number
+        const ScratchFolder scratch;                    // of the processes: it goes also when they are killed
+        platform::SetEnvironment("TMPDIR", scratch.path());
         const int signal = RunWorkers(pool, missing);
         finished.sync();
         progress.finish(signal == 0 ? failedRows() : 0);

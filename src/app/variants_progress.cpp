@@ -1,13 +1,13 @@
 #include "app/variants_progress.h"
 
+#include "model/platform.h"
+
 #include <cstdio>
-#include <sys/resource.h>
-#include <unistd.h>
 
 namespace havuz {
 
 VariantsProgress::VariantsProgress(std::size_t rows, std::size_t kept)
-    : rows_(rows), kept_(kept), terminal_(isatty(STDERR_FILENO) != 0) {}
+    : rows_(rows), kept_(kept), terminal_(platform::ErrorsOnTerminal()) {}
 
 double VariantsProgress::seconds() const { return std::chrono::duration<double>(Clock::now() - start_).count(); }
 
@@ -23,14 +23,12 @@ void VariantsProgress::show() {
 }
 
 void VariantsProgress::finish(std::size_t failed) {
-    rusage largest = {};
-    getrusage(RUSAGE_CHILDREN, &largest);
     std::fprintf(stderr, "%s%zu of %zu rows", terminal_ ? "\r\033[K" : "", kept_ + done_, rows_);
     if (kept_ > 0)
         std::fprintf(stderr, ", %zu from before", kept_);
     if (done_ > 0)
-        std::fprintf(stderr, ", %.1f rows/s, largest process %ld MB", static_cast<double>(done_) / seconds(),
-                     largest.ru_maxrss / 1024);
+        std::fprintf(stderr, ", %.1f rows/s, largest process %llu MB", static_cast<double>(done_) / seconds(),
+                     static_cast<unsigned long long>(platform::LargestChild() >> 20));
     std::fprintf(stderr, "\n");
     if (failed > 0)
         std::fprintf(stderr, "%zu rows failed; their words say why\n", failed);

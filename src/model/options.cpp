@@ -3,10 +3,10 @@
 #include "model/code_page.h"
 #include "model/field_reader.h"
 #include "model/files.h"
+#include "model/platform.h"
 
 #include <array>
 #include <cmath>
-#include <cstdlib>
 #include <filesystem>
 
 namespace havuz {
@@ -34,9 +34,9 @@ static std::string WithoutClosingSeparator(std::string path) {
 
 std::string FindProgramDirectory(const std::string &executable) {
     std::string found;
-    const char *home = std::getenv("HAVUZ_HOME");
+    const std::string home = platform::Environment("HAVUZ_HOME");
     const std::filesystem::path own = std::filesystem::path(executable).parent_path();
-    if (home != nullptr && *home != '\0')
+    if (!home.empty())
         found = LocalPath(home);
     else if (FileExists((own / "VEKCARD.OPS").string()))
         found = own.string();

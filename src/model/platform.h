@@ -48,10 +48,12 @@ void TakePermissions(int channel, const std::string &target); // those of target
 
 // Held until the channel is closed. False: another channel holds it.
 bool Lock(int channel);
+bool LockShared(int channel);                        // beside others that hold it shared
 bool StandsAt(int channel, const std::string &path); // whether the open file is still the one of this name
 
-bool Remove(const char *path);                               // also in a signal handler
-bool Rename(const std::string &from, const std::string &to); // what to names is replaced, at once
+bool Remove(const char *path);                                    // also in a signal handler
+bool Rename(const std::string &from, const std::string &to);      // what to names is replaced, at once
+bool RenameToNew(const std::string &from, const std::string &to); // fails where there is one of the name
 bool Link(const std::string &file, const std::string &second);
 void FlushDirectory(const std::string &path);
 
@@ -78,6 +80,11 @@ bool ErrorsOnTerminal();
 
 // The handler is called for the signals that end a program from outside, but for those that are ignored.
 void AtEndingSignals(void (*handler)(int signal));
+std::string SignalName(int signal); // "SIGTERM"; "" for those that do not end a program from outside
+// A channel that gives a byte for each such signal, its number, and that Qt can wait for; -1 where there is none. A
+// second signal of a kind ends the process as if nobody watched.
+int OpenSignals();
+void CloseSignals();
 void EndBySignal(int signal); // as if nobody had caught it: at once, or when the handler returns
 
 } // namespace havuz::platform

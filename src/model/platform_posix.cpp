@@ -13,6 +13,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace havuz::platform {
 
@@ -109,6 +110,8 @@ void TakePermissions(int channel, const std::string &target) {
 
 bool Lock(int channel) { return flock(channel, LOCK_EX | LOCK_NB) == 0; }
 
+bool LockShared(int channel) { return flock(channel, LOCK_SH | LOCK_NB) == 0; }
+
 bool StandsAt(int channel, const std::string &path) {
     struct stat open = {}, named = {};
     return fstat(channel, &open) == 0 && stat(path.c_str(), &named) == 0 && open.st_ino == named.st_ino &&
@@ -118,6 +121,10 @@ bool StandsAt(int channel, const std::string &path) {
 bool Remove(const char *path) { return unlink(path) == 0; }
 
 bool Rename(const std::string &from, const std::string &to) { return rename(from.c_str(), to.c_str()) == 0; }
+
+bool RenameToNew(const std::string &from, const std::string &to) {
+    return renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0;
+}
 
 bool Link(const std::string &file, const std::string &second) { return link(file.c_str(), second.c_str()) == 0; }
 
@@ -198,14 +205,56 @@ std::uintmax_t LargestChild() {
 
 bool ErrorsOnTerminal() { return isatty(STDERR_FILENO) != 0; }
 
+constexpr std::array kEndings = {SIGINT, SIGTERM, SIGHUP};
+
 void AtEndingSignals(void (*handler)(int signal)) {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    for (const int signal : kEndings) {
         struct sigaction action = {}, before = {};
         action.sa_handler = handler;
         sigemptyset(&action.sa_mask);
         if (sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN) // nohup stays
             sigaction(signal, &action, nullptr);
     }
+}
+
+std::string SignalName(int signal) {
+    switch (signal) {
+    case SIGINT:
+        return "SIGINT";
+    case SIGTERM:
+        return "SIGTERM";
+    case SIGHUP:
+        return "SIGHUP";
+    default:
+        return "";
+    }
+}
+
+static std::array<int, 2> signalPipe = {-1, -1}; // a handler may do little more than write
+
+extern "C" void HavuzWriteSignal(int signal) {
+    const auto byte = static_cast<unsigned char>(signal);
+    if (write(signalPipe[1], &byte, 1) != 1)
+        _exit(128 + signal);
+}
+
+int OpenSignals() {
+    if (pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        return -1;
+    struct sigaction action = {};
+    action.sa_handler = HavuzWriteSignal;
+    action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
+    for (const int signal : kEndings)
+        sigaction(signal, &action, nullptr);
+    return signalPipe[0];
+}
+
+void CloseSignals() {
+    for (const int signal : kEndings)
+        std::signal(signal, SIG_DFL);
+    for (int &end : signalPipe)
+        if (const int channel = std::exchange(end, -1); channel >= 0)
+            close(channel);
 }
 
 void EndBySignal(int signal) {

@@ -1,4 +1,6 @@
-#include "app/worker_pool.h"
+// Forks, with pipes and signals of POSIX; prctl is of Linux.
+#ifndef _WIN32
+#include "model/worker_pool.h"
 
 #include <array>
 #include <cerrno>
@@ -186,3 +188,4 @@ private:
 int RunWorkers(const WorkerPool &pool, const std::vector<std::size_t> &jobs) { return Pool(pool, jobs).run(); }
 
 } // namespace havuz
+#endif

@@ -1,4 +1,5 @@
 // KURTAR: what earlier sessions left unsaved, offered at the start until it is opened or thrown away.
+#include "model/platform.h"
 #include "model/project_file.h"
 #include "model/store.h"
 #include "ui/commands/pointer.h"
@@ -16,8 +17,7 @@ namespace havuz {
 namespace {
 
 std::string Time(std::time_t time) {
-    std::tm parts{};
-    localtime_r(&time, &parts);
+    const std::tm parts = platform::LocalTime(time);
     std::array<char, 32> text{};
     std::strftime(text.data(), text.size(), "%d.%m.%Y %H:%M", &parts);
     return text.data();

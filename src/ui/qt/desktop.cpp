@@ -1,6 +1,7 @@
 #include "ui/qt/desktop.h"
 
 #include "model/failure.h"
+#include "model/platform.h"
 #include "model/working_directory.h"
 #include "ui/qt/logout_watch.h"
 #include "ui/qt/qt_window.h"
@@ -91,8 +92,9 @@ int RunDesktop(int &argc, char **argv, const std::string &executable, const Desk
     if (!MakeWorkingDirectory(executable))
         return 1;
     main.recovery = std::make_unique<Recovery>(Recovery::UsualDirectory());
-    const SignalWatch watch(
-        [&](int signal) { window.endSoon([&main, signal] { main.EndFor(SignalName(signal), 128 + signal); }); });
+    const SignalWatch watch([&](int signal) {
+        window.endSoon([&main, signal] { main.EndFor(platform::SignalName(signal), 128 + signal); });
+    });
     const LogoutWatch logout(
         application, [&] { main.KeepForNextStart("OTURUM SONU"); },
         [&] { window.endSoon([&main] { main.EndFor("OTURUM SONU", 0); }); });

@@ -14,7 +14,6 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
-#include <cstdlib>
 #include <memory>
 
 namespace havuz {

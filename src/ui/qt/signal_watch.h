@@ -4,8 +4,6 @@
 #include <QObject>
 #include <functional>
 
-class QSocketNotifier;
-
 namespace havuz {
 
 // One at a time. A second signal of the same kind ends the process as if nobody watched.
@@ -18,10 +16,7 @@ private:
     void read();
 
     std::function<void(int)> told_;
-    QSocketNotifier *notifier_ = nullptr;
+    int channel_;
 };
-
-// "SIGTERM".
-const char *SignalName(int signal);
 
 } // namespace havuz

@@ -2,6 +2,7 @@
 
 #include "model/failure.h"
 #include "model/options.h"
+#include "model/platform.h"
 #include "ui/commands/point_entry.h"
 #include "ui/commands/pointer.h"
 #include "ui/commands/tools.h"
@@ -12,8 +13,6 @@
 #include "ui/window/view_habits.h"
 #include "ui/window/window_title.h"
 #include "view/overview.h"
-
-#include <cstdlib>
 
 namespace havuz {
 
@@ -61,9 +60,8 @@ void MainWindow::showSteps() {
     window.SetText(kUndoButton, undo ? "geri al: " + history.undoName() : "");
     window.Enable(kRedoButton, redo);
     window.SetText(kRedoButton, redo ? "yinele: " + history.redoName() : "");
-    const char *home = std::getenv("HOME");
     const bool changed = steps().changed();
-    window.SetCaption(kMain, WindowTitle(ProjeYolu, changed, home == nullptr ? "" : home));
+    window.SetCaption(kMain, WindowTitle(ProjeYolu, changed, platform::HomeDirectory()));
     uncopied_ = changed;
     lastStep_ = std::chrono::steady_clock::now();
     if (!changed && recovery != nullptr)

@@ -2,6 +2,7 @@
 
 #include "model/failure.h"
 #include "model/files.h"
+#include "model/platform.h"
 #include "model/project_file.h"
 #include "model/store.h"
 #include "model/write_file.h"
@@ -12,11 +13,8 @@
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <filesystem>
 #include <set>
-#include <sys/file.h>
-#include <unistd.h>
 #include <utility>
 
 namespace havuz {
@@ -64,11 +62,11 @@ std::optional<std::array<std::string, 4>> LinesBehind(const std::string &text) {
 
 // Whether the session is over: nobody holds its lock. Shared, so that looking keeps no other from looking.
 bool IsOver(const std::string &lock) {
-    const int channel = open(lock.c_str(), O_RDWR | O_CLOEXEC);
+    const int channel = platform::OpenFile(lock, platform::Opened::Present);
     if (channel < 0)
         return errno == ENOENT;
-    const bool over = flock(channel, LOCK_SH | LOCK_NB) == 0;
-    close(channel);
+    const bool over = platform::LockShared(channel);
+    platform::CloseFile(channel);
     return over;
 }
 
@@ -80,16 +78,15 @@ void Remove(const std::string &file) {
 // A lock that is new and held, -1 with errno otherwise. It comes to its name held already: a start that looks for
 // sessions that are over never finds it free.
 int TakeLock(const std::string &lock) {
-    const std::string fresh = fs::path(lock).parent_path() / (".lock" + std::to_string(getpid()));
-    const int channel = open(fresh.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    const std::string fresh = fs::path(lock).parent_path() / (".lock" + std::to_string(platform::ProcessNumber()));
+    const int channel = platform::OpenFile(fresh, platform::Opened::Kept);
     if (channel < 0)
         return -1;
-    if (flock(channel, LOCK_EX | LOCK_NB) == 0 &&
-        renameat2(AT_FDCWD, fresh.c_str(), AT_FDCWD, lock.c_str(), RENAME_NOREPLACE) == 0)
+    if (platform::Lock(channel) && platform::RenameToNew(fresh, lock))
         return channel;
     const int why = errno;
     Remove(fresh);
-    close(channel);
+    platform::CloseFile(channel);
     errno = why;
     return -1;
 }
@@ -97,10 +94,8 @@ int TakeLock(const std::string &lock) {
 } // namespace
 
 std::string Recovery::UsualDirectory() {
-    if (const char *state = std::getenv("XDG_STATE_HOME"); state != nullptr && *state == '/')
-        return std::string(state) + "/havuz";
-    const char *home = std::getenv("HOME");
-    return home == nullptr || *home == '\0' ? "" : std::string(home) + "/.local/state/havuz";
+    const std::string all = platform::StateDirectory();
+    return all.empty() ? "" : all + "/havuz";
 }
 
 Recovery::Recovery(std::string directory) : directory_(std::move(directory)) {}
@@ -109,7 +104,7 @@ Recovery::~Recovery() {
     finishWriting();
     if (lock_ < 0)
         return;
-    close(lock_);
+    platform::CloseFile(lock_);
     Remove(stem() + kLock);
 }
 
@@ -119,12 +114,10 @@ void Recovery::begin() {
         return;
     std::error_code none;
     fs::create_directories(directory_, none);
-    const std::time_t now = std::time(nullptr);
-    std::tm parts{};
-    localtime_r(&now, &parts);
+    const std::tm parts = platform::LocalTime(std::time(nullptr));
     std::array<char, 32> text{};
     std::strftime(text.data(), text.size(), "%Y%m%d-%H%M%S", &parts);
-    const std::string name = text.data() + ("-" + std::to_string(getpid()));
+    const std::string name = text.data() + ("-" + std::to_string(platform::ProcessNumber()));
     for (int i = 1; lock_ < 0 && i < 1000; ++i) {
         session_ = i == 1 ? name : name + "-" + std::to_string(i);
         if (fs::exists(stem() + kCopy, none))
