@@ -6,6 +6,7 @@
 #include "fea/system.h"
 #include "mesh/plak_mesh.h"
 #include "model/options.h"
+#include "model/platform.h"
 #include "model/startup.h"
 #include "model/store.h"
 #include "ui/window/command_state.h"
@@ -33,10 +34,7 @@ void ResetAll() {
     StartModel(HAVUZ_CLI);
 }
 
-TemporaryFolder::TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "havuz-test-XXXXXX").string();
-    path_ = mkdtemp(name.data());
-}
+TemporaryFolder::TemporaryFolder() : path_(platform::MakePrivateDirectory(platform::TemporaryDirectory())) {}
 
 TemporaryFolder::~TemporaryFolder() {
     std::error_code error;
@@ -44,11 +42,13 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 std::string ReadBytes(const std::string &path) {
-    std::ifstream in(path, std::ios::binary);
+    std::ifstream in(std::filesystem::path(path), std::ios::binary);
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-void WriteBytes(const std::string &path, const std::string &bytes) { std::ofstream(path, std::ios::binary) << bytes; }
+void WriteBytes(const std::string &path, const std::string &bytes) {
+    std::ofstream(std::filesystem::path(path), std::ios::binary) << bytes;
+}
 
 static std::string FirstDifference(const std::string &want, const std::string &got) {
     std::size_t at = 0;

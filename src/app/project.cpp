@@ -18,17 +18,17 @@ std::string OwnProgram() { return platform::OwnProgram(); }
 
 void BeginProgram() { StartModel(OwnProgram()); }
 
-static std::string FullPath(const std::string &path) { return fs::absolute(path).lexically_normal().string(); }
+static std::string FullPath(const std::string &path) { return fs::absolute(path).lexically_normal().generic_string(); }
 
 std::string ProjectStem(const std::string &path) {
     const fs::path full = FullPath(path);
-    return (full.parent_path() / full.stem()).string();
+    return (full.parent_path() / full.stem()).generic_string();
 }
 
 void TakeProjectPaths(const std::string &path) {
-    CalismaDizini = fs::path(FullPath(path)).parent_path().string();
+    CalismaDizini = fs::path(FullPath(path)).parent_path().generic_string();
     ProjeYolu = ProjectStem(path);
-    ProjeAdi = UpToFirstDot(fs::path(path).filename().string());
+    ProjeAdi = UpToFirstDot(fs::path(path).filename().generic_string());
 }
 
 void OpenProject(const std::string &path) {
@@ -36,7 +36,7 @@ void OpenProject(const std::string &path) {
     ProjectWindow none;
     const std::string found = FindFile(path);
     LoadProject(found, none);
-    ProjeDosyasi = fs::absolute(found).string();
+    ProjeDosyasi = fs::absolute(found).generic_string();
     TakeProjectPaths(found);
 }
 

@@ -24,7 +24,7 @@ std::string CurrentDirectory() {
     const std::filesystem::path here = std::filesystem::current_path(error);
     if (error)
         FailFile(Fault::CannotOpen, ".", error.value());
-    return here.string();
+    return here.generic_string();
 }
 
 // The start of the program, with the project on its command line or without one. Paths follow the rules of havuz-cli.
@@ -42,14 +42,14 @@ void Start(Stage &stage, const std::string &project) {
 
 // The program takes a project by its name without the extension, whatever its case.
 bool IsProjectFile(const std::string &path) {
-    std::string extension = std::filesystem::path(path).extension().string();
+    std::string extension = std::filesystem::path(path).extension().generic_string();
     for (char &c : extension)
         c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
     return extension == ".POL";
 }
 
 void PlayRecorded(Stage &stage, const ScriptOptions &o, const std::vector<ScriptLine> &lines) {
-    std::ofstream out(o.record, std::ios::binary);
+    std::ofstream out(std::filesystem::path(o.record), std::ios::binary);
     const auto check = [&] {
         if (!out)
             FailFile(Fault::CannotWrite, o.record, errno);

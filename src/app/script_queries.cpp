@@ -86,7 +86,7 @@ std::string AskFocus(Stage &stage, Words & /*words*/) {
 
 std::string AskModel(Stage & /*stage*/, Words &words) { return ModelValueText(words.take("NAME")); }
 
-std::string LastPart(const std::string &path) { return std::filesystem::path(path).filename().string(); }
+std::string LastPart(const std::string &path) { return std::filesystem::path(path).filename().generic_string(); }
 
 // The names alone: where the program stands and where the project lies is another matter on each machine.
 std::string AskStarted(Stage &stage, Words & /*words*/) {

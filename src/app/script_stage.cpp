@@ -110,6 +110,8 @@ Element OnlyElement(const Stage &stage, const std::string &form, FieldKind kind)
                 "such element of " + form);
 }
 
-std::string ScriptPath(const std::string &path) { return (std::filesystem::path(CalismaDizini) / path).string(); }
+std::string ScriptPath(const std::string &path) {
+    return (std::filesystem::path(CalismaDizini) / path).generic_string();
+}
 
 } // namespace havuz

@@ -38,12 +38,13 @@ std::string FindFile(const std::string &path) {
     const fs::path directory = wanted.has_parent_path() ? wanted.parent_path() : fs::path(".");
     std::string found;
     for (fs::directory_iterator it(directory, error), end; !error && it != end; it.increment(error)) {
-        const std::string name = it->path().filename().string();
+        const std::string name = it->path().filename().generic_string();
         // of several spellings the first in byte order, whatever order the directory lists them in
-        if (SameButForCase(name, wanted.filename().string()) && (found.empty() || name < found))
+        if (SameButForCase(name, wanted.filename().generic_string()) && (found.empty() || name < found))
             found = name;
     }
-    return found.empty() ? path : (wanted.has_parent_path() ? wanted.parent_path() / found : fs::path(found)).string();
+    return found.empty() ? path
+                         : (wanted.has_parent_path() ? wanted.parent_path() / found : fs::path(found)).generic_string();
 }
 
 bool FileExists(const std::string &path) {

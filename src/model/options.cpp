@@ -38,10 +38,10 @@ std::string FindProgramDirectory(const std::string &executable) {
     const std::filesystem::path own = std::filesystem::path(executable).parent_path();
     if (!home.empty())
         found = LocalPath(home);
-    else if (FileExists((own / "VEKCARD.OPS").string()))
-        found = own.string();
+    else if (FileExists((own / "VEKCARD.OPS").generic_string()))
+        found = own.generic_string();
     else
-        found = (own.parent_path() / "share" / "havuz").string();
+        found = (own.parent_path() / "share" / "havuz").generic_string();
     if (found.find("/VBVEK") != std::string::npos)
         found = LocalPath("C:\\VEK9V12");
     return WithoutClosingSeparator(found);

@@ -14,7 +14,7 @@ namespace havuz {
 void StartWindow::EndProgram(int status) { throw ProgramEnd{status}; }
 
 static std::string FullPath(const std::string &path) {
-    return std::filesystem::absolute(path).lexically_normal().string();
+    return std::filesystem::absolute(path).lexically_normal().generic_string();
 }
 
 static void TakeNames(const std::string &commandLine) {
@@ -22,7 +22,7 @@ static void TakeNames(const std::string &commandLine) {
     if (commandLine.empty())
         return;
     ProjeYolu = ProjectPath(FullPath(commandLine));
-    ProjeAdi = std::filesystem::path(ProjeYolu).filename().string();
+    ProjeAdi = std::filesystem::path(ProjeYolu).filename().generic_string();
 }
 
 static void ReadOptions() {

@@ -117,12 +117,12 @@ TemporaryFile MakeTemporary(const std::string &target) {
 void SweepTemporaries(const std::string &target) {
     const fs::path wanted(target);
     const fs::path directory = wanted.has_parent_path() ? wanted.parent_path() : fs::path(".");
-    const std::string file = wanted.filename().string();
+    const std::string file = wanted.filename().generic_string();
     std::error_code error;
     for (fs::directory_iterator it(directory, error), end; !error && it != end; it.increment(error)) {
-        const long process = ProcessOf(it->path().filename().string(), file);
+        const long process = ProcessOf(it->path().filename().generic_string(), file);
         if (process > 0 && platform::IsGone(process))
-            RemoveUnlessHeld(it->path().string());
+            RemoveUnlessHeld(it->path().generic_string());
     }
 }
 

@@ -31,13 +31,15 @@ std::string LinksFollowed(std::string path) {
         const fs::path to = fs::read_symlink(path, error);
         if (error)
             FailFile(Fault::CannotCreate, path, error.value());
-        path = to.is_absolute() ? to.string() : (fs::path(path).parent_path() / to).string();
+        path = to.is_absolute() ? to.generic_string() : (fs::path(path).parent_path() / to).generic_string();
     }
     return path;
 }
 
 // The file itself stands already: a directory that cannot be synced takes nothing back.
-void SyncDirectoryOf(const std::string &target) { platform::FlushDirectory(fs::path(target).parent_path().string()); }
+void SyncDirectoryOf(const std::string &target) {
+    platform::FlushDirectory(fs::path(target).parent_path().generic_string());
+}
 
 std::string BytesOf(const std::string &path) {
     return KindOf(path) == Kind::File ? ReadWholeFile(path) : std::string();

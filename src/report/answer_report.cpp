@@ -38,7 +38,7 @@ void TakeRun(const TankAnswer &answer, report::ReportInput &input) {
 report::ReportInput InputOf(const TankAnswer &answer) {
     report::ReportInput input;
     input.title = ProjeIsmi;
-    input.name = std::filesystem::path(answer.stem).filename().string();
+    input.name = std::filesystem::path(answer.stem).filename().generic_string();
     if (!answer.noAnalysed.empty())
         input.notices.push_back(answer.noAnalysed);
     if (answer.changed)
@@ -80,7 +80,8 @@ std::string SummaryHtml(const TankAnswer &answer) {
 }
 
 std::string AnswerReportTitle(const TankAnswer &answer, const std::string &date) {
-    return "Hesap Raporu: " + std::filesystem::path(answer.stem).filename().string() + ", " + report::TurkishDate(date);
+    return "Hesap Raporu: " + std::filesystem::path(answer.stem).filename().generic_string() + ", " +
+           report::TurkishDate(date);
 }
 
 } // namespace havuz

@@ -11,6 +11,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 
 namespace havuz {
@@ -26,7 +27,9 @@ static double Single(const unsigned char *bytes) {
     return static_cast<double>(std::bit_cast<float>(bits));
 }
 
-static std::ifstream OpenDisplacements() { return std::ifstream(ProjeYolu + ".DEP", std::ios::binary); }
+static std::ifstream OpenDisplacements() {
+    return std::ifstream(std::filesystem::path(ProjeYolu + ".DEP"), std::ios::binary);
+}
 
 static Displacement ReadRecord(std::ifstream &file, int node, int column) {
     std::array<char, 12> bytes{};

@@ -100,7 +100,7 @@ void ExportStaadTool(Workbench &bench) {
 // A program whose file name holds a "$" has a help of its own where there is one.
 static std::string HelpFile(const std::string &executable) {
     const std::string own = ProgramDizini + "/vek9$.chm";
-    const bool dollar = std::filesystem::path(executable).filename().string().find('$') != std::string::npos;
+    const bool dollar = std::filesystem::path(executable).filename().generic_string().find('$') != std::string::npos;
     return dollar && FileExists(own) ? own : ProgramDizini + "/vek9.chm";
 }
 

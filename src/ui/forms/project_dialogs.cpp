@@ -111,14 +111,14 @@ private:
 };
 
 bool IsProject(const fs::path &file) {
-    std::string extension = file.extension().string();
+    std::string extension = file.extension().generic_string();
     std::transform(extension.begin(), extension.end(), extension.begin(),
                    [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
     return extension == ".POL";
 }
 
 void ReadProject(Workbench &bench, const std::string &path) {
-    ProjeAdi = UpToFirstDot(fs::path(path).filename().string());
+    ProjeAdi = UpToFirstDot(fs::path(path).filename().generic_string());
     ProjeDosyasi = path;
     ClearModel();
     LoadProject(ProjeDosyasi, bench.project);
@@ -132,7 +132,7 @@ void OpenDialog::setDirectory(const std::string &path) {
     std::error_code error;
     for (fs::directory_iterator it(path, error), end; !error && it != end; it.increment(error)) {
         std::error_code none;
-        const std::string name = it->path().filename().string();
+        const std::string name = it->path().filename().generic_string();
         if (it->is_directory(none))
             directories.push_back(name);
         else if (IsProject(it->path()))
@@ -150,7 +150,7 @@ void OpenDialog::setDirectory(const std::string &path) {
 void OpenDialog::changeDirectory() {
     const std::string to = selected("Dizin");
     const fs::path from = fs::absolute(text("Yol")).lexically_normal();
-    setDirectory(to == ".." ? from.parent_path().string() : (from / to).string());
+    setDirectory(to == ".." ? from.parent_path().generic_string() : (from / to).generic_string());
 }
 
 void OpenDialog::confirm() {
@@ -222,14 +222,14 @@ void ShowReadProject(Workbench &bench) {
 void OpenGivenProject(Workbench &bench, const std::string &path) {
     if (OpenRecovered(bench, path))
         return;
-    const std::string name = fs::path(path).filename().string();
+    const std::string name = fs::path(path).filename().generic_string();
     if (!IsProject(path))
         return bench.Prompt("ACILAMADI: " + name + " BIR .POL DOSYASI DEGIL");
     if (!FileExists(path))
         return bench.Prompt("ACILAMADI: " + name + " DOSYASI YOK");
     AbandonCommand(bench);
     UncheckMainTools(bench);
-    ReadProject(bench, fs::absolute(FindFile(path)).string());
+    ReadProject(bench, fs::absolute(FindFile(path)).generic_string());
 }
 
 void ShowMeshWarnings(Workbench &bench) {

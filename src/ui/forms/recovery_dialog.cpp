@@ -25,7 +25,7 @@ std::string Time(std::time_t time) {
 
 // Project, time, reason.
 std::string Line(const RecoveryCopy &copy) {
-    const std::string name = std::filesystem::path(copy.project).stem().string();
+    const std::string name = std::filesystem::path(copy.project).stem().generic_string();
     return (name.empty() ? "adsız" : name) + "   " + Time(copy.time) + "   " +
            (copy.reason.empty() ? "program yarıda kesildi" : copy.reason);
 }

@@ -20,6 +20,7 @@
 #include <QTranslator>
 #include <clocale>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 
 namespace havuz {
@@ -54,7 +55,7 @@ static bool MakeWorkingDirectory(const std::string &executable) {
 
 // A record that cannot be written is told before any work, or when it is over.
 static int RunRecorded(QtWindow &window, const DesktopOptions &options) {
-    std::ofstream out(options.record, std::ios::binary);
+    std::ofstream out(std::filesystem::path(options.record), std::ios::binary);
     int status = 1;
     if (out) {
         Recorder recorder(window, out, options.open ? "" : options.project);

@@ -15,7 +15,7 @@ std::string HelpPage(const std::string &helpFile) {
     const std::string page = FirstLine(ReadWholeFile(helpFile));
     if (page.empty())
         return "";
-    const std::string path = (std::filesystem::path(helpFile).parent_path() / LocalPath(page)).string();
+    const std::string path = (std::filesystem::path(helpFile).parent_path() / LocalPath(page)).generic_string();
     return FileExists(path) ? FindFile(path) : "";
 }
 

@@ -73,7 +73,7 @@ void MainWindow::EnableAnalysis() {
         return;
     std::error_code error; // a working directory that is gone
     const std::filesystem::path whole = std::filesystem::absolute(file, error);
-    window.RememberProject(error ? file : whole.string());
+    window.RememberProject(error ? file : whole.generic_string());
 }
 
 // Results of an older model can still be looked at, and it is said.

@@ -183,8 +183,8 @@ std::vector<RecoveryCopy> Recovery::left() const {
     std::vector<std::string> files;
     std::error_code error;
     for (fs::directory_iterator it(directory_, error), end; !error && it != end; it.increment(error)) {
-        files.push_back(it->path().string());
-        const std::string name = it->path().filename().string();
+        files.push_back(it->path().generic_string());
+        const std::string name = it->path().filename().generic_string();
         stems.insert(name.substr(0, name.find('.')));
     }
     std::vector<RecoveryCopy> copies;
