@@ -2,6 +2,7 @@
 // standard error; a failure is one line and status 1, wrong usage is status 2.
 #include "app/cli.h"
 #include "model/failure.h"
+#include "model/platform.h"
 #include "model/temporary_files.h"
 
 #include <array>
@@ -50,6 +51,7 @@ static int RunJob(const Job &job) {
 
 static int Main(int argc, char **argv) {
     RemoveTemporariesAtSignals();
+    argv = platform::Arguments(argc, argv);
     CLI::App parser("Pools and tanks of reinforced concrete: made, meshed, analysed.", "havuz-cli");
     parser.set_version_flag("--version", "havuz-cli " HAVUZ_VERSION);
     parser.require_subcommand(1);

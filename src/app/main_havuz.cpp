@@ -1,11 +1,13 @@
 // havuz: the desktop program. Wrong usage is status 2.
 #include "app/project.h"
+#include "model/platform.h"
 #include "ui/qt/desktop.h"
 
 #include <CLI/CLI.hpp>
 #include <iostream>
 
 int main(int argc, char **argv) {
+    argv = havuz::platform::Arguments(argc, argv);
     havuz::DesktopOptions options;
     CLI::App parser("Pools and tanks of reinforced concrete: made, meshed, analysed.", "havuz");
     parser.set_version_flag("--version", "havuz " HAVUZ_VERSION);

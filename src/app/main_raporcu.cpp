@@ -4,6 +4,7 @@
 #include "model/failure.h"
 #include "model/files.h"
 #include "model/options.h"
+#include "model/platform.h"
 #include "ui/qt/programs.h"
 #include "ui/raporcu/raporcu.h"
 
@@ -23,18 +24,19 @@ std::string HandedOver() {
 }
 
 bool HasEnding(const std::string &path) {
-    const std::string ending = std::filesystem::path(path).extension().string();
+    const std::string ending = std::filesystem::path(path).extension().generic_string();
     return ending == ".POL" || ending == ".pol" || ending == ".HSP" || ending == ".Pol";
 }
 
 std::string StemOf(const std::string &project) {
     if (project.empty())
         return HandedOver();
-    return HasEnding(project) ? ProjectStem(project) : std::filesystem::absolute(project).lexically_normal().string();
+    return HasEnding(project) ? ProjectStem(project)
+                              : std::filesystem::absolute(project).lexically_normal().generic_string();
 }
 
 std::string Beside(const char *program) {
-    return (std::filesystem::path(OwnProgram()).parent_path() / program).string();
+    return (std::filesystem::path(OwnProgram()).parent_path() / program).generic_string();
 }
 
 // The run of the command line, which writes the files and says why when it does not.
@@ -43,6 +45,7 @@ std::string AnalyseAgain(const std::string &stem) {
 }
 
 int Main(int argc, char **argv) {
+    argv = platform::Arguments(argc, argv);
     std::string project;
     CLI::App parser("Results, checks and the calculation report of a pool or tank.", "havuz-raporcu");
     parser.set_version_flag("--version", "havuz-raporcu " HAVUZ_VERSION);

@@ -11,13 +11,13 @@
 #include "fea/elimination.h"
 #include "fea/progress_bar.h"
 #include "fea/system.h"
+#include "model/platform.h"
 #include "model/store.h"
 
 #include <algorithm>
 #include <cfloat>
 #include <chrono>
 #include <cmath>
-#include <cstdlib>
 #include <string>
 #include <thread>
 #include <vector>
@@ -101,8 +101,7 @@ void BackSubstitute(const SolveKernels &kernels, AnalysisWindow &window) {
 // other at every panel, and one that is kept waiting for a core holds up all.
 int ThreadsThatPay() {
     const int threads = std::clamp(ProfileSize / 50000, 1, AllowedThreads());
-    double load = 0.0;
-    const bool busy = getloadavg(&load, 1) == 1 && load > 2.0 * std::thread::hardware_concurrency();
+    const bool busy = platform::WaitingThreads() > 2.0 * std::thread::hardware_concurrency();
     return busy ? 1 : threads;
 }
 

@@ -15,6 +15,9 @@ RecordFile::RecordFile(const std::string &path, std::size_t length, Access acces
         FailFile(Fault::CannotOpen, path_, errno);
 }
 
+RecordFile::RecordFile(int channel, std::size_t length, const std::string &shown)
+    : path_(shown), length_(length), channel_(channel) {}
+
 RecordFile::~RecordFile() { platform::CloseFile(channel_); }
 
 int RecordFile::records() const {

@@ -21,6 +21,8 @@ public:
     // ReadWrite makes a missing file and keeps the bytes of one that exists. A file that cannot be opened is File.
     // shown: its name in failures, when it is not the path.
     RecordFile(const std::string &path, std::size_t length, Access access = ReadWrite, const std::string &shown = "");
+    // Of an open channel, which it closes.
+    RecordFile(int channel, std::size_t length, const std::string &shown);
     ~RecordFile();
     RecordFile(const RecordFile &) = delete;
     RecordFile &operator=(const RecordFile &) = delete;

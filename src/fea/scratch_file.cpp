@@ -11,20 +11,10 @@ namespace havuz {
 std::unique_ptr<RecordFile> OpenScratchFile() {
     const SignalDelay delay;
     const std::string folder = platform::TemporaryDirectory();
-    const std::string own = platform::MakePrivateDirectory(folder);
-    if (own.empty())
+    const int channel = platform::OpenNameless(folder);
+    if (channel < 0)
         FailFile(Fault::CannotCreateScratch, folder, errno);
-    const std::string path = own + "/STIF001";
-    std::unique_ptr<RecordFile> records;
-    try {
-        records = std::make_unique<RecordFile>(path, sizeof(ElementRecord));
-    } catch (const RuntimeFailure &) {
-        platform::RemoveDirectory(own);
-        throw;
-    }
-    platform::Remove(path.c_str());
-    platform::RemoveDirectory(own);
-    return records;
+    return std::make_unique<RecordFile>(channel, sizeof(ElementRecord), folder + "/STIF001");
 }
 
 } // namespace havuz

@@ -308,8 +308,10 @@ const char *ReasonInTurkish(int reason) {
         return "DOSYA ZATEN VAR";
     case ENOSPC:
         return "DISK DOLU";
+#ifdef EDQUOT
     case EDQUOT:
         return "DISK KOTASI DOLU";
+#endif
     case EFBIG:
         return "DOSYA COK BUYUK";
     case EROFS:

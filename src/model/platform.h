@@ -31,6 +31,8 @@ enum class Opened {
     Pipe,    // a pipe or device, written; fails where no one reads it
 };
 int OpenFile(const std::string &path, Opened how); // the channel
+// A private file below the folder, read and written; no name of it is left, however the program ends.
+int OpenNameless(const std::string &parent);
 bool CloseFile(int channel);
 
 // The bytes moved, fewer at the end of the file; -1 for a failure. Interruptions by signals are not seen.
@@ -65,17 +67,18 @@ std::string HomeDirectory();
 std::string StateDirectory();                                // of all programs of the user; "" without a home
 std::string TemporaryDirectory();                            // of all programs
 std::string MakePrivateDirectory(const std::string &parent); // its path
-bool RemoveDirectory(const std::string &path);
-std::string LocalPath(std::string path); // of a path as Windows writes it
+std::string LocalPath(std::string path);                     // of a path as Windows writes it
 std::tm LocalTime(std::time_t time);
 
 // ---- processes, signals, terminal -----------------------------------------------------------------------------------
 
+char **Arguments(int &count, char **arguments); // those of main, as UTF-8
 long ProcessNumber();
 bool IsGone(long process);
 std::string OwnProgram();                                                  // its path
 int StartCommand(const std::string &command, const std::string &argument); // by the shell; 0, or the reason
-std::uintmax_t LargestChild();                                             // bytes of memory that a child had at most
+double WaitingThreads();       // that run or wait for a core, the mean of a minute; 0 where the system does not say
+std::uintmax_t LargestChild(); // bytes of memory that a child had at most
 bool ErrorsOnTerminal();
 
 // The handler is called for the signals that end a program from outside, but for those that are ignored.

@@ -63,6 +63,18 @@ int OpenFile(const std::string &path, Opened how) {
     return channel;
 }
 
+int OpenNameless(const std::string &parent) {
+    const std::string own = MakePrivateDirectory(parent), path = own + "/STIF001";
+    if (own.empty())
+        return -1;
+    const int channel = OpenFile(path, Opened::New);
+    const int reason = errno;
+    unlink(path.c_str());
+    rmdir(own.c_str());
+    errno = reason;
+    return channel;
+}
+
 bool CloseFile(int channel) { return close(channel) == 0; }
 
 template <class Move>
@@ -162,8 +174,6 @@ std::string MakePrivateDirectory(const std::string &parent) {
     return mkdtemp(own.data()) == nullptr ? "" : own;
 }
 
-bool RemoveDirectory(const std::string &path) { return rmdir(path.c_str()) == 0; }
-
 std::string LocalPath(std::string path) {
     if (path.size() >= 2 && path[1] == ':' && ((path[0] | 0x20) >= 'a' && (path[0] | 0x20) <= 'z'))
         path.erase(0, 2); // a drive
@@ -178,6 +188,8 @@ std::tm LocalTime(std::time_t time) {
     localtime_r(&time, &parts);
     return parts;
 }
+
+char **Arguments(int &, char **arguments) { return arguments; }
 
 long ProcessNumber() { return getpid(); }
 
@@ -195,6 +207,11 @@ int StartCommand(const std::string &command, const std::string &argument) {
     char *arguments[] = {shell, option, script.data(), shell, path.data(), nullptr};
     pid_t child = 0;
     return posix_spawn(&child, "/bin/sh", nullptr, nullptr, arguments, environ);
+}
+
+double WaitingThreads() {
+    double load = 0.0;
+    return getloadavg(&load, 1) == 1 ? load : 0.0;
 }
 
 std::uintmax_t LargestChild() {
