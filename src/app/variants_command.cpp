@@ -95,6 +95,10 @@ public:
     }
 
     void run() {
+        if (const auto job = WorkerJob()) {
+            std::cout << compute(*job);
+            return;
+        }
         FinishedRows finished(o_.out + ".rows", ContextOf(o_, question_.project));
         const int signal = work(finished);
         if (signal != 0)

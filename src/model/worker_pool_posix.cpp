@@ -185,6 +185,8 @@ private:
 
 } // namespace
 
+std::optional<std::size_t> WorkerJob() { return {}; }
+
 int RunWorkers(const WorkerPool &pool, const std::vector<std::size_t> &jobs) { return Pool(pool, jobs).run(); }
 
 } // namespace havuz
