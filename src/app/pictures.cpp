@@ -3,9 +3,9 @@
 #include "app/project.h"
 #include "model/failure.h"
 #include "model/files.h"
+#include "model/platform.h"
 
 #include <cerrno>
-#include <dlfcn.h>
 
 namespace havuz {
 
@@ -19,8 +19,7 @@ static std::string LibraryPath() {
 
 static const PictureMaker &LoadedMaker() {
     const std::string path = LibraryPath();
-    void *library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    void *maker = library == nullptr ? nullptr : dlsym(library, "HavuzPictureMaker");
+    void *maker = platform::SymbolOf(path, "HavuzPictureMaker");
     if (maker == nullptr)
         FailFile(Fault::CannotOpen, path, FileExists(path) ? ELIBACC : ENOENT);
     return *reinterpret_cast<const PictureMaker *(*)()>(maker)();

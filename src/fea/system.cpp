@@ -4,12 +4,12 @@
 #include "fea/system.h"
 
 #include "model/failure.h"
+#include "model/platform.h"
 #include "model/store.h"
 
 #include <algorithm>
 #include <cfloat>
 #include <optional>
-#include <sys/mman.h>
 
 namespace havuz {
 
@@ -38,7 +38,7 @@ static void AskForLargePages() {
     const std::uintptr_t from = (address(S) + kPage - 1) / kPage * kPage;
     const std::uintptr_t to = address(S + ProfileSize + 1) / kPage * kPage;
     if (from < to)
-        madvise(reinterpret_cast<void *>(from), to - from, MADV_HUGEPAGE);
+        platform::AskForLargePages(reinterpret_cast<void *>(from), to - from);
 }
 
 void ClearSystem() {

@@ -77,6 +77,8 @@ long ProcessNumber();
 bool IsGone(long process);
 std::string OwnProgram();                                                  // its path
 int StartCommand(const std::string &command, const std::string &argument); // by the shell; 0, or the reason
+void *SymbolOf(const std::string &library, const char *name); // the library stays loaded; null where one is missing
+void AskForLargePages(void *from, std::size_t size);          // of 2 MB, where the system has them
 double WaitingThreads();       // that run or wait for a core, the mean of a minute; 0 where the system does not say
 std::uintmax_t LargestChild(); // bytes of memory that a child had at most
 bool ErrorsOnTerminal();

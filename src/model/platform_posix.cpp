@@ -6,10 +6,12 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <filesystem>
 #include <spawn.h>
 #include <sys/file.h>
+#include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -208,6 +210,13 @@ int StartCommand(const std::string &command, const std::string &argument) {
     pid_t child = 0;
     return posix_spawn(&child, "/bin/sh", nullptr, nullptr, arguments, environ);
 }
+
+void *SymbolOf(const std::string &library, const char *name) {
+    void *loaded = dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL);
+    return loaded == nullptr ? nullptr : dlsym(loaded, name);
+}
+
+void AskForLargePages(void *from, std::size_t size) { madvise(from, size, MADV_HUGEPAGE); }
 
 double WaitingThreads() {
     double load = 0.0;

@@ -223,6 +223,11 @@ bool Lock(int channel) {
     return Done(LockFileEx(HandleOf(channel), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place));
 }
 
+bool LockShared(int channel) {
+    OVERLAPPED place = Place(std::uintmax_t{1} << 62U);
+    return Done(LockFileEx(HandleOf(channel), LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place));
+}
+
 bool StandsAt(int channel, const std::string &path) {
     BY_HANDLE_FILE_INFORMATION open = {}, named = {};
     const HANDLE handle = OpenHandle(path, 0, OPEN_EXISTING);
@@ -238,6 +243,10 @@ bool StandsAt(int channel, const std::string &path) {
 bool Remove(const char *path) { return Done(DeleteFileW(Wide(path).c_str())); }
 
 // A scanner of viruses holds a new file for a moment.
+bool RenameToNew(const std::string &from, const std::string &to) {
+    return Done(MoveFileExW(Wide(from).c_str(), Wide(to).c_str(), MOVEFILE_WRITE_THROUGH));
+}
+
 bool Rename(const std::string &from, const std::string &to) {
     for (int tries = 0;; ++tries) {
         if (MoveFileExW(Wide(from).c_str(), Wide(to).c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) !=
@@ -348,6 +357,13 @@ int StartCommand(const std::string &command, const std::string &argument) {
     CloseHandle(made.hProcess);
     return 0;
 }
+
+void *SymbolOf(const std::string &library, const char *name) {
+    const HMODULE loaded = LoadLibraryW(Wide(library).c_str());
+    return loaded == nullptr ? nullptr : reinterpret_cast<void *>(GetProcAddress(loaded, name));
+}
+
+void AskForLargePages(void *, std::size_t) {}
 
 double WaitingThreads() { return 0.0; }
 
