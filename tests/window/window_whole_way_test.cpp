@@ -128,6 +128,13 @@ void LookAtTables(RaporcuDesk &desk, const TankCase &tank) {
     EXPECT_GE(desk.find<QTableWidget>("steel")->rowCount(), 4 * tank.panels);
     EXPECT_TRUE(desk.find<QTextBrowser>("worked")->toPlainText().contains(QStringLiteral("Belirleyen yer")));
     desk.shot(std::string(tank.name) + "-donati");
+    auto *drawing = desk.find<QWidget>("steelView"); // its last quarter: the outer or lower face, bars along 2
+    desk.click(drawing, QPoint(drawing->width() * 3 / 4, drawing->height() * 3 / 4));
+    EXPECT_TRUE(RaporcuDesk::wait([&] {
+        const QString worked = desk.find<QTextBrowser>("worked")->toPlainText();
+        return worked.contains(QStringLiteral("dış yüz, 2 doğrultusu")) ||
+               worked.contains(QStringLiteral("alt yüz, 2 doğrultusu"));
+    }));
 }
 
 // A few thicknesses of the walls over the open project.
