@@ -34,8 +34,8 @@ public:
         action.sa_handler = Catch;
         for (std::size_t i = 0; i < kEndings.size(); ++i) {
             sigaction(kEndings[i], nullptr, &before_[i]);
-            if (before_[i].sa_handler == SIG_IGN)
-                continue; // under nohup
+            if (before_[i].sa_handler == SIG_IGN && kEndings[i] != SIGINT)
+                continue; // under nohup; a shell that ignores SIGINT for its background jobs can still send it
             sigaction(kEndings[i], &action, nullptr);
             sigaddset(&ours, kEndings[i]);
         }
