@@ -57,21 +57,25 @@ bool OwnerExists(int owner) {
 
 Warnings WarnOfMissingOwners() {
     Warnings found("paneli ya da plağı yok");
-    for (const auto &[owner, meshes] : MeshesOf())
-        if (!OwnerExists(owner)) {
-            for (const int mesh : meshes)
-                found.markMesh(mesh);
-            found.add([&] {
-                return std::to_string(meshes.size()) + " meshes from mesh " + std::to_string(meshes.front()) +
-                       " on belong to " + OwnerInWords(owner) + ", which is not there";
-            });
-        }
+    for (const auto &entry : MeshesOf()) {
+        const int owner = entry.first;
+        const auto &meshes = entry.second;
+        if (OwnerExists(owner))
+            continue;
+        for (const int mesh : meshes)
+            found.markMesh(mesh);
+        found.add([&] {
+            return std::to_string(meshes.size()) + " meshes from mesh " + std::to_string(meshes.front()) +
+                   " on belong to " + OwnerInWords(owner) + ", which is not there";
+        });
+    }
     return found;
 }
 
 Warnings WarnOfThickness() {
     Warnings found("kalınlığı yok");
-    for (const auto &[owner, meshes] : MeshesOf()) {
+    for (const auto &entry : MeshesOf()) {
+        const int owner = entry.first;
         if (!OwnerExists(owner))
             continue;
         const double thickness =
@@ -84,9 +88,11 @@ Warnings WarnOfThickness() {
 
 Warnings WarnOfDensities() {
     Warnings found("yoğunluk sıfır");
-    for (const auto &[name, density] : {std::pair("liquid", SiviYogunluk), std::pair("soil", ZeminYogunluk)})
-        if (!(density > 0.0))
-            found.add([&] { return "the density of the " + std::string(name) + " is " + Meters(density) + " t/m3"; });
+    for (const auto &kind : {std::pair("liquid", SiviYogunluk), std::pair("soil", ZeminYogunluk)})
+        if (!(kind.second > 0.0))
+            found.add([&] {
+                return "the density of the " + std::string(kind.first) + " is " + Meters(kind.second) + " t/m3";
+            });
     return found;
 }
 
