@@ -1,0 +1,15 @@
+# For a cross compiler: the libraries that are headers alone, from the machine that builds, without the rest of its
+# /usr/include; GoogleTest from its sources (Debian's googletest).
+set(HAVUZ_HEADERS ${CMAKE_BINARY_DIR}/headers)
+file(MAKE_DIRECTORY ${HAVUZ_HEADERS})
+foreach(library nlohmann CLI)
+  file(CREATE_LINK /usr/include/${library} ${HAVUZ_HEADERS}/${library} SYMBOLIC)
+endforeach()
+foreach(target Eigen3::Eigen nlohmann_json::nlohmann_json CLI11::CLI11)
+  add_library(${target} INTERFACE IMPORTED GLOBAL)
+  set_target_properties(${target} PROPERTIES INTERFACE_INCLUDE_DIRECTORIES "${HAVUZ_HEADERS};/usr/include/eigen3")
+endforeach()
+if(HAVUZ_TESTS)
+  set(gtest_disable_pthreads ON CACHE BOOL "" FORCE)
+  add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+endif()
