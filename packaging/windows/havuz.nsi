@@ -1,6 +1,7 @@
 ; The installer for Windows: programs, option files, the file type .POL, the start menu, an uninstaller. For one user,
 ; without rights of an administrator. /S works silently, /D=FOLDER chooses the folder. Made by make-installer.
 Unicode true
+Target amd64-unicode
 SetCompressor /SOLID lzma
 !include MUI2.nsh
 

@@ -182,24 +182,28 @@ static OVERLAPPED Place(std::uintmax_t at) {
 
 std::ptrdiff_t Read(int channel, void *bytes, std::size_t size) {
     DWORD moved = 0;
-    return Moved(ReadFile(HandleOf(channel), bytes, Part(size), &moved, nullptr), moved);
+    const BOOL done = ReadFile(HandleOf(channel), bytes, Part(size), &moved, nullptr);
+    return Moved(done, moved);
 }
 
 std::ptrdiff_t Write(int channel, const void *bytes, std::size_t size) {
     DWORD moved = 0;
-    return Moved(WriteFile(HandleOf(channel), bytes, Part(size), &moved, nullptr), moved);
+    const BOOL done = WriteFile(HandleOf(channel), bytes, Part(size), &moved, nullptr);
+    return Moved(done, moved);
 }
 
 std::ptrdiff_t ReadAt(int channel, void *bytes, std::size_t size, std::uintmax_t at) {
     DWORD moved = 0;
     OVERLAPPED place = Place(at);
-    return Moved(ReadFile(HandleOf(channel), bytes, Part(size), &moved, &place), moved);
+    const BOOL done = ReadFile(HandleOf(channel), bytes, Part(size), &moved, &place);
+    return Moved(done, moved);
 }
 
 std::ptrdiff_t WriteAt(int channel, const void *bytes, std::size_t size, std::uintmax_t at) {
     DWORD moved = 0;
     OVERLAPPED place = Place(at);
-    return Moved(WriteFile(HandleOf(channel), bytes, Part(size), &moved, &place), moved);
+    const BOOL done = WriteFile(HandleOf(channel), bytes, Part(size), &moved, &place);
+    return Moved(done, moved);
 }
 
 std::intmax_t SizeOf(int channel) {
