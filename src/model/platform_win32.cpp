@@ -22,22 +22,6 @@ namespace havuz::platform {
 
 std::uintmax_t largestChild = 0;
 
-std::wstring Wide(const std::string &utf8) {
-    const int size = static_cast<int>(utf8.size());
-    std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, nullptr, 0)), L'\0');
-    MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, wide.data(), static_cast<int>(wide.size()));
-    return wide;
-}
-
-std::string Narrow(const std::wstring &utf16) {
-    const int size = static_cast<int>(utf16.size());
-    std::string text(
-        static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, utf16.data(), size, nullptr, 0, nullptr, nullptr)),
-        '\0');
-    WideCharToMultiByte(CP_UTF8, 0, utf16.data(), size, text.data(), static_cast<int>(text.size()), nullptr, nullptr);
-    return text;
-}
-
 static std::string WithSlashes(std::string path) {
     std::replace(path.begin(), path.end(), '\\', '/');
     return path;
