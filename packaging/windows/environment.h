@@ -1,0 +1,7 @@
+// The environment of a test as POSIX names it.
+#pragma once
+
+#include <cstdlib>
+
+inline int setenv(const char *name, const char *value, int) { return _putenv_s(name, value); }
+inline int unsetenv(const char *name) { return _putenv_s(name, ""); }
