@@ -32,7 +32,7 @@ static bool SameButForCase(const std::string &a, const std::string &b) {
 
 std::string FindFile(const std::string &path) {
     std::error_code error;
-    if (fs::exists(path, error))
+    if (platform::kNamesTellCase && fs::exists(path, error))
         return path;
     const fs::path wanted(path);
     const fs::path directory = wanted.has_parent_path() ? wanted.parent_path() : fs::path(".");

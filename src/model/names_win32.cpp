@@ -1,10 +1,9 @@
 // Names on Windows: UTF-8 in the program, UTF-16 for the system. std::filesystem makes its paths of the multibyte
-// letters of the C library, which are of the machine's code page: here they are UTF-8. Letters beyond U+FFFF are
-// refused there.
+// letters of the C library, which are of the machine's code page: here they are UTF-8. Letters beyond U+FFFF lead to
+// nothing there.
 #ifdef _WIN32
 #include "model/platform_win32.h"
 
-#include <cerrno>
 #include <cwchar>
 #include <windows.h>
 
@@ -28,6 +27,13 @@ std::string Narrow(const std::wstring &utf16) {
 
 } // namespace havuz::platform
 
+// A byte that is no UTF-8 is a letter that no file has in its name: such a path leads to nothing, and nothing throws.
+static std::size_t Stranger(wchar_t *letter) {
+    if (letter != nullptr)
+        *letter = 0xFFFD;
+    return 1;
+}
+
 // The linker takes these before those of the library.
 extern "C" {
 
@@ -41,18 +47,14 @@ std::size_t mbrtowc(wchar_t *letter, const char *text, std::size_t size, std::mb
     unsigned code = length == 1 ? lead : length == 2 ? lead & 0x1FU : lead & 0x0FU;
     for (std::size_t i = 1; i < length; ++i) {
         if (i >= size)
-            return static_cast<std::size_t>(-2);
+            return Stranger(letter);
         const auto next = static_cast<unsigned char>(text[i]);
-        if ((next & 0xC0U) != 0x80U) {
-            errno = EILSEQ;
-            return static_cast<std::size_t>(-1);
-        }
+        if ((next & 0xC0U) != 0x80U)
+            return Stranger(letter);
         code = code << 6U | (next & 0x3FU);
     }
-    if (length == 0) {
-        errno = EILSEQ;
-        return static_cast<std::size_t>(-1);
-    }
+    if (length == 0)
+        return Stranger(letter);
     if (letter != nullptr)
         *letter = static_cast<wchar_t>(code);
     return code == 0 ? 0 : length;
@@ -67,8 +69,6 @@ std::size_t mbsrtowcs(wchar_t *letters, const char **text, std::size_t size, std
     for (const char *at = *text; letters == nullptr || count < size; ++count) {
         wchar_t letter = 0;
         const std::size_t length = mbrtowc(&letter, at, 4, state);
-        if (length == static_cast<std::size_t>(-1) || length == static_cast<std::size_t>(-2))
-            return static_cast<std::size_t>(-1);
         if (letters != nullptr) {
             letters[count] = letter;
             *text = length == 0 ? nullptr : at + length;

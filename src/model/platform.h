@@ -3,12 +3,19 @@
 // system. Names and texts are UTF-8. A call that fails gives -1, false or "" and leaves the reason in errno.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <ctime>
 #include <string>
 
 namespace havuz::platform {
+
+#ifdef _WIN32
+constexpr bool kNamesTellCase = false; // "a" and "A" are one file
+#else
+constexpr bool kNamesTellCase = true;
+#endif
 
 // ---- files ----------------------------------------------------------------------------------------------------------
 
@@ -79,6 +86,9 @@ std::string OwnProgram();                                                  // it
 int StartCommand(const std::string &command, const std::string &argument); // by the shell; 0, or the reason
 void *SymbolOf(const std::string &library, const char *name); // the library stays loaded; null where one is missing
 void AskForLargePages(void *from, std::size_t size);          // of 2 MB, where the system has them
+// Until the value is no more what it was; Wake says that it may have changed. Both for threads of this process.
+void SleepWhile(const std::atomic<int> &value, int was);
+void Wake(std::atomic<int> &value);
 double WaitingThreads();       // that run or wait for a core, the mean of a minute; 0 where the system does not say
 std::uintmax_t LargestChild(); // bytes of memory that a child had at most
 bool ErrorsOnTerminal();

@@ -217,6 +217,9 @@ void *SymbolOf(const std::string &library, const char *name) {
 }
 
 void AskForLargePages(void *from, std::size_t size) { madvise(from, size, MADV_HUGEPAGE); }
+void SleepWhile(const std::atomic<int> &value, int was) { value.wait(was, std::memory_order_acquire); }
+
+void Wake(std::atomic<int> &value) { value.notify_all(); }
 
 double WaitingThreads() {
     double load = 0.0;

@@ -230,11 +230,11 @@ bool StandsAt(int channel, const std::string &path) {
 
 bool Remove(const char *path) { return Done(DeleteFileW(Wide(path).c_str())); }
 
-// A scanner of viruses holds a new file for a moment.
 bool RenameToNew(const std::string &from, const std::string &to) {
     return Done(MoveFileExW(Wide(from).c_str(), Wide(to).c_str(), MOVEFILE_WRITE_THROUGH));
 }
 
+// A scanner of viruses holds a new file for a moment.
 bool Rename(const std::string &from, const std::string &to) {
     for (int tries = 0;; ++tries) {
         if (MoveFileExW(Wide(from).c_str(), Wide(to).c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) !=
@@ -352,6 +352,15 @@ void *SymbolOf(const std::string &library, const char *name) {
 }
 
 void AskForLargePages(void *, std::size_t) {}
+// The atomics of the C++ library have no wait of their own there and were seen to sleep for ever.
+static_assert(sizeof(std::atomic<int>) == sizeof(int) && std::atomic<int>::is_always_lock_free);
+
+void SleepWhile(const std::atomic<int> &value, int was) {
+    while (value.load(std::memory_order_acquire) == was)
+        WaitOnAddress(const_cast<std::atomic<int> *>(&value), &was, sizeof was, INFINITE);
+}
+
+void Wake(std::atomic<int> &value) { WakeByAddressAll(&value); }
 
 double WaitingThreads() { return 0.0; }
 

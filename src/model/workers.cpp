@@ -1,5 +1,7 @@
 #include "model/workers.h"
 
+#include "model/platform.h"
+
 #include <climits>
 #include <cstdlib>
 #include <system_error>
@@ -34,7 +36,7 @@ int AwaitChange(const std::atomic<int> &value, int was) {
             return now;
         Pause();
     }
-    value.wait(was, std::memory_order_acquire);
+    platform::SleepWhile(value, was);
     return value.load(std::memory_order_acquire);
 }
 
@@ -50,7 +52,7 @@ WorkerTeam::WorkerTeam(int threads) {
 
 WorkerTeam::~WorkerTeam() {
     turn_.store(INT_MIN, std::memory_order_release);
-    turn_.notify_all();
+    platform::Wake(turn_);
     for (std::thread &helper : helpers_)
         helper.join();
 }
@@ -60,7 +62,7 @@ void WorkerTeam::runAll() {
         return call_(context_, 0);
     working_.store(static_cast<int>(helpers_.size()), std::memory_order_relaxed);
     turn_.store(turn_.load(std::memory_order_relaxed) % INT_MAX + 1, std::memory_order_release);
-    turn_.notify_all();
+    platform::Wake(turn_);
     call_(context_, 0);
     for (int left = working_.load(std::memory_order_acquire); left != 0;)
         left = AwaitChange(working_, left);
@@ -73,7 +75,7 @@ void WorkerTeam::help(int worker) {
             return;
         call_(context_, worker);
         if (working_.fetch_sub(1, std::memory_order_acq_rel) == 1)
-            working_.notify_one();
+            platform::Wake(working_);
     }
 }
 

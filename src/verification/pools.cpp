@@ -5,11 +5,10 @@
 #include "mesh/polygon_pool.h"
 #include "mesh/sound_mesh.h"
 #include "model/options.h"
+#include "model/platform.h"
 #include "model/startup.h"
 #include "model/store.h"
 #include "pool/pool_library.h"
-
-#include <filesystem>
 
 namespace havuz::verification {
 
@@ -20,7 +19,7 @@ void FreshModel() {
     ResetStore();
     ResetOptions();
     ResetSystem();
-    StartModel(std::filesystem::read_symlink("/proc/self/exe").string());
+    StartModel(platform::OwnProgram());
 }
 
 static void Take(const Parameters &parameters) {
