@@ -83,3 +83,5 @@ BENCHMARK(BM_LargestGrid)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_WholeModel)->Unit(benchmark::kMillisecond);
 
 } // namespace havuz
+
+BENCHMARK_MAIN();
