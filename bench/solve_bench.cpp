@@ -14,8 +14,11 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace havuz {
 
@@ -133,7 +136,7 @@ BENCHMARK(BM_ProfileSolve)->DenseRange(0, 2)->UseManualTime()->Unit(benchmark::k
 
 // ProfileSolve of the pool near the limits on one thread, as processor time; "bound" is that over the time of its
 // arithmetic alone, "eights" how many times eight cells it calculates, "second" what a second thread gains on the
-// clock.
+// clock, "apart" what the second core gives to two solves on one thread each, in two processes that share nothing.
 static void BM_SolveBound(benchmark::State &state) {
     const std::string path = "STIF001.bench";
     RecordFile stif(path, sizeof(ElementRecord));
@@ -160,11 +163,18 @@ static void BM_SolveBound(benchmark::State &state) {
     solve({&counting, 1}, counted);
     Taken one;
     Taken two;
+    Taken beside;
     double eight = 1e9;
     for (auto _ : state) {
         eight = std::min(eight, SecondsForEightCells());
         solve({nullptr, 1}, one);
         solve({nullptr, 2}, two);
+        const pid_t other = fork();
+        while (other == 0)
+            solve({nullptr, 1}, beside);
+        solve({nullptr, 1}, beside);
+        kill(other, SIGKILL);
+        waitpid(other, nullptr, 0);
         state.SetIterationTime(one.processor);
     }
     const auto eights = static_cast<double>(CountedEights());
@@ -172,6 +182,7 @@ static void BM_SolveBound(benchmark::State &state) {
     state.counters["eights"] = eights;
     state.counters["bound"] = one.processor / (eights * eight);
     state.counters["second"] = one.clock / two.clock;
+    state.counters["apart"] = 2.0 * one.clock / beside.clock;
 }
 BENCHMARK(BM_SolveBound)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(7);
 
