@@ -23,6 +23,8 @@ void AddPlotCommand(CLI::App &parser, Job &job) {
     command->add_option("-o", o->out, "picture to write")->required()->type_name("P.svg");
     command->callback([o, &job] {
         job = {o->table, [o] {
+                   if (!o->out.ends_with(".svg"))
+                       throw UsageError("-o: \"" + o->out + "\" does not end with .svg");
                    const CsvTable table = ReadCsvTable(ReadWholeFile(o->table), o->table);
                    WriteWholeFile(o->out, PlotSvg(table, o->question));
                }};
