@@ -119,6 +119,14 @@ static void MoveSplitCorners(PanelRecord &first, PanelRecord &second, int edge, 
     }
 }
 
+// The code of a panel's edge, which a 16-bit field of the panel at no has to hold.
+static int LinkFor(int no, int panel, int edge) {
+    const int code = PanelLink(panel, edge);
+    if (code > 32767)
+        throw RuntimeFailure({.fault = Fault::Past16Bits, .where = {{Thing::PanelTable, no}}, .number = code});
+    return code;
+}
+
 void PanelBol(int kod, double x, double y) {
     if (kod < 0)
         return;
@@ -128,7 +136,7 @@ void PanelBol(int kod, double x, double y) {
         moved = PanelTable[t];
         moved.No = t + 1;
         moved.KenarKomsu[e] = RaisedCode(moved.KenarKomsu[e]);
-        moved.KenarKomsu[2] = PanelLink(t + 2, 4);
+        moved.KenarKomsu[2] = LinkFor(t + 1, t + 2, 4);
         moved.KenarKomsu[4] = PanelLink(t, 2);
     }
     MoveSplitCorners(PanelTable[k], PanelTable[k + 1], e, x, y);
