@@ -1,7 +1,9 @@
-// Every write, sync, rename, link and close of a save and of a run fails once and kills once: what was there stays, or
-// what is new is whole. By a layer between havuz-cli and the system (tests/fuzz/fault_layer.cpp).
+// Every opening, write, sync, rename, link and close of a save and of a run fails once, kills once and is followed by a
+// SIGTERM once: what was there stays, or what is new is whole, and the signal leaves nothing else behind. By a layer
+// between havuz-cli and the system (tests/fuzz/fault_layer.cpp).
 #include "support.h"
 
+#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -90,6 +92,10 @@ TEST(Faults, ASaveLosesNothing) {
         EXPECT_TRUE(d.files()[1] == old[1] || d.files()[1] == old[0]);
         EXPECT_EQ(d.strangers(), "");
         d.put(old);
+        EXPECT_EQ(d.disturb("term " + std::to_string(n)), 128 + SIGTERM);
+        EXPECT_TRUE(d.files()[0] == old[0] || d.files()[0] == made[0]);
+        EXPECT_EQ(d.strangers(), "");
+        d.put(old);
         EXPECT_NE(d.disturb("kill " + std::to_string(n)), 0);
         EXPECT_TRUE(d.files()[0] == old[0] || d.files()[0] == made[0]);
         EXPECT_TRUE(d.files()[1] == old[1] || d.files()[1] == old[0]);
@@ -118,6 +124,10 @@ TEST(Faults, ARunNeverMixesItsFilesWithThoseOfAnother) {
         d.put(old);
         const int status = d.disturb("fail " + std::to_string(n));
         EXPECT_EQ(d.files(), status == 0 ? made : old);
+        EXPECT_EQ(d.strangers(), "");
+        d.put(old);
+        EXPECT_EQ(d.disturb("term " + std::to_string(n)), 128 + SIGTERM);
+        EXPECT_TRUE(d.files() == old || d.files() == made);
         EXPECT_EQ(d.strangers(), "");
         d.put(old);
         EXPECT_NE(d.disturb("kill " + std::to_string(n)), 0);

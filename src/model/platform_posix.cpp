@@ -66,6 +66,8 @@ int OpenFile(const std::string &path, Opened how) {
 }
 
 int OpenNameless(const std::string &parent) {
+    if (const int channel = open(parent.c_str(), O_TMPFILE | O_EXCL | O_RDWR | O_CLOEXEC, 0600); channel >= 0)
+        return channel; // it never has a name; not every file system has such
     const std::string own = MakePrivateDirectory(parent), path = own + "/STIF001";
     if (own.empty())
         return -1;

@@ -17,6 +17,7 @@ static long HolderOf(int channel) {
 }
 
 ProjectLock::ProjectLock(const std::string &project) : path_(project + ".LCK") {
+    const SignalDelay delay; // the file is ours to take away once the lock is held, and not before
     for (;;) {
         channel_ = platform::OpenFile(path_, platform::Opened::Shared);
         if (channel_ < 0)
@@ -37,6 +38,7 @@ ProjectLock::ProjectLock(const std::string &project) : path_(project + ".LCK") {
 }
 
 ProjectLock::~ProjectLock() {
+    const SignalDelay delay; // once it is gone, another run may have one of the name
     platform::Remove(path_.c_str());
     ForgetTemporary(path_);
     platform::CloseFile(channel_);

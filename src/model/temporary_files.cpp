@@ -35,11 +35,16 @@ void EndBy(int signal) {
     platform::EndBySignal(signal);
 }
 
-void OnSignal(int signal) {
-    if (delays > 0)
-        waitingSignal = signal;
-    else
+void EndByWaiting() {
+    if (const int signal = waitingSignal.exchange(0); signal != 0)
         EndBy(signal);
+}
+
+// On any thread: the last delay may end between the question and the note.
+void OnSignal(int signal) {
+    waitingSignal = signal;
+    if (delays == 0)
+        EndByWaiting();
 }
 
 // The process in "NAME.tmpPID-N" when the text is such a name of the file, else 0.
@@ -132,8 +137,7 @@ SignalDelay::SignalDelay() { ++delays; }
 
 SignalDelay::~SignalDelay() {
     if (--delays == 0)
-        if (const int signal = waitingSignal.exchange(0); signal != 0)
-            EndBy(signal);
+        EndByWaiting();
 }
 
 } // namespace havuz

@@ -1,8 +1,8 @@
-// A layer between a program and the system, preloaded (LD_PRELOAD): one call on a file below a folder fails, or kills
-// the program, once. Counts write, pwrite, fsync, rename, link and close of channels that were opened for writing
-// there.
+// A layer between a program and the system, preloaded (LD_PRELOAD): one call on a file below a folder fails, kills the
+// program, or is followed by a SIGTERM, once. Counts the opening of new files, and write, pwrite, fsync, rename, link
+// and close of channels that were opened for writing there.
 //   HAVUZ_FAULT_IN   the folder (its full path)
-//   HAVUZ_FAULT      "fail N", "kill N": the N-th such call; nothing else: all go through
+//   HAVUZ_FAULT      "fail N", "kill N", "term N": the N-th such call; nothing else: all go through
 //   HAVUZ_FAULT_LOG  a file that takes the number of calls at the end
 #include <array>
 #include <atomic>
@@ -37,16 +37,21 @@ void Watch(int channel, const char *path, int flags) {
         watched[static_cast<std::size_t>(channel)] = (flags & O_ACCMODE) != O_RDONLY && Below(path);
 }
 
-// Whether this call is the one that fails; the one that kills does not return.
-bool Fails() {
-    const long no = ++calls;
+// A counted call as the fault wants it.
+template <class Call>
+auto Disturbed(Call call) -> decltype(call()) {
     const char *fault = std::getenv("HAVUZ_FAULT");
-    if (fault == nullptr || no != std::atol(fault + 5))
-        return false;
-    if (std::strncmp(fault, "kill ", 5) == 0)
+    const bool chosen = ++calls == (fault == nullptr ? 0 : std::atol(fault + 5));
+    if (chosen && std::strncmp(fault, "kill ", 5) == 0)
         kill(getpid(), SIGKILL);
-    errno = ENOSPC;
-    return true;
+    if (chosen && std::strncmp(fault, "fail ", 5) == 0) {
+        errno = ENOSPC;
+        return -1;
+    }
+    const auto result = call();
+    if (chosen)
+        raise(SIGTERM);
+    return result;
 }
 
 template <class Function>
@@ -69,50 +74,56 @@ struct Log {
 extern "C" {
 
 int open(const char *path, int flags, ...) {
+    const bool makes = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
     va_list rest;
     va_start(rest, flags);
-    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
+    const mode_t mode = makes ? va_arg(rest, mode_t) : 0;
     va_end(rest);
     static const auto real = Real<int (*)(const char *, int, mode_t)>("open");
-    const int channel = real(path, flags, mode);
+    const auto call = [&] { return real(path, flags, mode); };
+    const int channel = makes && Below(path) ? Disturbed(call) : call();
     Watch(channel, path, flags);
     return channel;
 }
 
 ssize_t write(int channel, const void *bytes, size_t size) {
     static const auto real = Real<ssize_t (*)(int, const void *, size_t)>("write");
-    return IsWatched(channel) && Fails() ? -1 : real(channel, bytes, size);
+    const auto call = [&] { return real(channel, bytes, size); };
+    return IsWatched(channel) ? Disturbed(call) : call();
 }
 
 ssize_t pwrite(int channel, const void *bytes, size_t size, off_t at) {
     static const auto real = Real<ssize_t (*)(int, const void *, size_t, off_t)>("pwrite");
-    return IsWatched(channel) && Fails() ? -1 : real(channel, bytes, size, at);
+    const auto call = [&] { return real(channel, bytes, size, at); };
+    return IsWatched(channel) ? Disturbed(call) : call();
 }
 
 int fsync(int channel) {
     static const auto real = Real<int (*)(int)>("fsync");
-    return IsWatched(channel) && Fails() ? -1 : real(channel);
+    const auto call = [&] { return real(channel); };
+    return IsWatched(channel) ? Disturbed(call) : call();
 }
 
 int rename(const char *from, const char *to) noexcept {
     static const auto real = Real<int (*)(const char *, const char *)>("rename");
-    return Below(to) && Fails() ? -1 : real(from, to);
+    const auto call = [&] { return real(from, to); };
+    return Below(to) ? Disturbed(call) : call();
 }
 
 int link(const char *from, const char *to) noexcept {
     static const auto real = Real<int (*)(const char *, const char *)>("link");
-    return Below(to) && Fails() ? -1 : real(from, to);
+    const auto call = [&] { return real(from, to); };
+    return Below(to) ? Disturbed(call) : call();
 }
 
-// The channel is gone all the same, as it is on Linux.
+// The channel is gone also where its closing fails, as it is on Linux.
 int close(int channel) {
     static const auto real = Real<int (*)(int)>("close");
-    const bool fails = IsWatched(channel) && Fails();
+    const bool counts = IsWatched(channel);
     if (channel >= 0 && channel < static_cast<int>(watched.size()))
         watched[static_cast<std::size_t>(channel)] = false;
     const int closed = real(channel);
-    if (fails)
-        errno = ENOSPC;
-    return fails ? -1 : closed;
+    const auto call = [&] { return closed; };
+    return counts ? Disturbed(call) : closed;
 }
 }
