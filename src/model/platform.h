@@ -96,8 +96,8 @@ bool ErrorsOnTerminal();
 // The handler is called for the signals that end a program from outside, but for those that are ignored.
 void AtEndingSignals(void (*handler)(int signal));
 std::string SignalName(int signal); // "SIGTERM"; "" for those that do not end a program from outside
-// A channel that gives a byte for each such signal, its number, and that Qt can wait for; -1 where there is none. A
-// second signal of a kind ends the process as if nobody watched.
+// A channel that gives a byte for the first such signal, its number, and that Qt can wait for; -1 where there is none.
+// One that comes seconds later ends the process as if nobody watched.
 int OpenSignals();
 void CloseSignals();
 void EndBySignal(int signal); // as if nobody had caught it: at once, or when the handler returns

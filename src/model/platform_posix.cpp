@@ -3,9 +3,11 @@
 #include "model/platform.h"
 
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <ctime>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <filesystem>
@@ -242,6 +244,7 @@ void AtEndingSignals(void (*handler)(int signal)) {
     for (const int signal : kEndings) {
         struct sigaction action = {}, before = {};
         action.sa_handler = handler;
+        action.sa_flags = SA_RESTART;
         sigemptyset(&action.sa_mask);
         if (sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN) // nohup stays
             sigaction(signal, &action, nullptr);
@@ -262,27 +265,35 @@ std::string SignalName(int signal) {
 }
 
 static std::array<int, 2> signalPipe = {-1, -1}; // a handler may do little more than write
+static std::atomic<std::time_t> firstSignal = 0; // when it came, s
+constexpr std::time_t kOneWish = 3;              // s
 
+// The end of a session sends several within moments, a closed terminal the same one twice: one wish. One that comes
+// later finds a program that does not hear.
 extern "C" void HavuzWriteSignal(int signal) {
-    const auto byte = static_cast<unsigned char>(signal);
-    if (write(signalPipe[1], &byte, 1) != 1)
-        _exit(128 + signal);
+    timespec now = {};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    std::time_t first = 0;
+    if (firstSignal.compare_exchange_strong(first, now.tv_sec + 1)) {
+        const auto byte = static_cast<unsigned char>(signal);
+        if (write(signalPipe[1], &byte, 1) != 1)
+            _exit(128 + signal);
+    } else if (now.tv_sec + 1 - first >= kOneWish) {
+        EndBySignal(signal);
+    }
 }
 
 int OpenSignals() {
     if (pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
         return -1;
-    struct sigaction action = {};
-    action.sa_handler = HavuzWriteSignal;
-    action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
-    for (const int signal : kEndings)
-        sigaction(signal, &action, nullptr);
+    AtEndingSignals(HavuzWriteSignal);
     return signalPipe[0];
 }
 
 void CloseSignals() {
     for (const int signal : kEndings)
         std::signal(signal, SIG_DFL);
+    firstSignal = 0;
     for (int &end : signalPipe)
         if (const int channel = std::exchange(end, -1); channel >= 0)
             close(channel);

@@ -6,7 +6,7 @@
 
 namespace havuz {
 
-// One at a time. A second signal of the same kind ends the process as if nobody watched.
+// Told once, whatever follows within moments. One that comes seconds later ends the process as if nobody watched.
 class SignalWatch : public QObject {
 public:
     explicit SignalWatch(std::function<void(int signal)> told);
