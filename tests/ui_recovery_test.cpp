@@ -8,10 +8,12 @@
 #include "ui/window/transactions.h"
 #include "ui_support.h"
 
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace havuz {
@@ -126,6 +128,15 @@ TEST(Recovery, AFileThatIsNoCopyAndAFullDiskAreTold) {
     Recovery nowhere("/proc/none");
     EXPECT_THROW(nowhere.keep(""), RuntimeFailure);
     EXPECT_TRUE(nowhere.left().empty());
+    Session working("/proc/none");
+    working.desk.main.steps().edit(kGeneralDataTool, [] { ZeminKo = 77; });
+    working.desk.click(kVerticalPlateTool);
+    std::this_thread::sleep_for(std::chrono::milliseconds(1100)); // a pause
+    working.desk.window.Tick();
+    working.desk.window.Tick();
+    EXPECT_EQ(working.desk.prompt().rfind("KURTARMA KOPYASI YAZILAMADI, DOSYA HATASI: /proc/none", 0), 0U)
+        << working.desk.prompt();
+    EXPECT_EQ(CommandState, kVerticalPlate) << "the person goes on";
 }
 
 TEST(Recovery, TheDirectoryFollowsTheEnvironment) {

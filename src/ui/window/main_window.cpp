@@ -72,8 +72,10 @@ void MainWindow::showSteps() {
 void MainWindow::keepCopy() {
     if (recovery == nullptr)
         return;
-    if (const std::string error = recovery->takeError(); !error.empty())
-        Prompt("KURTARMA KOPYASI YAZILAMADI: " + error);
+    if (const std::string error = recovery->takeError(); !error.empty()) {
+        Prompt("KURTARMA KOPYASI YAZILAMADI, " + error);
+        uncopied_ = steps().changed(); // tried again
+    }
     const auto now = std::chrono::steady_clock::now();
     if (!uncopied_ || now - lastStep_ < kPause || (copied_ && now - lastCopy_ < kBetweenCopies))
         return;

@@ -112,6 +112,8 @@ Recovery::~Recovery() {
 void Recovery::begin() {
     if (lock_ >= 0)
         return;
+    if (directory_.empty()) // not the root of the disk
+        FailFile(Fault::CannotWrite, "$HOME/.local/state/havuz", ENOENT);
     std::error_code none;
     fs::create_directories(directory_, none);
     const std::tm parts = platform::LocalTime(std::time(nullptr));
@@ -149,13 +151,18 @@ void Recovery::keep(const std::string &reason) {
 
 void Recovery::keepLater() {
     finishWriting();
-    begin();
+    try {
+        begin();
+    } catch (const RuntimeFailure &failure) {
+        error_ = FailureInTurkish(failure);
+        return;
+    }
     writing_ = std::async(std::launch::async, [path = stem() + kCopy, text = CopyText("")]() -> std::string {
         try {
             WriteWholeFile(path, text);
             return "";
         } catch (const RuntimeFailure &failure) {
-            return failure.what();
+            return FailureInTurkish(failure);
         }
     });
 }
