@@ -17,6 +17,7 @@
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QSignalBlocker>
+#include <algorithm>
 
 namespace havuz {
 
@@ -158,6 +159,9 @@ ElementWidget MakeCombo(QWidget *form, QLabel *beside, Element element, PersonIn
             }};
 }
 
+// Pixels: a list of files and one whose lines say more; frame and scroll bar.
+constexpr int kNarrowList = 190, kWideList = 680, kBesideItems = 24;
+
 // A list that does not take the second click of two quick ones for another choice: the first has filled it anew.
 class PlainList : public QListWidget {
 public:
@@ -192,7 +196,7 @@ ElementWidget MakePlainList(const Field &field, QWidget *form, QLabel *beside, E
     auto *list = new PlainList(form);
     const bool folders = field.look == FieldLook::Folders;
     list->chosenByClick = folders;
-    list->setMinimumSize(190, 220);
+    list->setMinimumSize(kNarrowList, 220);
     QObject::connect(list, &QListWidget::itemClicked, list,
                      [element, list, &input](QListWidgetItem *item) { input.chosen(element, list->row(item)); });
     if (folders) // Enter; a double click has chosen already
@@ -206,7 +210,7 @@ ElementWidget MakePlainList(const Field &field, QWidget *form, QLabel *beside, E
             if (row >= 0 && list->hasFocus())
                 input.chosen(element, row);
         });
-    return {list, beside, [list](const State &state) {
+    return {list, beside, [list, folders](const State &state) {
                 const QSignalBlocker silent(list);
                 QStringList items;
                 for (const std::string &item : state.items)
@@ -217,6 +221,9 @@ ElementWidget MakePlainList(const Field &field, QWidget *form, QLabel *beside, E
                 if (items != shown) {
                     list->clear();
                     list->addItems(items);
+                    if (!folders)
+                        list->setMinimumWidth(
+                            std::clamp(list->sizeHintForColumn(0) + kBesideItems, list->minimumWidth(), kWideList));
                 }
                 list->setCurrentRow(state.item);
             }};
