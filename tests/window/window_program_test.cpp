@@ -66,7 +66,8 @@ TEST(program, TakesBackByKeysAndLeavesItsWorkToTheNextStart) {
         SCOPED_TRACE(signal);
         std::signal(signal, SIG_DFL); // what is ignored here is ignored there
         std::filesystem::remove(record);
-        std::filesystem::remove_all(machine.home.file("havuz"));
+        for (const RecoveryCopy &copy : Recovery(machine.home.file("havuz")).left())
+            Recovery::remove(copy);
         const auto process =
             machine.start({QString::fromStdString(project), "--record", QString::fromStdString(record)});
         ASSERT_TRUE(written("surface 1010 600\n"));
@@ -80,8 +81,10 @@ TEST(program, TakesBackByKeysAndLeavesItsWorkToTheNextStart) {
         ASSERT_TRUE(written("click MAIN TopBar 3\n"));
         const bool killed = signal == SIGKILL;
         ASSERT_TRUE(!killed || Comes([&] { return copies() == 1; })); // while the person pauses
-        for (int times = 0; times < 2; ++times)
+        for (int times = 0; times < 4; ++times) {
             kill(static_cast<pid_t>(process->processId()), signal);
+            QThread::usleep(300); // the one before is taken, and the copy is being written
+        }
         EXPECT_EQ(StatusOf(*process), killed ? -1 : 128 + signal);
         ASSERT_EQ(copies(), 1);
         EXPECT_EQ(Recovery(machine.home.file("havuz")).left().at(0).reason, killed ? "" : platform::SignalName(signal));
