@@ -41,7 +41,7 @@ MainWindow::MainWindow(Window &platform, std::string executable)
     for (const auto &form : forms_)
         window.MakeForm({form->name(), form->row().caption, form->fields(), form->row().kind});
     window.ShowForm(kMain, {}, Modality::Modeless, false);
-    steps().afterStep = [this] { showSteps(); };
+    steps().afterStep = [this](bool changed) { showSteps(changed); };
     steps().atEnd = [this](const std::string &command) { KeepForNextStart(command); };
 }
 
@@ -53,14 +53,13 @@ void MainWindow::OpenAtStart(const std::string &path) {
 
 // Steps and copies
 
-void MainWindow::showSteps() {
+void MainWindow::showSteps(bool changed) {
     const ModelHistory &history = steps().history();
     const bool undo = history.canUndo(), redo = history.canRedo();
     window.Enable(kUndoButton, undo);
     window.SetText(kUndoButton, undo ? "geri al: " + history.undoName() : "");
     window.Enable(kRedoButton, redo);
     window.SetText(kRedoButton, redo ? "yinele: " + history.redoName() : "");
-    const bool changed = steps().changed();
     window.SetCaption(kMain, WindowTitle(ProjeYolu, changed, platform::HomeDirectory()));
     uncopied_ = changed;
     lastStep_ = std::chrono::steady_clock::now();

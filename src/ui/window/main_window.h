@@ -111,7 +111,7 @@ public:
     std::string AskSaveName(const std::string &title, const std::string &directory, const std::string &name) override;
 
 private:
-    void showSteps();
+    void showSteps(bool changed);
     void keepCopy();
 
     std::chrono::steady_clock::time_point lastStep_{}, lastCopy_{};

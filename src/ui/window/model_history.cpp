@@ -4,6 +4,7 @@
 #include "model/store.h"
 
 #include <numeric>
+#include <utility>
 
 namespace havuz {
 
@@ -27,23 +28,21 @@ void ModelHistory::markSaved() { file_ = fileAtStep_ = std::make_shared<const st
 
 void ModelHistory::markUnnamed() { file_ = fileAtStep_ = nullptr; }
 
-bool ModelHistory::differs() const {
+bool ModelHistory::changed() const {
     ModelState now;
     now.take();
-    return !(now == state_);
+    return changed(now);
 }
 
 // A step that is taken back and made again asks for the same two states.
-bool ModelHistory::changed() const {
+bool ModelHistory::changed(const ModelState &now) const {
     if (file_ == nullptr)
         return true;
-    ModelState now;
-    now.take();
     for (const Compared &known : compared_)
         if (known.file == file_ && known.state == now)
             return known.changed;
     std::swap(compared_[0], compared_[1]);
-    compared_[0] = {file_, std::move(now), ProjectText() != *file_};
+    compared_[0] = {file_, now, ProjectText() != *file_};
     return compared_[0].changed;
 }
 
@@ -62,6 +61,10 @@ void ModelHistory::forgetOldest() {
 bool ModelHistory::keep(const std::string &name) {
     ModelState now;
     now.take();
+    return keep(name, std::move(now));
+}
+
+bool ModelHistory::keep(const std::string &name, ModelState now) {
     const ProjectNames names = ProjectNames::now();
     if (now == state_ && names == names_)
         return false;

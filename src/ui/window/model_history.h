@@ -28,6 +28,7 @@ public:
     // From the last step to the store as it stands; false, with nothing done, when both are the same. What was taken
     // back is dropped.
     bool keep(const std::string &name);
+    bool keep(const std::string &name, ModelState now); // now: of the store
     // The store differs from the last step by what is none of its own (a save rebuilds the springs): the step before
     // and the one behind lead to it now.
     void amend();
@@ -36,8 +37,8 @@ public:
     void markSaved();
     void markUnnamed(); // no file holds the model
     bool changed() const;
+    bool changed(const ModelState &now) const; // now: of the store
 
-    bool differs() const; // the store from the last step
     bool canUndo() const { return at_ > 0; }
     bool canRedo() const { return at_ < steps_.size(); }
     const std::string &undoName() const { return steps_[at_ - 1].name; }

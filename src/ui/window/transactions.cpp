@@ -91,7 +91,7 @@ void Transactions::begin() {
     file_ = File::Untouched;
     failure_.clear();
     if (afterStep)
-        afterStep();
+        afterStep(false);
 }
 
 bool Transactions::changed() const { return history_.changed(); }
@@ -205,17 +205,19 @@ void Transactions::settle(const std::string &name) {
     if (file == File::Saved)
         history_.amend();
     open_ = underWay();
-    const ModelState before = history_.state();
-    const bool changed = open_ ? history_.differs() : history_.keep(name);
-    if (changed && !open_ && file == File::Untouched && MeshCount > 0 && !history_.state().samePlates(before) &&
-        history_.state().sameMesh(before))
+    ModelState now;
+    now.take();
+    const bool meshIsOld = !open_ && file == File::Untouched && MeshCount > 0 && now.sameMesh(history_.state()) &&
+                           !now.samePlates(history_.state());
+    const bool changed = open_ ? !(now == history_.state()) : history_.keep(name, std::move(now));
+    if (meshIsOld)
         bench_.Prompt("MESH ESKI: PLAKLAR DEGISTI, auto mesh YENILER");
     if (file == File::Saved || file == File::Opened)
         history_.markSaved();
     else if (file == File::Unnamed)
         history_.markUnnamed();
     if ((changed || file != File::Untouched) && afterStep)
-        afterStep();
+        afterStep(history_.changed(open_ ? now : history_.state()));
 }
 
 // Steps
@@ -238,7 +240,7 @@ void Transactions::showCrossed(const std::string &prompt) {
     if (failure_.empty())
         bench_.Prompt(prompt);
     if (afterStep)
-        afterStep();
+        afterStep(history_.changed(history_.state()));
 }
 
 void Transactions::undo() {

@@ -43,7 +43,8 @@ public:
     // What failed since it was last asked for, in English; "" for nothing.
     std::string takeFailure();
 
-    std::function<void()> afterStep;                       // the model, the steps or the project's names changed
+    // The model, the steps or the project's names changed; changed says what changed() would.
+    std::function<void(bool changed)> afterStep;
     std::function<void(const std::string &command)> atEnd; // a command ends the program
 
 private:
