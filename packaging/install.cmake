@@ -15,7 +15,8 @@ function(havuz_install_compressed source name destination)
 endfunction()
 
 install(TARGETS havuz havuz-cli havuz-raporcu)
-install(TARGETS havuz_pictures LIBRARY DESTINATION lib/havuz) # havuz-cli looks there
+# havuz-cli looks there. Right in lib/havuz it would count as a library of the system that ldconfig has to know.
+install(TARGETS havuz_pictures LIBRARY DESTINATION lib/havuz/modules)
 install(DIRECTORY programdir/ DESTINATION ${CMAKE_INSTALL_DATADIR}/havuz)
 install(FILES packaging/WORKING.DIR DESTINATION ${CMAKE_INSTALL_DATADIR}/havuz)
 if(HAVUZ_CMARK_GFM)

@@ -14,7 +14,7 @@ static std::string LibraryPath() {
     const std::string program = OwnProgram();
     const std::string folder = program.substr(0, program.rfind('/'));
     const std::string beside = folder + "/havuz-pictures.so";
-    return FileExists(beside) ? beside : folder + "/../lib/havuz/havuz-pictures.so";
+    return FileExists(beside) ? beside : folder + "/../lib/havuz/modules/havuz-pictures.so";
 }
 
 static const PictureMaker &LoadedMaker() {
