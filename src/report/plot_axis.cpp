@@ -17,7 +17,7 @@ static double RoundStep(double length) {
 PlotAxis PlotAxis::OfNumbers(const std::vector<double> &values, int about) {
     const auto [low, high] = std::minmax_element(values.begin(), values.end());
     double a = *low, b = *high;
-    if (a == b) { // one value stands in the middle
+    if (b - a <= 1e-9 * std::max(std::fabs(a), std::fabs(b))) { // one value, but for rounding, stands in the middle
         const double half = a == 0.0 ? 1.0 : std::fabs(a) / 10.0;
         a -= half;
         b += half;
