@@ -19,11 +19,20 @@ void TakeModel(Example &example, const Model &model) {
     };
     if (!model.literal)
         return;
-    const std::size_t middle = example.meshes.size() / 2;
-    example.literal = [model, middle] {
-        const HandTank t = model.tank(middle);
+    example.literalMesh = example.meshes.size() / 2;
+    example.literal = [model, mesh = example.literalMesh] {
+        const HandTank t = model.tank(mesh);
         const std::vector<double> values = model.measure(t, RunLiteral(t.tank, NodalLoads(t.tank, model.load)));
         return std::vector<std::optional<double>>(values.begin(), values.end());
+    };
+}
+
+void NoLiteralOf(Example &example, const std::vector<std::size_t> &quantities) {
+    example.literal = [literal = example.literal, quantities] {
+        auto values = literal();
+        for (const std::size_t i : quantities)
+            values[i] = std::nullopt;
+        return values;
     };
 }
 
@@ -48,5 +57,9 @@ double MeanAt(const HandTank &t, const CaseResult &r, Vector3 at, double ShellRe
 }
 
 bool Near(double a, double b) { return std::fabs(a - b) < 1e-6; }
+
+double PlateRigidity(double E, double poisson, double thickness) {
+    return E * thickness * thickness * thickness / 12 / (1 - poisson * poisson);
+}
 
 } // namespace havuz::verification

@@ -32,7 +32,11 @@ struct Example {
     std::vector<std::string> meshes; // coarse to fine, as a reader says them: "4 x 4"; one where no mesh can be finer
     std::function<std::vector<double>(std::size_t)> values; // of the quantities at a mesh; NaN: none
     std::function<std::vector<std::optional<double>>()> literal;
-    std::string notLiteral;              // why the literal rules cannot model it, where literal is empty
+    std::size_t literalMesh = 0; // the mesh of the literal run
+    std::string notLiteral;      // why the literal rules cannot model it, where literal is empty
+    // Targets that come from finer meshes than those shown, computed anew; NaN: that target does not. A whole page
+    // compares them.
+    std::function<std::vector<double>()> finer;
     std::function<std::string()> sketch; // SVG text
 };
 
@@ -46,6 +50,9 @@ struct Model {
 // Takes values, sketch and, where the model says so, literal of the example from it.
 void TakeModel(Example &example, const Model &model);
 
+// The literal run tells nothing of these quantities.
+void NoLiteralOf(Example &example, const std::vector<std::size_t> &quantities);
+
 // The displacement of the node at a place; freedom 0 to 5.
 double Moved(const HandTank &t, const CaseResult &r, Vector3 at, std::size_t freedom);
 // Mean of a result over the mesh corners at a place.
@@ -54,6 +61,10 @@ double MeanAt(const HandTank &t, const CaseResult &r, Vector3 at, double ShellRe
 bool Near(double a, double b);
 
 constexpr double kPi = 3.14159265358979323846;
-constexpr int kClamped = 4 | 1 | 2; // of HandTank::hold
+constexpr double kConcreteE = 2.85e6, kConcretePoisson = 0.25; // of the run for fck below 250 kg/cm2, t/m2
+constexpr int kClamped = 4 | 1 | 2;                            // of HandTank::hold
+
+// E t3 / 12 / (1 - v2).
+double PlateRigidity(double E, double poisson, double thickness);
 
 } // namespace havuz::verification
