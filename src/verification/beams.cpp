@@ -1,9 +1,9 @@
-// MacNeal and Harder's patch and beams. Source: R. H. MacNeal and R. L. Harder, "A proposed standard set of problems to
+// MacNeal and Harder's beams. Source: R. H. MacNeal and R. L. Harder, "A proposed standard set of problems to
 // test finite element accuracy", Finite Elements in Analysis and Design 1 (1985) 3-20.
-#include "consistent/shell_element.h"
 #include "verification/examples.h"
 #include "verification/sketch.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace havuz::verification {
@@ -173,118 +173,7 @@ Example TwistedBeams() {
     return e;
 }
 
-// The patch: 0.24 by 0.12 with a slanted mesh inside, its rim moved by a field.
-struct PatchNode {
-    double x, y;
-};
-constexpr std::array<PatchNode, 8> kPatch = {
-    {{0, 0}, {.24, 0}, {.24, .12}, {0, .12}, {.04, .02}, {.18, .03}, {.16, .08}, {.08, .08}}};
-constexpr std::array<std::array<std::size_t, 4>, 5> kPatchMeshes = {
-    {{0, 1, 5, 4}, {1, 2, 6, 5}, {2, 3, 7, 6}, {3, 0, 4, 7}, {4, 5, 6, 7}}};
-
-using Field = std::function<std::array<double, 6>(double, double)>;
-
-Corners PatchCorners(const std::array<std::size_t, 4> &mesh) {
-    Corners p;
-    for (std::size_t k = 0; k < 4; ++k)
-        p[k] = {kPatch[mesh[k]].x, kPatch[mesh[k]].y, 0};
-    return p;
-}
-
-// Stresses of all meshes at centre and corners once the four inner nodes are in balance.
-std::vector<LocalStress> PatchStresses(const Field &field) {
-    const ShellSection section{1e6, 0.25, 0.001, 1.0, InnerModes::All};
-    Eigen::MatrixXd k = Eigen::MatrixXd::Zero(48, 48);
-    std::vector<ShellElement> elements;
-    const auto row = [](std::size_t node, Eigen::Index d) { return 6 * static_cast<Eigen::Index>(node) + d; };
-    for (const auto &mesh : kPatchMeshes) {
-        elements.emplace_back(PatchCorners(mesh), section, "patch");
-        for (std::size_t a = 0; a < 4; ++a)
-            for (std::size_t b = 0; b < 4; ++b)
-                k.block<6, 6>(row(mesh[a], 0), row(mesh[b], 0)) += elements.back().stiffness().block<6, 6>(
-                    6 * static_cast<Eigen::Index>(a), 6 * static_cast<Eigen::Index>(b));
-    }
-    Eigen::VectorXd u = Eigen::VectorXd::Zero(48);
-    for (std::size_t n = 0; n < 4; ++n)
-        for (Eigen::Index d = 0; d < 6; ++d)
-            u(row(n, d)) = field(kPatch[n].x, kPatch[n].y)[static_cast<std::size_t>(d)];
-    u.tail<24>() = k.bottomRightCorner<24, 24>().ldlt().solve(-k.bottomLeftCorner<24, 24>() * u.head<24>());
-    std::vector<LocalStress> all;
-    for (std::size_t i = 0; i < elements.size(); ++i) {
-        Vector24 at;
-        for (std::size_t c = 0; c < 4; ++c)
-            at.segment<6>(6 * static_cast<Eigen::Index>(c)) = u.segment<6>(row(kPatchMeshes[i][c], 0));
-        const Eigen::Matrix3d axes = elements[i].shape().axes(); // results come in these: turned to X, Y
-        for (const LocalStress &s : elements[i].stresses(at)) {
-            LocalStress global;
-            for (Eigen::Index part = 0; part < 6; part += 3) {
-                Eigen::Matrix2d tensor;
-                tensor << s(part), s(part + 2), s(part + 2), s(part + 1);
-                const Eigen::Matrix2d turn = axes.topLeftCorner<2, 2>();
-                const Eigen::Matrix2d t = turn.transpose() * tensor * turn;
-                global.segment<3>(part) << t(0, 0), t(1, 1), t(0, 1);
-            }
-            all.push_back(global);
-        }
-    }
-    return all;
-}
-
-// The value that lies farthest from the target among all meshes and places.
-double Farthest(const std::vector<LocalStress> &all, Eigen::Index component, double target) {
-    double worst = target;
-    for (const LocalStress &s : all)
-        if (std::fabs(s(component) - target) > std::fabs(worst - target))
-            worst = s(component);
-    return worst;
-}
-
-std::vector<double> PatchValues() {
-    const std::vector<LocalStress> pulled = PatchStresses(
-        [](double x, double y) { return std::array<double, 6>{1e-3 * (x + y / 2), 1e-3 * (y + x / 2), 0, 0, 0, 0}; });
-    const std::vector<LocalStress> bent = PatchStresses([](double x, double y) {
-        return std::array<double, 6>{0, 0, 1e-3 * (x * x + x * y + y * y) / 2, 1e-3 * (y + x / 2), -1e-3 * (x + y / 2),
-                                     0};
-    });
-    const auto moment = [&](Eigen::Index c, double target) {
-        const double sign = bent.front()(c) < 0 ? -1 : 1; // tension above or below
-        std::vector<LocalStress> turned = bent;
-        for (LocalStress &s : turned)
-            s *= sign;
-        return Farthest(turned, c, target);
-    };
-    return {Farthest(pulled, 0, 1.0 / .75) / 1e-3, Farthest(pulled, 2, .4) / 1e-3, moment(3, 1e-6 / 9) * 1e7,
-            moment(5, 1e-6 / 30) * 1e7};
-}
-
 } // namespace
-
-std::vector<Example> PatchExamples() {
-    Example e;
-    e.key = "macneal-patch";
-    e.title = "Patch test, membrane and bending";
-    e.words =
-        "0.24 by 0.12, thickness 0.001, E 10⁶, ν 0.25; the rim moved by u = 10⁻³(x + y/2), v = 10⁻³(y + x/2), or "
-        "bent to w = 10⁻³(x² + xy + y²)/2. Of all meshes and places the value that lies farthest from the target.";
-    e.quantities = {{"σx pulled", "", 4000.0 / 3, kSource},
-                    {"τxy pulled", "", 400, kSource},
-                    {"Mx bent, 10⁻⁷", "", 1.0 / .9, kSource},
-                    {"Mxy bent, 10⁻⁷", "", 1.0 / 3, kSource}};
-    e.meshes = {"5 meshes"};
-    e.notLiteral = kNotLiteral;
-    e.values = [](std::size_t) { return PatchValues(); };
-    e.sketch = [] {
-        HandTank t(1e6, .25);
-        const int p = t.panel(kPlain, .001);
-        for (const PatchNode &n : kPatch)
-            t.node({n.x, n.y, 0});
-        for (const auto &m : kPatchMeshes)
-            t.mesh(p, static_cast<int>(m[0]) + 1, static_cast<int>(m[1]) + 1, static_cast<int>(m[2]) + 1,
-                   static_cast<int>(m[3]) + 1);
-        return Sketch(t.tank, {});
-    };
-    return {e};
-}
 
 std::vector<Example> BeamExamples() {
     return {StraightBeams("macneal-beam-rectangles", "rectangles", Slant::None),

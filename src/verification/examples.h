@@ -5,7 +5,7 @@
 
 namespace havuz::verification {
 
-std::vector<Example> PatchExamples();  // MacNeal and Harder's patch
+std::vector<Example> PatchExamples();  // MacNeal and Harder's patch and thick cylinder
 std::vector<Example> BeamExamples();   // their beams
 std::vector<Example> PlateExamples();  // rectangular plates
 std::vector<Example> ShellExamples();  // roofs, cylinders, spheres
@@ -15,6 +15,9 @@ std::vector<Example> FoldedExamples(); // plates at right angles
 std::vector<Example> WorkedExamples();  // checks of the design by hand
 std::vector<Example> OutsideExamples(); // pools beside CalculiX
 std::vector<Example> LiteralOutcomes(); // what the rules of the run make of practical tanks
+
+// One example a project of the folder: loads of each case beside springs and reactions.
+std::vector<Example> EquilibriumExamples(const std::string &projects);
 
 // All models of the first six, in the order of the manual.
 std::vector<Example> AllExamples();

@@ -108,6 +108,13 @@ std::vector<CaseResult> RunStore(const Tank &tank) {
     return columns;
 }
 
+std::size_t PlaceOfColumn(const std::vector<int> &codes, int code) {
+    const auto found = std::find(codes.begin(), codes.end(), code);
+    if (found == codes.end())
+        throw std::runtime_error("the run has no column of code " + std::to_string(code));
+    return static_cast<std::size_t>(found - codes.begin());
+}
+
 CaseResult RunLiteral(const Tank &tank, const std::vector<Vector3> &forces) {
     FreshModel();
     for (int i = 0; i <= kYukDurumLast; ++i)

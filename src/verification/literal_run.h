@@ -13,6 +13,9 @@ namespace havuz::verification {
 // axes of the consistent analysis; the rest stays 0.
 std::vector<consistent::CaseResult> RunStore(const consistent::Tank &tank);
 
+// The place of the load column of that code among these of a run; std::runtime_error where it has none.
+std::size_t PlaceOfColumn(const std::vector<int> &codes, int code);
+
 // The tank put into a fresh store with these forces as its point loads, run, its only column. A tank that no project
 // can hold (supports of single directions, another concrete) is std::logic_error.
 consistent::CaseResult RunLiteral(const consistent::Tank &tank, const std::vector<Vector3> &forces);

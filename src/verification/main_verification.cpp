@@ -1,8 +1,9 @@
 // havuz_verification: makes the verification manual, or says whether a page is still what the program computes.
-//   havuz_verification DOCS PROJECTS           DOCS/verification.md and DOCS/pictures/verification/*.svg, at all
-//   widths,
-//                                              and the program's figures in DOCS/ornekler.md
-//   havuz_verification --check DOCS PROJECTS   computes the coarse widths and compares them with both pages
+//   havuz_verification DOCS PROJECTS           DOCS/verification.md and DOCS/pictures/verification/*.svg at all widths,
+//                                              and the program's figures in DOCS/ornekler.md and DOCS/ornek-*.md
+//   havuz_verification --check DOCS PROJECTS   computes the coarse widths and compares them with these pages
+//   havuz_verification --case KEY PROJECTS     one case at all widths, on standard output; KEY as its pictures are
+//   named
 // PROJECTS: folder of the sample projects. Ends with 1 when the page differs or a difference above 2 % has no sentence.
 #include "model/failure.h"
 #include "model/write_file.h"
@@ -25,15 +26,14 @@ std::string TextOf(const std::string &path) {
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-bool IsExplained(const Page &page) {
-    for (const std::string &words : page.unexplained)
-        std::cerr << "havuz_verification: not explained: " << words << "\n";
-    return page.unexplained.empty();
+bool IsSound(const Page &page) {
+    for (const std::string &words : page.faults)
+        std::cerr << "havuz_verification: " << words << "\n";
+    return page.faults.empty();
 }
 
 int Make(const std::string &docs, const std::string &projects) {
-    const std::string samples =
-        FillSamples(TextOf(docs + "/ornekler.md"), projects); // fails in a folder that is not docs/
+    const SamplePages samples = FillSamples(ReadSamplePages(docs), projects); // fails in a folder that is not docs/
     const Page page = MakePage(AllChapters(projects), Depth::Whole);
     const std::string pictures = docs + "/pictures/verification";
     fs::remove_all(pictures);
@@ -41,8 +41,9 @@ int Make(const std::string &docs, const std::string &projects) {
     for (const auto &[name, svg] : page.pictures)
         WriteWholeFile(pictures + "/" + name, svg);
     WriteWholeFile(docs + "/verification.md", page.markdown);
-    WriteWholeFile(docs + "/ornekler.md", samples);
-    return IsExplained(page) ? 0 : 1;
+    for (const auto &[name, text] : samples)
+        WriteWholeFile(docs + "/" + name, text);
+    return IsSound(page) ? 0 : 1;
 }
 
 // Says where a page is old.
@@ -54,11 +55,26 @@ bool IsCurrent(const std::string &page, const std::string &difference) {
 }
 
 int Check(const std::string &docs, const std::string &projects) {
-    const std::string manual = docs + "/verification.md", samples = docs + "/ornekler.md", text = TextOf(samples);
-    const bool current = IsCurrent(samples, FirstDifference(FillSamples(text, projects), text));
+    const std::string manual = docs + "/verification.md";
+    const SamplePages samples = ReadSamplePages(docs);
+    bool current = true;
+    for (const auto &[name, text] : FillSamples(samples, projects))
+        current = IsCurrent(docs + "/" + name, FirstDifference(text, samples.at(name))) && current;
     const Page page = MakePage(AllChapters(projects), Depth::Coarse);
-    const bool same = IsCurrent(manual, FirstDifference(page.markdown, TextOf(manual)));
-    return IsExplained(page) && same && current ? 0 : 1;
+    current = IsCurrent(manual, FirstDifference(page.markdown, TextOf(manual))) && current;
+    return IsSound(page) && current ? 0 : 1;
+}
+
+// The figures of one case, while it is worked at.
+int Show(const std::string &key, const std::string &projects) {
+    for (const Chapter &chapter : AllChapters(projects))
+        for (const Example &e : chapter.examples)
+            if (e.key == key) {
+                const Page page = MakePage({{chapter.title, "", {e}}}, Depth::Whole);
+                std::cout << page.markdown.substr(page.markdown.find("### "));
+                return IsSound(page) ? 0 : 1;
+            }
+    throw std::runtime_error("no case " + key);
 }
 
 } // namespace
@@ -66,16 +82,19 @@ int Check(const std::string &docs, const std::string &projects) {
 } // namespace havuz::verification
 
 int main(int count, char **words) {
+    using namespace havuz::verification;
     const std::vector<std::string> word(words + 1, words + count);
-    const bool check = !word.empty() && word[0] == "--check";
-    if (word.size() != (check ? 3U : 2U)) {
-        std::cerr << "usage: havuz_verification [--check] DOCS PROJECTS\n";
-        return 2;
-    }
     try {
-        return check ? havuz::verification::Check(word[1], word[2]) : havuz::verification::Make(word[0], word[1]);
+        if (word.size() == 3 && word[0] == "--check")
+            return Check(word[1], word[2]);
+        if (word.size() == 3 && word[0] == "--case")
+            return Show(word[1], word[2]);
+        if (word.size() == 2)
+            return Make(word[0], word[1]);
     } catch (const std::exception &failure) {
         std::cerr << "havuz_verification: " << failure.what() << "\n";
         return 1;
     }
+    std::cerr << "usage: havuz_verification [--check] DOCS PROJECTS | --case KEY PROJECTS\n";
+    return 2;
 }

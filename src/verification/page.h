@@ -23,7 +23,7 @@ constexpr const char *kOpen = "~";
 struct Page {
     std::string markdown;
     std::map<std::string, std::string> pictures; // SVG by file name; of a whole page alone
-    std::vector<std::string> unexplained;        // differences above 2 % without a sentence
+    std::vector<std::string> faults;             // differences above 2 % without a sentence, targets that moved
 };
 Page MakePage(const std::vector<Chapter> &chapters, Depth depth);
 

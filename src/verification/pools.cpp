@@ -6,9 +6,13 @@
 #include "mesh/sound_mesh.h"
 #include "model/options.h"
 #include "model/platform.h"
+#include "model/project_file.h"
 #include "model/startup.h"
 #include "model/store.h"
 #include "pool/pool_library.h"
+
+#include <algorithm>
+#include <filesystem>
 
 namespace havuz::verification {
 
@@ -20,6 +24,21 @@ void FreshModel() {
     ResetOptions();
     ResetSystem();
     StartModel(platform::OwnProgram());
+}
+
+void OpenProject(const std::string &path) {
+    FreshModel();
+    ProjectWindow none;
+    LoadProject(path, none);
+}
+
+std::vector<std::string> ProjectsOf(const std::string &folder) {
+    std::vector<std::string> names;
+    for (const auto &entry : std::filesystem::directory_iterator(folder))
+        if (entry.path().extension() == ".POL")
+            names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 static void Take(const Parameters &parameters) {

@@ -14,6 +14,12 @@ using Parameters = std::vector<std::pair<double *, double>>; // a parameter of t
 // The program as a fresh start leaves it. Reads the option files beside the program that runs.
 void FreshModel();
 
+// A fresh program with that project in it.
+void OpenProject(const std::string &path);
+
+// Names of the projects of a folder, "NAME.POL", in order.
+std::vector<std::string> ProjectsOf(const std::string &folder);
+
 // A fresh program with the pool of a page (1 rectangular, 2 circular) in it, meshed.
 consistent::Tank LibraryPool(int page, const Parameters &parameters);
 

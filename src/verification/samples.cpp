@@ -3,15 +3,14 @@
 #include "consistent/tables.h"
 #include "design/checks.h"
 #include "fea/equations.h"
-#include "model/project_file.h"
 #include "verification/literal_run.h"
+#include "verification/outcome.h"
 #include "verification/page.h"
-#include "verification/pools.h"
 
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <map>
+#include <fstream>
 #include <memory>
 #include <set>
 #include <sstream>
@@ -23,25 +22,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::vector<std::string> ProjectsOf(const std::string &folder) {
-    std::vector<std::string> names;
-    for (const auto &entry : fs::directory_iterator(folder))
-        if (entry.path().extension() == ".POL")
-            names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-void Open(const std::string &path) {
-    FreshModel();
-    ProjectWindow none;
-    LoadProject(path, none);
-}
-
 // A project as it lies in the folder, solved.
 struct Sample {
     explicit Sample(const std::string &path) {
-        Open(path);
+        OpenProject(path);
         analysis = std::make_unique<Analysis>(ReadTank());
         design = design::DesignTank(*analysis, design::MakeBasis({}));
         run = RunStore(analysis->tank());
@@ -55,11 +39,7 @@ struct Sample {
         throw std::runtime_error("no case " + key);
     }
     const CaseResult &runOf(const std::string &key) const {
-        const int code = key == "L" ? 2 : key == "S" ? 3 : -1;
-        for (std::size_t c = 0; c < codes.size(); ++c)
-            if (codes[c] == code)
-                return run[c];
-        throw std::runtime_error("the run has no column " + key);
+        return run[PlaceOfColumn(codes, key == "L" ? kColumnLiquid : key == "S" ? kColumnSoil : -1)];
     }
     std::unique_ptr<Analysis> analysis;
     design::Design design;
@@ -106,6 +86,20 @@ double SoilOf(const Sample &s, const std::string &key) {
     throw std::runtime_error("no combination " + key);
 }
 
+// The zone of a panel's face that asks for most steel in a direction.
+const design::LayerChoice &LayerOf(const Sample &s, int panel, const std::string &face, int direction) {
+    if (face != "iç" && face != "dış")
+        throw std::runtime_error("no face " + face);
+    const design::SteelRow *most = nullptr;
+    for (const design::SteelRow &row : s.design.steel)
+        if (row.panel == panel && row.direction == direction && (row.face == design::Face::Inner) == (face == "iç") &&
+            (most == nullptr || row.layer.need.area > most->layer.need.area))
+            most = &row;
+    if (most == nullptr)
+        throw std::runtime_error("no steel in panel " + std::to_string(panel));
+    return most->layer;
+}
+
 std::vector<std::string> WordsOf(std::string text) {
     std::replace(text.begin(), text.end(), ',', ' ');
     std::istringstream in(text);
@@ -133,6 +127,20 @@ double OfTank(const Sample &s, const std::vector<std::string> &w) {
     throw std::runtime_error("nothing known: " + w[0]);
 }
 
+// hesap M|N|As duvar|taban N iç|dış 1|2
+double OfSteel(const Sample &s, const std::vector<std::string> &w) {
+    if (w.size() != 6)
+        throw std::runtime_error("hesap asks for a value, a panel, a face and a direction");
+    const design::LayerChoice &layer = LayerOf(s, std::stoi(w[3]), w[4], std::stoi(w[5]));
+    if (w[1] == "M")
+        return layer.governs.M;
+    if (w[1] == "N")
+        return layer.governs.N;
+    if (w[1] == "As")
+        return layer.need.area;
+    throw std::runtime_error("nothing known: hesap " + w[1]);
+}
+
 // asked: the first cell without what stands in brackets.
 double ValueOf(const Sample &s, const std::string &asked) {
     std::vector<std::string> w = WordsOf(asked);
@@ -141,6 +149,8 @@ double ValueOf(const Sample &s, const std::string &asked) {
         w.erase(w.begin());
     if (w.empty())
         throw std::runtime_error("an empty row");
+    if (w[0] == "hesap")
+        return OfSteel(s, w);
     if (w[0] != "duvar" && w[0] != "taban")
         return OfTank(s, w);
     if (w.size() < 4)
@@ -176,9 +186,11 @@ std::string ProjectIn(const std::string &line) {
 
 } // namespace
 
-std::string FillSamples(const std::string &page, const std::string &projects) {
+namespace {
+
+// told: the projects that have a section so far.
+std::string Filled(const std::string &page, const std::string &projects, std::set<std::string> &told) {
     std::unique_ptr<Sample> sample;
-    std::set<std::string> told;
     std::string filled;
     std::istringstream in(page);
     for (std::string line; std::getline(in, line);) {
@@ -188,44 +200,32 @@ std::string FillSamples(const std::string &page, const std::string &projects) {
         }
         filled += (sample && !line.empty() ? FilledRow(line, *sample) : line) + "\n";
     }
-    for (const std::string &name : ProjectsOf(projects))
-        if (told.count(name) == 0)
-            throw std::runtime_error("docs/ornekler.md has no section of " + name);
     return filled;
 }
 
-std::vector<Example> EquilibriumExamples(const std::string &projects) {
-    std::vector<Example> all;
-    for (const std::string &name : ProjectsOf(projects)) {
-        Open(projects + "/" + name);
-        const Analysis analysis(ReadTank());
-        Example e;
-        e.title = name;
-        e.words =
-            "Every load case: the vertical load beside springs and reactions, and the greatest of the six sums of "
-            "forces and moments as a part of the sum of all forces.";
-        e.meshes = {"program"};
-        std::vector<double> values;
-        for (const Case c : kAllCases) {
-            const Proof proof = analysis.solve(c).proof;
-            double load = 0.0, left = 0.0;
-            for (const Vector3 &f : analysis.loads(c))
-                load += std::sqrt(Dot(f, f));
-            for (const double sum : proof.sum)
-                left = std::max(left, std::fabs(sum));
-            if (load == 0.0)
-                continue;
-            const std::string key{NameOf(c).key};
-            e.quantities.push_back(
-                {key + ", vertical", "t", -proof.load[2], "statics: springs and reactions carry it", "", "", load});
-            e.quantities.push_back({key + ", greatest sum", "", 0.0, "statics: nothing is left", "", "", 1.0});
-            values.push_back(proof.spring[2] + proof.reaction[2]);
-            values.push_back(left / load);
-        }
-        e.values = [values](std::size_t) { return values; };
-        all.push_back(e);
+} // namespace
+
+SamplePages ReadSamplePages(const std::string &docs) {
+    SamplePages pages;
+    for (const auto &entry : fs::directory_iterator(docs)) {
+        const std::string name = entry.path().filename().string();
+        if (name.rfind("ornek", 0) != 0 || entry.path().extension() != ".md")
+            continue;
+        std::ifstream in(entry.path(), std::ios::binary);
+        pages[name] = {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
     }
-    return all;
+    return pages;
+}
+
+SamplePages FillSamples(const SamplePages &pages, const std::string &projects) {
+    std::set<std::string> told;
+    SamplePages filled;
+    for (const auto &[name, page] : pages)
+        filled[name] = Filled(page, projects, told);
+    for (const std::string &name : ProjectsOf(projects))
+        if (told.count(name) == 0)
+            throw std::runtime_error("no page of docs/ornek*.md has a section of " + name);
+    return filled;
 }
 
 } // namespace havuz::verification

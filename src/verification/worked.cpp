@@ -18,6 +18,7 @@ namespace {
 using namespace design;
 
 const char *const kByHand = "the calculation above";
+const char *const kNoCheck = "the run makes no such check";
 const Section kThirty{30.0, 25.4}; // h 30, cover 4, bars of 12 mm: d = 30 - 4 - .6
 
 Materials Strength(double fck, double fyk) { return MakeMaterials(fck, fyk, DesignMethod::Strength); }
@@ -32,6 +33,7 @@ Example ByHand(const std::string &key, const std::string &title, const std::stri
     for (Quantity &q : e.quantities)
         q.source = kByHand;
     e.meshes = {"program"};
+    e.notLiteral = kNoCheck;
     e.values = [program = std::move(program)](std::size_t) { return program(); };
     return e;
 }
@@ -77,20 +79,24 @@ std::vector<Example> SteelByHand() {
                        return std::vector<double>{n.depth, n.concrete, n.area};
                    }),
             kThirty, "30"),
-        ByHand("worked-steel-least", "Least steel and twist",
-               "EN 1992-1-1 9.2.1.1: fctm = 0.30 · 20^(2/3) = 2.2104 N/mm²; 0.26 · 22.104/2200 · 100 · 25.4 = 6.6352 "
-               "cm²/m, above "
-               "0.0013 · 100 · 25.4 = 3.302. Wood: m11 2, m22 1, m12 −0.5 give 2.5 and 1.5; m11 −3, m22 1, m12 1 turns "
-               "direction 1, "
-               "so direction 2 asks for 1 + 1²/3 = 1.3333.",
-               {{"As,min", "cm²/m", 6.6352},
-                {"M* along 1", "t.m/m", 2.5},
-                {"M* along 2", "t.m/m", 1.5},
-                {"M* along 2, turned", "t.m/m", 4.0 / 3}},
-               [] {
-                   const auto plain = WoodMoments(2, 1, -.5), turned = WoodMoments(-3, 1, 1);
-                   return std::vector<double>{LeastSteel(Strength(200, 2200), 25.4), plain[0], plain[1], turned[1]};
-               })};
+        OfSection(
+            ByHand(
+                "worked-steel-least", "Least steel and twist",
+                "EN 1992-1-1 9.2.1.1: fctm = 0.30 · 20^(2/3) = 2.2104 N/mm²; 0.26 · 22.104/2200 · 100 · 25.4 = 6.6352 "
+                "cm²/m, above "
+                "0.0013 · 100 · 25.4 = 3.302. Wood: m11 2, m22 1, m12 −0.5 give 2.5 and 1.5; m11 −3, m22 1, m12 1 "
+                "turns "
+                "direction 1, "
+                "so direction 2 asks for 1 + 1²/3 = 1.3333.",
+                {{"As,min", "cm²/m", 6.6352},
+                 {"M* along 1", "t.m/m", 2.5},
+                 {"M* along 2", "t.m/m", 1.5},
+                 {"M* along 2, turned", "t.m/m", 4.0 / 3}},
+                [] {
+                    const auto plain = WoodMoments(2, 1, -.5), turned = WoodMoments(-3, 1, 1);
+                    return std::vector<double>{LeastSteel(Strength(200, 2200), 25.4), plain[0], plain[1], turned[1]};
+                }),
+            kThirty, "30")};
 }
 
 std::vector<Example> CracksAndShearByHand() {
@@ -144,24 +150,35 @@ std::vector<Example> CracksAndShearByHand() {
                   kThirty, "30")};
 }
 
+Tank FloatingPool(double width) {
+    return LibraryPool(1, {{&Lx, 8},
+                           {&Ly, 8},
+                           {&UstKot, 6},
+                           {&Bk, 0},
+                           {&KenarKalinlik, 40},
+                           {&AltKalinlik, 60},
+                           {&YeraltiSuKotu, 4},
+                           {&MeshGenisligi, width}});
+}
+
 Example FlotationByHand() {
-    Example e =
-        ByHand("worked-flotation", "Flotation",
-               "8 by 8 m and 6 m high at the mid-planes, no strip, walls 40, base 60 cm, groundwater 4 m above the "
-               "underside. G = "
-               "2.5 · (64 · 0.60 + 4 · 8 · 6 · 0.40) = 96 + 192 = 288 t. U = 4 · 64 = 256 t. G/U = 1.125, limit 1.10.",
-               {{"G", "t", 288}, {"U", "t", 256}, {"G/U", "", 1.125}}, [] {
-                   const Tank tank = LibraryPool(1, {{&Lx, 8},
-                                                     {&Ly, 8},
-                                                     {&UstKot, 6},
-                                                     {&Bk, 0},
-                                                     {&KenarKalinlik, 40},
-                                                     {&AltKalinlik, 60},
-                                                     {&YeraltiSuKotu, 4},
-                                                     {&MeshGenisligi, 2}});
-                   const Flotation f = DesignTank(Analysis(tank), MakeBasis({})).flotation;
-                   return std::vector<double>{f.dead, f.uplift, f.ratio()};
-               });
+    Example e;
+    e.key = "worked-flotation";
+    e.title = "Flotation";
+    e.words = "8 by 8 m and 6 m high at the mid-planes, no strip, walls 40, base 60 cm, groundwater 4 m above the "
+              "underside. G = 2.5 · (64 · 0.60 + 4 · 8 · 6 · 0.40) = 96 + 192 = 288 t. U = 4 · 64 = 256 t. "
+              "G/U = 1.125, limit 1.10.";
+    e.quantities = {{"G", "t", 288, kByHand}, {"U", "t", 256, kByHand}, {"G/U", "", 1.125, kByHand}};
+    e.meshes = {"2 m", "1 m", "0.5 m"};
+    e.notLiteral = kNoCheck;
+    e.values = [](std::size_t mesh) {
+        const Flotation f = DesignTank(Analysis(FloatingPool(2.0 / (1 << mesh))), MakeBasis({})).flotation;
+        return std::vector<double>{f.dead, f.uplift, f.ratio()};
+    };
+    e.sketch = [] {
+        const Tank tank = FloatingPool(1);
+        return Sketch(tank, NodalLoads(tank, kUplift));
+    };
     return e;
 }
 
@@ -177,8 +194,9 @@ Example SoilByHand() {
                     {"greatest at 1 m", "t/m²", 8.0, kByHand},
                     {"lifted at 1 m", "m²", 4.5, kByHand, "the bed stands on nodes: it lifts by whole rows of them"}};
     e.meshes = {"0.5 m", "0.25 m", "0.125 m"};
+    e.notLiteral = kNoCheck;
     const auto block = [](std::size_t mesh, double away) {
-        HandTank t(2.85e6, 0.25);
+        HandTank t(kConcreteE, kConcretePoisson);
         const int p = t.panel(0, 2.0), n = 6 << mesh;
         t.grid(p, n, n, [](double s, double v) { return Vector3{3 * s, 3 * v, 0}; });
         t.tank.bedding = 100;
