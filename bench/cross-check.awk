@@ -37,6 +37,8 @@ NF == 4 && !stresses {
     u = sqrt(ux[k, $1] ^ 2 + uy[k, $1] ^ 2 + uz[k, $1] ^ 2)
     if (d > farthest[k]) farthest[k] = d
     if (u > greatest[k]) greatest[k] = u
+    v = sqrt($2 ^ 2 + $3 ^ 2 + $4 ^ 2)
+    if (v > theirs[k]) theirs[k] = v
     next
 }
 # Of a quadrilateral points 1 to 4 lie below, 5 to 8 above, at t/(2 sqrt 3); of a triangle 1 to 3 below, 7 to 9 above, at
@@ -75,15 +77,17 @@ END {
         if (d2 > mfar[k]) mfar[k] = d2
         if (abs(m11[ke]) > mgreat[k]) mgreat[k] = abs(m11[ke])
         if (abs(m22[ke]) > mgreat[k]) mgreat[k] = abs(m22[ke])
-        sum2[k] += d1 * d1 + d2 * d2; all2[k] += m11[ke] ^ 2 + m22[ke] ^ 2
+        sum2[k] += d1 * d1 + d2 * d2; all2[k] += m11[ke] ^ 2 + m22[ke] ^ 2; their2[k] += a11[ke] ^ 2 + a22[ke] ^ 2
+        values[k] += 2
     }
     status = 0
     for (i = 1; i <= steps; i++) {
         k = key[i]
-        printf "  %-2s displacement %9.5f mm, differs by %5.2f %%; ", k, 1000 * greatest[k], 100 * farthest[k] / greatest[k]
+        printf "  %-2s displacement %9.6f mm, CalculiX %9.6f mm, differs by %5.2f %%; ", k, 1000 * greatest[k],
+            1000 * theirs[k], 100 * farthest[k] / greatest[k]
         if (mgreat[k] < 1e-9) print "no moment"
-        else printf "moment %8.4f t.m/m, differs by %5.2f %%, %5.2f %% in the mean\n", mgreat[k],
-            100 * mfar[k] / mgreat[k], 100 * sqrt(sum2[k] / all2[k])
+        else printf "moment %8.4f t.m/m, differs by %5.2f %%, %5.2f %% in the mean; mean %9.6f, CalculiX %9.6f\n", mgreat[k],
+            100 * mfar[k] / mgreat[k], 100 * sqrt(sum2[k] / all2[k]), sqrt(all2[k] / values[k]), sqrt(their2[k] / values[k])
         if (100 * farthest[k] / greatest[k] > limit) status = 1
     }
     exit status
