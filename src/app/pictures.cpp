@@ -13,15 +13,15 @@ namespace havuz {
 static std::string LibraryPath() {
     const std::string program = OwnProgram();
     const std::string folder = program.substr(0, program.rfind('/'));
-    const std::string beside = folder + "/havuz-pictures.so";
-    return FileExists(beside) ? beside : folder + "/../lib/havuz/modules/havuz-pictures.so";
+    const std::string name = std::string("/havuz-pictures") + platform::kLibraryEnd;
+    return FileExists(folder + name) ? folder + name : folder + "/../lib/havuz/modules" + name;
 }
 
 static const PictureMaker &LoadedMaker() {
     const std::string path = LibraryPath();
     void *maker = platform::SymbolOf(path, "HavuzPictureMaker");
     if (maker == nullptr)
-        FailFile(Fault::CannotOpen, path, FileExists(path) ? ELIBACC : ENOENT);
+        FailFile(Fault::CannotOpen, path, errno);
     return *reinterpret_cast<const PictureMaker *(*)()>(maker)();
 }
 

@@ -13,8 +13,10 @@ namespace havuz::platform {
 
 #ifdef _WIN32
 constexpr bool kNamesTellCase = false; // "a" and "A" are one file
+constexpr const char *kHome = "USERPROFILE", *kNothing = "NUL", *kLibraryEnd = ".dll";
 #else
 constexpr bool kNamesTellCase = true;
+constexpr const char *kHome = "HOME", *kNothing = "/dev/null", *kLibraryEnd = ".so";
 #endif
 
 // ---- files ----------------------------------------------------------------------------------------------------------

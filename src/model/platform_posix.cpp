@@ -161,7 +161,7 @@ std::string Environment(const char *name) {
 
 void SetEnvironment(const char *name, const std::string &value) { setenv(name, value.c_str(), 1); }
 
-std::string HomeDirectory() { return Environment("HOME"); }
+std::string HomeDirectory() { return Environment(kHome); }
 
 std::string StateDirectory() {
     if (const std::string state = Environment("XDG_STATE_HOME"); !state.empty() && state.front() == '/')
@@ -217,7 +217,10 @@ int StartCommand(const std::string &command, const std::string &argument) {
 
 void *SymbolOf(const std::string &library, const char *name) {
     void *loaded = dlopen(library.c_str(), RTLD_NOW | RTLD_LOCAL);
-    return loaded == nullptr ? nullptr : dlsym(loaded, name);
+    void *const found = loaded == nullptr ? nullptr : dlsym(loaded, name);
+    if (found == nullptr)
+        errno = access(library.c_str(), F_OK) == 0 ? ELIBACC : ENOENT;
+    return found;
 }
 
 void AskForLargePages(void *from, std::size_t size) { madvise(from, size, MADV_HUGEPAGE); }

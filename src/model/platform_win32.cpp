@@ -265,7 +265,7 @@ void SetEnvironment(const char *name, const std::string &value) {
     _wputenv_s(Wide(name).c_str(), Wide(value).c_str()); // of the C runtime, and of the system
 }
 
-std::string HomeDirectory() { return WithSlashes(Environment("USERPROFILE")); }
+std::string HomeDirectory() { return WithSlashes(Environment(kHome)); }
 
 std::string StateDirectory() { return WithSlashes(Environment("LOCALAPPDATA")); }
 
@@ -348,7 +348,10 @@ int StartCommand(const std::string &command, const std::string &argument) {
 
 void *SymbolOf(const std::string &library, const char *name) {
     const HMODULE loaded = LoadLibraryW(Wide(library).c_str());
-    return loaded == nullptr ? nullptr : reinterpret_cast<void *>(GetProcAddress(loaded, name));
+    void *const found = loaded == nullptr ? nullptr : reinterpret_cast<void *>(GetProcAddress(loaded, name));
+    if (found == nullptr)
+        errno = GetFileAttributesW(Wide(library).c_str()) != INVALID_FILE_ATTRIBUTES ? ENOEXEC : ENOENT;
+    return found;
 }
 
 void AskForLargePages(void *, std::size_t) {}

@@ -5,6 +5,8 @@
 #include "ui/qt/raster_surface.h"
 #include "ui/qt/report_paper.h"
 
+#include <QtGlobal>
+
 namespace havuz {
 
 namespace {
@@ -27,7 +29,7 @@ public:
 
 } // namespace
 
-extern "C" const PictureMaker *HavuzPictureMaker();
+extern "C" Q_DECL_EXPORT const PictureMaker *HavuzPictureMaker();
 extern "C" const PictureMaker *HavuzPictureMaker() {
     static const QtPictureMaker maker;
     return &maker;
