@@ -67,6 +67,16 @@ static int ReasonOf(DWORD error) {
 
 void TakeLastError() { errno = ReasonOf(GetLastError()); }
 
+// A name below a file is told as a missing folder.
+static bool IsBelowFile(const std::string &path) {
+    const std::size_t slash = path.find_last_of("/\\");
+    if (slash == std::string::npos || slash == 0)
+        return false;
+    const std::string folder = path.substr(0, slash);
+    const DWORD facts = GetFileAttributesW(Wide(folder).c_str());
+    return facts == INVALID_FILE_ATTRIBUTES ? IsBelowFile(folder) : (facts & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
 static bool Done(BOOL done) {
     if (done == FALSE)
         TakeLastError();
@@ -79,8 +89,10 @@ static HANDLE OpenHandle(const std::string &path, DWORD access, DWORD creation, 
     const HANDLE handle =
         CreateFileW(Wide(path).c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                     creation, flags, nullptr);
-    if (handle == INVALID_HANDLE_VALUE)
-        TakeLastError();
+    if (handle == INVALID_HANDLE_VALUE) {
+        const DWORD error = GetLastError();
+        errno = error == ERROR_PATH_NOT_FOUND && IsBelowFile(path) ? ENOTDIR : ReasonOf(error);
+    }
     return handle;
 }
 
@@ -234,14 +246,48 @@ bool RenameToNew(const std::string &from, const std::string &to) {
     return Done(MoveFileExW(Wide(from).c_str(), Wide(to).c_str(), MOVEFILE_WRITE_THROUGH));
 }
 
+// FILE_RENAME_INFO and its class in SetFileInformationByHandle since Windows 10; older headers lack them.
+struct RenameInfo {
+    DWORD flags; // 1: what to names is replaced; 2: as POSIX has it
+    HANDLE folder;
+    DWORD size;
+    WCHAR name[1];
+};
+constexpr auto kRenameInfo = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22);
+
+// Over a file that is open, as POSIX has it: who reads the old one goes on. Windows 10 does it on NTFS.
+static bool RenameOverOpen(const std::wstring &from, const std::wstring &to) {
+    std::wstring whole(32768, L'\0');
+    whole.resize(GetFullPathNameW(to.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr));
+    std::vector<std::uint64_t> room((sizeof(RenameInfo) + whole.size() * sizeof(wchar_t)) / 8 + 1); // aligned
+    auto *const info = reinterpret_cast<RenameInfo *>(room.data());
+    info->flags = 3;
+    info->size = static_cast<DWORD>(whole.size() * sizeof(wchar_t));
+    std::copy(whole.begin(), whole.end(), info->name);
+    const HANDLE file =
+        CreateFileW(from.c_str(), DELETE | SYNCHRONIZE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                    OPEN_EXISTING, FILE_FLAG_WRITE_THROUGH, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return false;
+    const BOOL done =
+        SetFileInformationByHandle(file, kRenameInfo, info, static_cast<DWORD>(room.size() * sizeof room[0]));
+    CloseHandle(file);
+    return done != FALSE;
+}
+
 // A scanner of viruses holds a new file for a moment.
 bool Rename(const std::string &from, const std::string &to) {
+    const std::wstring old = Wide(from), name = Wide(to);
     for (int tries = 0;; ++tries) {
-        if (MoveFileExW(Wide(from).c_str(), Wide(to).c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) !=
-            FALSE)
+        if (MoveFileExW(old.c_str(), name.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE)
             return true;
-        if (GetLastError() != ERROR_SHARING_VIOLATION || tries == 50)
-            return Done(FALSE);
+        const DWORD error = GetLastError();
+        if ((error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION) && RenameOverOpen(old, name))
+            return true;
+        if (error != ERROR_SHARING_VIOLATION || tries == 50) {
+            errno = ReasonOf(error);
+            return false;
+        }
         Sleep(20);
     }
 }
