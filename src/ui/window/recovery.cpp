@@ -78,7 +78,8 @@ void Remove(const std::string &file) {
 // A lock that is new and held, -1 with errno otherwise. It comes to its name held already: a start that looks for
 // sessions that are over never finds it free.
 int TakeLock(const std::string &lock) {
-    const std::string fresh = fs::path(lock).parent_path() / (".lock" + std::to_string(platform::ProcessNumber()));
+    const std::string fresh =
+        (fs::path(lock).parent_path() / (".lock" + std::to_string(platform::ProcessNumber()))).generic_string();
     const int channel = platform::OpenFile(fresh, platform::Opened::Kept);
     if (channel < 0)
         return -1;
