@@ -1,6 +1,7 @@
 // The start sequence: option files, directories, defaults, the project of the command line, failures.
 #include "model/files.h"
 #include "model/options.h"
+#include "model/platform.h"
 #include "model/startup.h"
 #include "model/store.h"
 #include "model/working_directory.h"
@@ -103,8 +104,9 @@ TEST(Start, TheWorkingDirectory) {
     const TemporaryFolder data;
     WriteBytes(data.file("WORKING"), "x");
     RecordingWindow window;
-    const std::string inner = "C:" + data.path() + "\\\r\n"; // drive dropped, separators turned
-    WriteBytes(program.file("working.dir"), inner);          // whatever the case of its name
+    const std::string drive = platform::LocalPath("C:/x") == "/x" ? "C:" : ""; // dropped, where there are none
+    const std::string inner = drive + data.path() + "\\\r\n";                  // separators turned
+    WriteBytes(program.file("working.dir"), inner);                            // whatever the case of its name
     EXPECT_EQ(EndOf("", window), -1);
     EXPECT_EQ(CalismaDizini, data.path());
     for (const char *named : {"G\xC3\xB6let", "\xDDnt"}) { // by its bytes, else by the code page
@@ -115,7 +117,7 @@ TEST(Start, TheWorkingDirectory) {
         EXPECT_EQ(EndOf("", window), -1);
         EXPECT_EQ(CalismaDizini, directory);
     }
-    setenv("HOME", data.path().c_str(), 1);
+    const HomeAt home(data.path());
     WriteBytes(program.file("working.dir"), "~");
     EXPECT_EQ(EndOf("", window), -1);
     EXPECT_EQ(CalismaDizini, data.path());
@@ -129,9 +131,7 @@ TEST(Start, TheWorkingDirectory) {
 TEST(Start, TheWorkingDirectoryInTheHomeIsMadeOnceAndLeftAlone) {
     const ProgramFolder program;
     const TemporaryFolder home;
-    const char *own = std::getenv("HOME");
-    const std::string before = own == nullptr ? "" : own;
-    setenv("HOME", home.path().c_str(), 1);
+    const HomeAt ours(home.path());
     const auto prepare = [&](const std::string &field) {
         WriteBytes(program.file("WORKING.DIR"), field);
         PrepareWorkingDirectory("");
@@ -159,10 +159,9 @@ TEST(Start, TheWorkingDirectoryInTheHomeIsMadeOnceAndLeftAlone) {
     const Failed failed = FailureOf([&] { prepare("~/file/Havuz"); });
     EXPECT_EQ(failed.kind, File);
     EXPECT_EQ(failed.words.rfind(home.file("file/Havuz: "), 0), 0U) << failed.words;
-    unsetenv("HOME"); // "~" stays a name then, and nothing is made by it
+    const HomeAt none(""); // "~" stays a name then, and nothing is made by it
     prepare("~/havuz-none");
     EXPECT_FALSE(fs::exists("~"));
-    setenv("HOME", before.c_str(), 1);
 }
 
 TEST(Start, TheLoadFactorFile) {
@@ -197,7 +196,7 @@ TEST(Start, TheProgramDirectoryOfAnInstalledProgram) {
     EXPECT_EQ(FindProgramDirectory("/opt/x/bin/havuz"), "/opt/x/share/havuz");
     EXPECT_EQ(FindProgramDirectory(program.file("havuz-cli")), program.path());
     setenv("HAVUZ_HOME", "/a/VBVEK/b", 1);
-    EXPECT_EQ(FindProgramDirectory("/opt/x/bin/havuz"), "/VEK9V12");
+    EXPECT_EQ(FindProgramDirectory("/opt/x/bin/havuz"), platform::LocalPath("C:/VEK9V12"));
 }
 
 } // namespace havuz

@@ -41,6 +41,12 @@ TemporaryFolder::~TemporaryFolder() {
     std::filesystem::remove_all(path_, error);
 }
 
+HomeAt::HomeAt(const std::string &folder) : before_(platform::Environment(platform::kHome)) {
+    platform::SetEnvironment(platform::kHome, folder);
+}
+
+HomeAt::~HomeAt() { platform::SetEnvironment(platform::kHome, before_); }
+
 std::string ReadBytes(const std::string &path) {
     std::ifstream in(std::filesystem::path(path), std::ios::binary);
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};

@@ -25,6 +25,18 @@ private:
     std::string path_;
 };
 
+// The home of the user is this folder while it lives; "": there is none.
+class HomeAt {
+public:
+    explicit HomeAt(const std::string &folder);
+    ~HomeAt();
+    HomeAt(const HomeAt &) = delete;
+    HomeAt &operator=(const HomeAt &) = delete;
+
+private:
+    std::string before_;
+};
+
 std::string ReadBytes(const std::string &path); // "" when there is no such file
 void WriteBytes(const std::string &path, const std::string &bytes);
 

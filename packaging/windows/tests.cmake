@@ -7,7 +7,7 @@ file(CONFIGURE OUTPUT ${HAVUZ_TEST_PATHS} CONTENT "#define HAVUZ_SOURCE_DIR \"${
 ")
 file(GLOB HAVUZ_TEST_SOURCES CONFIGURE_DEPENDS tests/*.cpp)
 foreach(source ${HAVUZ_TEST_SOURCES})
-  file(STRINGS ${source} posix REGEX "^#include <(unistd|sys/|fcntl|csignal)|cli_support.h|raster_surface.h|image_canvas.h|fuzz/")
+  file(STRINGS ${source} posix REGEX "^#include <(unistd|sys/|fcntl|csignal)|cli_support.h|raster_surface.h|image_canvas.h|HavuzPictureMaker|fuzz/")
   file(STRINGS ${source} environment REGEX "program_folder.h|ui_support.h|setenv")
   if(posix)
     list(REMOVE_ITEM HAVUZ_TEST_SOURCES ${source})
