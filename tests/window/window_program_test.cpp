@@ -87,7 +87,8 @@ TEST(program, TakesBackByKeysAndLeavesItsWorkToTheNextStart) {
         }
         EXPECT_EQ(StatusOf(*process), killed ? -1 : 128 + signal);
         ASSERT_EQ(copies(), 1);
-        EXPECT_EQ(Recovery(machine.home.file("havuz")).left().at(0).reason, killed ? "" : platform::SignalName(signal));
+        EXPECT_EQ(Recovery(machine.home.file("havuz")).left().at(0).reason,
+                  killed ? "" : "PROGRAM KAPATILDI (" + platform::SignalName(signal) + ")");
         std::filesystem::remove(record);
         WriteBytes(machine.home.file("havuz/havuz.ini.lock"), ""); // of settings that it was just writing
         const auto next = machine.start({"--record", QString::fromStdString(record)});

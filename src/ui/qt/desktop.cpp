@@ -94,7 +94,8 @@ int RunDesktop(int &argc, char **argv, const std::string &executable, const Desk
         return 1;
     main.recovery = std::make_unique<Recovery>(Recovery::UsualDirectory());
     const SignalWatch watch([&](int signal) {
-        window.endSoon([&main, signal] { main.EndFor(platform::SignalName(signal), 128 + signal); });
+        window.endSoon(
+            [&main, signal] { main.EndFor("PROGRAM KAPATILDI (" + platform::SignalName(signal) + ")", 128 + signal); });
     });
     const LogoutWatch logout(
         application, [&] { main.KeepForNextStart("OTURUM SONU"); },
