@@ -185,7 +185,7 @@ TEST(PanelMesh, FailuresOfCountsAndCapacities) {
     EXPECT_EQ(FailureOf([] { PanelMeshle(none); }).words, "PanelTable(1) Ny: division by zero");
     PanelTable[1].Nx = 80;
     PanelTable[1].Ny = 80;
-    EXPECT_EQ(FailureOf([] { PanelMeshle(none); }).words, "NoktaTable(5001) lies outside 0..5000");
+    EXPECT_EQ(FailureOf([] { PanelMeshle(none); }).words, "PanelTable(1): NoktaTable(5001) lies outside 0..5000");
     ResetAll();
     for (int i = 1; i <= 501; ++i)
         PutFloor(i * 3.0, 0, 1, 1, 1, 1);

@@ -468,7 +468,7 @@ TEST(MainWindow, AFailingMeshingCommandLeavesTheModelAndSaysSo) {
         int nx;
         const char *prompt;
     } cases[] = {{0, "AUTO MESH YAPILAMADI, SIFIRA BOLME: PanelTable(1) Nx"},
-                 {4000, "AUTO MESH YAPILAMADI, TABLO SINIRI ASILDI: NoktaTable(5001) SINIR 0..5000"}};
+                 {4000, "AUTO MESH YAPILAMADI, TABLO SINIRI ASILDI: PanelTable(1): NoktaTable(5001) SINIR 0..5000"}};
     for (const auto &c : cases) {
         PanelTable[1].Nx = c.nx;
         const std::string before = ProjectText();

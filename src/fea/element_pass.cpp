@@ -21,6 +21,7 @@
 #include "model/arithmetic.h"
 #include "model/link_code.h"
 #include "model/mesh_facts.h"
+#include "model/place.h"
 #include "model/store.h"
 
 #include <cmath>
@@ -164,9 +165,11 @@ void MeshPass() {
     for (int i = 1; i <= MeshCount; ++i) {
         if (IsSwitchedOff(MeshTable[i]))
             continue;
-        const MeshNodes m = MeshNodeData(i);
-        MeshTable[i] = AnalysedMesh(m);
-        NodeEquationFlags(m);
+        AtPlace({Thing::MeshTable, i}, [i] {
+            const MeshNodes m = MeshNodeData(i);
+            MeshTable[i] = AnalysedMesh(m);
+            NodeEquationFlags(m);
+        });
     }
 }
 
@@ -181,16 +184,18 @@ void ElementPass(double E, RecordFile &stif, AnalysisWindow &window) {
         if (IsSwitchedOff(mesh))
             continue;
         ProgressBar(static_cast<double>(i) / MeshCount, window);
-        const MeshNodes m = MeshNodeData(i);
-        ElementAxes(ElementT, m);
-        PutSurfaceLoad(mesh, m, ElementT, record);
-        if (ElementSwitch == 0) {
-            PackUpperTriangle(rect.of(mesh, E, ElementT), record);
-        } else {
-            PlaceQuad(mesh, m);
-            QuadShellStiffness(4);
-            PackUpperTriangle(QuadK, record);
-        }
+        AtPlace({Thing::MeshTable, i}, [&] {
+            const MeshNodes m = MeshNodeData(i);
+            ElementAxes(ElementT, m);
+            PutSurfaceLoad(mesh, m, ElementT, record);
+            if (ElementSwitch == 0) {
+                PackUpperTriangle(rect.of(mesh, E, ElementT), record);
+            } else {
+                PlaceQuad(mesh, m);
+                QuadShellStiffness(4);
+                PackUpperTriangle(QuadK, record);
+            }
+        });
         records.put(record, i);
     }
     records.flush();

@@ -17,6 +17,7 @@
 #include "fea/rect_shell.h"
 #include "fea/system.h"
 #include "model/mesh_facts.h"
+#include "model/place.h"
 #include "model/store.h"
 
 namespace havuz {
@@ -128,7 +129,7 @@ void StressPass(double E, RecordFile &son) {
     for (int i = 1; i <= MeshCount; ++i) {
         SonRecord record{};
         if (!IsSwitchedOff(MeshTable[i]))
-            results.put(i, record);
+            AtPlace({Thing::MeshTable, i}, [&] { results.put(i, record); });
         records.put(record, i);
     }
     records.flush();

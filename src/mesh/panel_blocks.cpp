@@ -1,6 +1,7 @@
 // A block of nodes and meshes for each panel. Lengths in m.
 #include "mesh/panel_blocks.h"
 
+#include "model/place.h"
 #include "model/points.h"
 #include "model/store.h"
 #include "model/supports.h"
@@ -124,7 +125,7 @@ private:
 
 void MakePanelBlocks() {
     for (int i = 1; i <= PanelCount; ++i)
-        PanelBlock(i).make();
+        AtPlace({Thing::PanelTable, i}, [i] { PanelBlock(i).make(); });
 }
 
 } // namespace havuz

@@ -11,6 +11,7 @@
 #include "mesh/plak_edit.h"
 #include "model/arithmetic.h"
 #include "model/link_code.h"
+#include "model/place.h"
 #include "model/store.h"
 
 namespace havuz {
@@ -119,14 +120,6 @@ static void MoveSplitCorners(PanelRecord &first, PanelRecord &second, int edge, 
     }
 }
 
-// The code of a panel's edge, which a 16-bit field of the panel at no has to hold.
-static int LinkFor(int no, int panel, int edge) {
-    const int code = PanelLink(panel, edge);
-    if (code > 32767)
-        throw RuntimeFailure({.fault = Fault::Past16Bits, .where = {{Thing::PanelTable, no}}, .number = code});
-    return code;
-}
-
 void PanelBol(int kod, double x, double y) {
     if (kod < 0)
         return;
@@ -135,9 +128,11 @@ void PanelBol(int kod, double x, double y) {
         PanelRecord &moved = PanelTable[t + 1];
         moved = PanelTable[t];
         moved.No = t + 1;
-        moved.KenarKomsu[e] = RaisedCode(moved.KenarKomsu[e]);
-        moved.KenarKomsu[2] = LinkFor(t + 1, t + 2, 4);
-        moved.KenarKomsu[4] = PanelLink(t, 2);
+        AtPlace({Thing::PanelTable, t + 1}, [&] {
+            moved.KenarKomsu[e] = RaisedCode(moved.KenarKomsu[e]);
+            moved.KenarKomsu[2] = PanelLink(t + 2, 4);
+            moved.KenarKomsu[4] = PanelLink(t, 2);
+        });
     }
     MoveSplitCorners(PanelTable[k], PanelTable[k + 1], e, x, y);
     PanelTable[1].KenarKomsu[4] = PanelLink(++PanelCount, 2);

@@ -3,6 +3,7 @@
 #include "model/failure.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <string_view>
 
@@ -354,7 +355,11 @@ const char *KindInTurkish(FailureKind kind) {
 }
 
 std::string TextOf(const Amount &n) {
-    return n.whole ? std::to_string(static_cast<long long>(n.value)) : std::to_string(n.value);
+    if (n.whole)
+        return std::to_string(static_cast<long long>(n.value));
+    char text[32];
+    std::snprintf(text, sizeof text, "%.10g", n.value);
+    return text;
 }
 
 // Up to six decimals, no zeros behind.

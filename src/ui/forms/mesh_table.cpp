@@ -15,7 +15,7 @@ constexpr TableColumn kColumns[] = {{"I", "I", kPicture},
                                     {"K", "K", kPicture},
                                     {"L", "L", kPicture},
                                     {"Acik", "on/off", nullptr}};
-constexpr TableKind kKind{"MESHBIL", "Mesh no", kColumns, "2", kMeshCapacity, 4990};
+constexpr TableKind kKind{"MESHBIL", Thing::MeshTable, "Mesh no", kColumns, "2", kMeshCapacity, 4990};
 
 class MeshTableForm : public PagedTable {
 public:

@@ -1,5 +1,6 @@
 // MESTIP and NOKYUK: the support and the point load of node SeciliNo. t.
 #include "model/number_text.h"
+#include "model/place.h"
 #include "model/store.h"
 #include "model/supports.h"
 #include "ui/forms/dialog_parts.h"
@@ -97,9 +98,11 @@ private:
 
     void store() {
         NokYukRecord &load = NokYukTable[SeciliNo];
-        load.FX = number("Tex", 0);
-        load.FY = number("Tex", 1);
-        load.FZ = number("Tex", 2);
+        AtPlace({Thing::Node, SeciliNo}, [&] {
+            load.FX = number("Tex", 0);
+            load.FY = number("Tex", 1);
+            load.FZ = number("Tex", 2);
+        });
         DrawPointLoadArrow(bench.scr(), SeciliNo);
         bench.RefreshSurface();
     }

@@ -16,7 +16,7 @@ constexpr const char *kPicture = "###0.###";
 constexpr TableColumn kColumns[] = {{"X", "X    (m)", kPicture}, {"Y", "Y    (m)", kPicture},
                                     {"Z", "Z    (m)", kPicture}, {"Rx", "x   y    z", nullptr},
                                     {"Ry", "", nullptr},         {"Dz", "", nullptr}};
-constexpr TableKind kKind{"KOORBIL", "SIRA no", kColumns, "3", kNoktaCapacity, 4990};
+constexpr TableKind kKind{"KOORBIL", Thing::NoktaTable, "SIRA no", kColumns, "3", kNoktaCapacity, 4990};
 constexpr double kMoved = 0.001; // m: what is worth a new drawing
 
 class NodeTable : public PagedTable {

@@ -2,6 +2,7 @@
 
 #include "model/code_page.h"
 #include "model/number_text.h"
+#include "model/place.h"
 #include "model/store.h"
 #include "ui/forms/dialog_parts.h"
 #include "ui/forms/dialogs.h"
@@ -109,7 +110,8 @@ void PagedTable::FillPage() {
 void PagedTable::SavePage() {
     for (int row = 0; row < kTableRows; ++row) {
         for (int c = 0; c < textColumns(); ++c)
-            store(RecordOf(row), c, ParseNumber(window.Text(cell(row, c))));
+            AtPlace({kind_.table, RecordOf(row)},
+                    [&] { store(RecordOf(row), c, ParseNumber(window.Text(cell(row, c)))); });
         std::vector<bool> on;
         for (int c = textColumns(); c < columnCount(); ++c)
             on.push_back(window.Checked(cell(row, c)));
@@ -156,7 +158,8 @@ void PagedTable::OnLostFocus(Element element) {
     if (c < 0)
         return;
     if (isText(c))
-        storeCell(RecordOf(element.index), c, ParseNumber(window.Text(element)));
+        AtPlace({kind_.table, RecordOf(element.index)},
+                [&] { storeCell(RecordOf(element.index), c, ParseNumber(window.Text(element))); });
     window.Show(at("Isaret"), false);
 }
 

@@ -2,6 +2,7 @@
 // The record of screen row r is TabloUst + r + 1. Places of cells are twips of the form.
 #pragma once
 
+#include "model/things.h"
 #include "ui/forms/form.h"
 
 #include <span>
@@ -21,6 +22,7 @@ struct TableColumn {
 
 struct TableKind {
     const char *form;
+    Thing table;
     const char *numberHeading; // of the record numbers
     std::span<const TableColumn> columns;
     const char *tag; // of the row-menu

@@ -1,5 +1,6 @@
 // FEAPLAK: the panels, with a second frame for the corners and loads of the focused row. m, cm, t/m2.
 #include "model/number_text.h"
+#include "model/place.h"
 #include "model/store.h"
 #include "ui/forms/dialog_parts.h"
 #include "ui/forms/dialogs.h"
@@ -17,7 +18,7 @@ constexpr TableColumn kColumns[] = {{"No", "PANEL    NO", kPicture},
                                     {"D", "D    (cm)", kPicture},
                                     {"Nx", kMeshHeading, kPicture},
                                     {"Ny", "", kPicture}};
-constexpr TableKind kKind{"FEAPLAK", "SIRA    NO", kColumns, "1", kPanelCapacity, 999};
+constexpr TableKind kKind{"FEAPLAK", Thing::PanelTable, "SIRA    NO", kColumns, "1", kPanelCapacity, 999};
 
 // Boxes of the second frame: X, Y, Z of corners 1 to 4, then the loads.
 constexpr const char *kDetailPicture = "###0.###";
@@ -120,7 +121,8 @@ void PanelTableForm::OnLostFocus(Element element) {
     if (element.name != "Deger")
         return;
     typing_ = -1;
-    detail(element.index) = ParseNumber(window.Text(element));
+    AtPlace({Thing::PanelTable, RecordOf(TabloSatir)},
+            [&] { detail(element.index) = ParseNumber(window.Text(element)); });
 }
 
 bool PanelTableForm::OnKey(Element element, Key key) {
