@@ -1,6 +1,7 @@
 // havuz_fuzz: the plain driver. Mutates seeds by a seeded generator and hands them to the entry points, so that a run
 // can be repeated to the byte with any compiler.
 //   havuz_fuzz [--target NAME] [--inputs N] [--seed S] [FILE...]     with files: those inputs alone
+//   havuz_fuzz --list                                                names of the targets
 // An input that crashes or takes more than 20 s of work is left as havuz-fuzz-NAME.input in the current directory.
 #include "fuzz/fuzz.h"
 
@@ -161,6 +162,12 @@ void Run(const Target &target, const Arguments &a, const std::string &folder) {
     std::fflush(stdout);
 }
 
+int ListTargets() {
+    for (const Target &target : Targets())
+        std::printf("%s\n", target.name);
+    return 0;
+}
+
 } // namespace
 
 } // namespace havuz::fuzz
@@ -176,6 +183,8 @@ int main(int argc, char **argv) {
             a.inputs = std::atol(argv[++k]);
         else if (std::strcmp(argv[k], "--seed") == 0 && valued)
             a.seed = static_cast<unsigned>(std::atol(argv[++k]));
+        else if (std::strcmp(argv[k], "--list") == 0)
+            return ListTargets();
         else
             a.files.push_back(fs::absolute(argv[k]).string());
     }
