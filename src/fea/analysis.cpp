@@ -1,3 +1,6 @@
+// The driver of a run, in this order: sections and free freedoms of the meshes, equation numbers, profile, load
+// columns, element matrices into STIF001, assembly, solution, .DEP, .SON. Nothing of it is iterative: one elimination
+// serves all load columns. Units: m, t.
 #include "fea/analysis.h"
 
 #include "fea/assembly.h"

@@ -50,9 +50,10 @@ void CopySection(MeshRecord &mesh) {
     }
 }
 
-// First T'*K, then times T; each sum has the three terms of its block, in rising order, and the zeros of T outside the
-// blocks are not added: a sum that is never -0 keeps its bits without them.
-// transpose(T) * K * T by 3 by 3 blocks: T has only diagonal blocks.
+// transpose(T) * K * T. T has eight diagonal blocks R, alike, of 3 by 3, so a block of the product is R' * K(I,J) * R:
+//   first  half(i,j) = sum over k of T(k,i) * K(k,j)     then  G(i,j) = sum over k of half(i,k) * T(k,j)
+// with k over the three of the block, in rising order. The zeros of T outside the blocks are not added: a sum that is
+// never -0 keeps its bits without them.
 void ToGlobal(const Matrix<24, 24> &T, const Matrix<24, 24> &K, Matrix<24, 24> &G) {
     Matrix<24, 24> half; // transpose(T) * K
     for (int i = 0; i < 24; ++i) {
@@ -116,7 +117,8 @@ void PutSurfaceLoad(const MeshRecord &mesh, const MeshNodes &m, const Matrix<24,
         record[kStiffnessTerms + i - 1] = load[i];
 }
 
-// The 24 by 24 corner of K.
+// The 24 by 24 corner of K: row by row from the diagonal, so that term (i, j), j >= i, is number
+//   24*(i-1) - (i-1)*(i-2)/2 + j - i     from 0; 24 of row 1, 23 of row 2, ... 1 of row 24, 300 in all.
 template <int Size>
 void PackUpperTriangle(const Matrix<Size, Size> &K, ElementRecord &record) {
     std::size_t term = 0;

@@ -13,6 +13,12 @@
 // registers change only when a cell is touched. The layout follows Goto and van de Geijn (2008), "Anatomy of
 // high-performance matrix multiplication": a tile of rows and strips stays in registers while the pivots stream by.
 //
+//          first   lastRow            lastColumn
+//   panel  +--------+-------------------+        pivots p, their entries S(p, k) as doubles
+//          |  \     |    S(p,j) .. S(p,k)|
+//          +--------+-------------------+
+//             rows j behind   [  tile   ]        S(j,k) -= S(p,j)/S(p,p) * S(p,k) for all p, rising
+//
 // Two conditions make the fast form equal where it leaves out a test. A product of factor 0 or entry 0 is +-0, and
 // x - 0 = x for every x but -0: so zeros may be calculated as long as no cell holds -0, which is looked for once per
 // row and excluded for new cells by the size of the products (keepsZerosPositive). Where either fails, the kernels

@@ -5,6 +5,11 @@
 // which stores the inverse in the cells that the elimination frees. Of equal entries the last one found is the pivot.
 // At the end the exchanges of rows of the given matrix become exchanges of columns of the inverse: with P the product
 // of the exchanges, (P*A)^-1 = A^-1 * P'. About n^3 products; a run inverts the 12 by 12 of quad_stress.cpp.
+//   4  2     pivot 4    1/4  1/2    pivot 2     3/8 -1/4
+//   2  3       ->      -1/2   2       ->       -1/4  1/2
+// No part of the matrix is looked at for symmetry or zeros. A pivot of exactly 0 is the only failure: of a matrix that
+// is singular but for rounding the inverse is large and without meaning (docs/quad-element.md, "Corners that cannot
+// carry the polynomial").
 #include "fea/matrix_invert.h"
 
 #include "model/arithmetic.h"

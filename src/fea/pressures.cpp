@@ -12,6 +12,15 @@
 //   else          the shares of the pressure before: wanted.
 // The force acts along the normal in plan, nx = dy/L, ny = -dx/L of edge 1-2, times the sense of plate 1's outline:
 // liquid outward, soil and water inward.
+// Where the shares come from: the mesh as a beam of span h between its two edges, under a line load that runs from
+// 2*p1 at edge 1-2 to 2*p2 at edge 3-4 (both corners of an edge together). Its reactions are
+//   h/6 * (2*2*p1 + 2*p2)  and  h/6 * (2*p1 + 2*2*p2),  half of it for each corner.
+// Cut by the level it carries the triangle of height d2 over edge 3-4, p2*d2/2 for each corner, whose centre lies d2/3
+// above that edge: the lever gives edge 1-2 the part d2/(3*h) of it; the rule takes d2/3, without h.
+//        --------- level        d1 < 0: edge 1-2 lies above the level
+//      1 +-------+ 2            d2 > 0: edge 3-4 below it
+//        |  ~ ~  |
+//      4 +-------+ 3
 #include "fea/pressures.h"
 
 #include "model/arithmetic.h"

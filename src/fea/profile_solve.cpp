@@ -39,7 +39,10 @@ void SolveLastRow(int N) {
         StoreSolution(N, c, p == 0.0 ? 0.0 : -SolutionValue(N, c) / p);
 }
 
-// The solution of up to eight load columns as doubles, and the cells of Rhs behind it: equation e at 8*e.
+// The solution of up to eight load columns as doubles, and the cells of Rhs behind it: equation e at 8*e. Rhs itself
+// has all columns of an equation side by side, YukSayisi of them; here they are padded to eight, so that one register
+// serves whole, and a column that is not there is a sum of zeros. Values are taken from Rhs after they were cut to 32
+// bits, since later rows use what is stored.
 class SolvedColumns {
 public:
     SolvedColumns(int firstColumn, int N)

@@ -8,6 +8,12 @@
 // no counterpart here, which is why freedoms that are almost without stiffness are dropped. The six freedoms of the
 // centre are then eliminated one by one (Wilson 1974), last first: for the rest
 //   K(c,d) -= K(c,e) * K(e,d) / K(e,e).
+//
+//   4-------3     1   123                    without centre: a triangle of its own
+//   | \   / |     2   123, 134               the diagonal 1-3 decides
+//   |   5   |     3   124, 234, 314          around centre 4, the mean of three corners
+//   | /   \ |     4   125, 235, 345, 415     around centre 5: the element of the driver
+//   1-------2
 #include "fea/quad_stiffness.h"
 
 #include "fea/quad_work.h"
@@ -77,7 +83,9 @@ static VertexMap<3> BendingMap(bool centre) {
     return map;
 }
 
-// WorkK += transpose(row map) * block of TriK * column map, for the vertices n and m, written to both halves.
+// WorkK += transpose(row map) * block of TriK * column map, for the vertices n and m, written to both halves. Block
+// (n, m) of TriK has the rows Rows*(n-1)+1..Rows*n; it lands on the rows 6*(corner-1)+1..6 of its node. Of a diagonal
+// block the upper half alone is formed, and its mirror image is written with it.
 template <int Rows>
 static void ExpandBlock(const Triangle &t, int n, int m, const VertexMap<Rows> &rowMap, const VertexMap<Rows> &colMap) {
     for (int a = 1; a <= 6; ++a) {
@@ -121,7 +129,8 @@ static void AddTriangle(const Triangle &t, int centre) {
             QuadK(i, j) += WorkK(i, j);
 }
 
-// A freedom with next to no stiffness beside the two before it is taken out.
+// A freedom with next to no stiffness, below a millionth of the sum of the two before it, is taken out: its row
+// and its column become 0, so that it neither takes a force nor hands one on.
 static void DropWeakFreedom(int g) {
     if (!(QuadK(g, g) < (QuadK(g - 1, g - 1) + QuadK(g - 2, g - 2)) * 0.000001))
         return;
@@ -129,7 +138,10 @@ static void DropWeakFreedom(int g) {
         QuadK(g, i) = QuadK(i, g) = 0.0;
 }
 
-// Eliminates freedom e from those before it. A pivot of 0 leaves them as they are: wanted.
+// Eliminates freedom e from those before it. No force acts on a centre, so its row of K*u = f gives
+//   u(e) = -sum over d < e of K(e,d)*u(d) / K(e,e),
+// which put into the other rows is the difference below. A pivot of 0 leaves them as they are: wanted. K(c,e) keeps the
+// factor K(c,e)/K(e,e) of the freedom that went.
 static void CondenseFreedom(int e) {
     const double p = QuadK(e, e);
     if (p == 0.0)

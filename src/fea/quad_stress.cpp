@@ -1,11 +1,17 @@
 // Membrane forces and moments of the general quadrilateral. Units: m, t. Sources and oddities: docs/quad-element.md.
 //
 // Membrane: the bilinear quadrilateral of Taig (1961). With the corners at (0,0), (x1,y1), (x2,y2), (x3,y3) and xi, eta
-// from 0 to 1, the derivatives of u and v come from the inverse of the Jacobian at xi = eta = 1/2, whose determinant is
+// from 0 to 1,
+//   x = x1*xi*(1-eta) + x2*xi*eta + x3*(1-xi)*eta     y alike; u and v with u1*(1-xi)*(1-eta) besides
+//   u,x = (u,xi * y,eta - u,eta * y,xi) / J           u,y = (u,eta * x,xi - u,xi * x,eta) / J
+//   J = x,xi * y,eta - x,eta * y,xi
+// all taken at xi = eta = 1/2, where J, written out,
 //   J = x1*y3 - x3*y1 + (x1*(y2-y3) - (x2-x3)*y1)/2 - ((x1-x2)*y3 - x3*(y1-y2))/2,
-// the signed area; forces are PlaneD times the strains times the mean thickness.
-// Bending: one polynomial of twelve terms through w, dw/dy, -dw/dx of the corners. Its factors are the inverse of the
-// 12 by 12 matrix of the terms at the corners; moments are -t^3/12 * PlaneD times w,xx, w,yy, 2*w,xy.
+// is the signed area; forces are PlaneD times the strains times the mean thickness.
+// Bending: one polynomial of twelve terms through w, dw/dy, -dw/dx of the corners. With a its twelve factors,
+//   P * a = (w1, w1,y, -w1,x, w2, ..., -w4,x)'        P(12,12) the terms and their slopes at the corners
+//   (Mx, My, Mxy) = -t^3/12 * PlaneD * C(x,y) * P^-1 * (w1, ..., -w4,x)'
+// where C(x,y) has the second derivatives w,xx, w,yy, 2*w,xy of the terms 4..12; the first three have none.
 #include "fea/quad_stress.h"
 
 #include "fea/matrix_invert.h"
@@ -52,7 +58,11 @@ static double LocalArea(const LocalCorners &l) {
            0.5 * ((l.x1 - l.x2) * l.y3 - l.x3 * (l.y1 - l.y2));
 }
 
-// Membrane forces nx, ny, nxy from u, v of the corners, at xi = eta = 0.5 whatever the point: wanted.
+// Membrane forces nx, ny, nxy from u, v of the corners, at xi = eta = 0.5 whatever the point: wanted. There each strain
+// is a matter of the two diagonals alone,
+//   u,x = (y2*(u2 - u4) + (y3 - y1)*(u3 - u1)) / (2*J)     u,y = (x2*(u4 - u2) + (x1 - x3)*(u3 - u1)) / (2*J)
+// with u1..u4 of the corners; onX and onY are its factors as the derivatives by xi and eta give them, and the order of
+// their sums is part of the results.
 static Matrix<3, 8> MembraneForces(const LocalCorners &l, double J) {
     const double x1 = l.x1, x2 = l.x2, x3 = l.x3, y1 = l.y1, y2 = l.y2, y3 = l.y3;
     const double onX[4] = {((y1 - y3) - (y2 - y3) * 0.5 - (y1 - y2) * 0.5) / J, (y3 + (y2 - y3) * 0.5 - y3 * 0.5) / J,
@@ -117,7 +127,11 @@ static Matrix<3, 12> Moments(double x, double y, const PolynomialMatrix &factors
     return moment;
 }
 
-// The six rows of one point. The factor 10 on the membrane is wanted.
+// The six rows of one point; the factor 10 on the membrane is wanted. Of node k, e one of X, Y, Z:
+//   S(r, ue)     = 10 * (force(r, u) * axis1(e) + force(r, v) * axis2(e))            r = nx, ny, nxy
+//   S(r, ue)     = moment(r, w) * axis3(e)                                           r = Mx, My, Mxy
+//   S(r, rot e)  = moment(r, w,y) * axis1(e) + moment(r, -w,x) * axis2(e)
+// the rotation vector being (w,y, -w,x) in the plane.
 static void StorePoint(Matrix<24, 24> &S, int point, const Matrix<3, 8> &force, const Matrix<3, 12> &moment) {
     for (int k = 1; k <= 4; ++k) {
         for (int r = 1; r <= 3; ++r) {
@@ -132,8 +146,8 @@ static void StorePoint(Matrix<24, 24> &S, int point, const Matrix<3, 8> &force, 
     }
 }
 
-// Corners that span no local area in their order were taken with 2 and 4 exchanged: their blocks go back.
-// Exchanges the blocks of the nodes 2 and 4 on rows and columns.
+// Corners that span no local area in their order were taken with 2 and 4 exchanged: the blocks of these two nodes,
+// columns 7..12 and 19..24 and, as points, the same rows, go back.
 static void ExchangeNodeBlocks(Matrix<24, 24> &S) {
     for (int i = 7; i <= 12; ++i)
         for (int j = 1; j <= 24; ++j)

@@ -1,3 +1,5 @@
+// Records by their place in the file, byte (n-1)*length, in one system call each; what the system says goes into the
+// failure. A hole that was never written reads as zeros.
 #include "fea/record_file.h"
 
 #include "model/failure.h"

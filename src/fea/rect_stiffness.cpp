@@ -7,6 +7,10 @@
 // x^2, xy, y^2, x^3, x^2y, xy^2, y^3, x^3y, xy^3. Slopes are not continuous across the sides; the element passes the
 // patch test. With D = E*t^3/(12*(1-v^2)), Dv = v*D, Dk = (1-v)*D/2 the energy is half the integral of
 //   D*(w,xx^2 + w,yy^2) + 2*Dv*w,xx*w,yy + 4*Dk*w,xy^2.
+// Two terms worked out, with X = 1 - x/a and Y = 1 - y/b at node 1:
+//   K(u1,u1) = integral of C*(X*Y),x^2 + G*(X*Y),y^2 = C*(1/a^2)*a*(b/3) + G*(1/b^2)*(a/3)*b = (C*b^2 + G*a^2)/(3*a*b)
+//   K(rx1,ry1) = -Dv: rx bends along y and ry along x, and Poisson's ratio alone joins the two.
+// The blocks of the other corners are those of corner 1 with signs: a mirror in x turns u and ry, one in y v and rx.
 // docs/rectangular-element.md derives the terms. The order of the operations in each of them is part of the results.
 #include "fea/rect_shell.h"
 #include "model/arithmetic.h"

@@ -6,7 +6,9 @@
 //   bending   w:     X*Y*(3X + 3Y - 2X^2 - 2Y^2 - 1)            Mx  = -(D*w,xx + Dv*w,yy)
 //             dw/dx: a*sx*X^2*(X-1)*Y                           My  = -(Dv*w,xx + D*w,yy)
 //             dw/dy: b*sy*Y^2*(Y-1)*X                           Mxy = +2*Dk*w,xy
-// The sign of Mxy is the opposite of the curvature rule of the other two: the convention of the result files.
+// Along a side, Y = 1, this is the beam with fixed ends: a unit of w gives w,xx = -6/a^2 at its own end and +6/a^2 at
+// the other, a unit of the slope 4/a and 2/a by magnitude. The sign of Mxy is the opposite of the curvature rule of the
+// other two: the convention of the result files.
 #include "fea/rect_shell.h"
 #include "model/arithmetic.h"
 

@@ -7,6 +7,9 @@
 //                       quad_stress.cpp holds the turn),
 // into its record of .SON. Corner results are not averaged between meshes: a jump from mesh to mesh shows how fine the
 // mesh is. The thickness and the section are those that the run has stored in the mesh.
+// Places in a record, from 0, of column c, freedom d, corner k and result r, all from 1:
+//   .DEP   6*(c-1) + d-1             .SON   24*(c-1) + 6*(k-1) + r-1
+// Columns behind the last one of the run stay 0: records have one length, whatever was asked for.
 #include "fea/result_pass.h"
 
 #include "fea/analysis.h"

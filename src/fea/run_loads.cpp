@@ -1,3 +1,6 @@
+// The right-hand sides of a run once more, in doubles and without the profile: surface loads and point loads in column
+// 1, pressures in the columns whose codes take them, then 0 at every freedom without an equation, whose load a support
+// takes. Same procedures as the run's (SurfaceLoad, ForEachPressure), so that the two cannot part.
 #include "fea/run_loads.h"
 
 #include "fea/element_pass.h"

@@ -1,6 +1,9 @@
 // How well the stored solution solves the system: |f - K*u| / |f| of each column, K formed anew from the element
 // matrices and springs in double precision, not from the eliminated profile. Cells of 32 bits carry seven digits; what
 // elimination loses of them shows here.
+// With T the axes of a mesh and K its local stiffness, K*u is the sum over meshes of T' * (K * (T * u)) and of Yay*u at
+// each node: three products of a vector in place of an assembled matrix. The run solves K*u = -Rhs, hence the sum of
+// load and force in the rest. A residual of 1e-3 means that a thousandth of the loads is not carried by the solution.
 #include "fea/run_residual.h"
 
 #include "fea/analysis.h"

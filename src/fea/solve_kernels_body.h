@@ -15,6 +15,13 @@
 //   kCalculated       nothing is asked; right where no cell is -0
 //   kFactorsSkipped   a factor of 0 is passed, as the plain procedure passes it for right-hand sides
 //   kSkipped          also an entry of 0: its product is masked to +0, and x - (+0) keeps every x, -0 among them
+//
+// A tile of eight rows and up to three strips of eight columns, and what of it is in registers at once:
+//   portable   2 rows * 1 strip  =  8 registers of 2 doubles, of 16
+//   AVX2       4 rows * 1 strip  =  8 of 4, of 16; entries and masks take 4
+//   AVX-512    8 rows * 3 strips = 24 of 8, of 32; entries take 3
+// so that a cell is loaded and stored once for all pivots, an entry once for kRows rows, a factor once for a row of
+// the part. The loops over rows and vectors are unrolled whole, or their arrays would not lie in registers.
 #pragma once
 
 #include "fea/solve_kernels.h"
@@ -208,7 +215,9 @@ HAVUZ_INLINE void AddColumnProducts(const SumJob &job) {
         std::memcpy(job.sum + v * Set::kWidth, &sum[v], sizeof sum[v]);
 }
 
-// Magnitudes of doubles compare as whole numbers do, what is not a number above all.
+// Magnitudes of doubles compare as whole numbers do, what is not a number above all: without its sign (& LLONG_MAX) a
+// double has exponent before fraction, infinity is the greatest exponent with fraction 0, and "not a number" lies
+// behind it. Comparisons give all ones or all zeros, so (a & m) | (b & ~m) chooses a where m is set.
 template <class Set>
 HAVUZ_INLINE void Inspect(const FactsJob &job) {
     using Wide = typename Set::Wide;

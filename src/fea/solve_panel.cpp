@@ -8,6 +8,12 @@
 // each other and go to any thread. Values are rounded to 32 bits at every step, as the store of the plain procedure
 // does, though they stay doubles; the rows go back into S when their strip is done.
 //
+//   columns    first      +8       +16      +24      +32 ...        lastColumn
+//   group 0    \triangle|   k    |   k    |   k    |  k, strips of any thread  |
+//   group 1              \triangle|   k    |   k    |  k
+//   group 2                        \triangle|   k    |  k        k: by a kernel, after the groups above
+//   group 3                                  \triangle|  k
+//
 // What rows behind the panel ask: which pivots have an entry in their column (a bit each), the least and the greatest
 // magnitude, for the zeros and for the overflow of a 32-bit value.
 #include "fea/solve_panel.h"
@@ -41,7 +47,8 @@ int LongestRow() {
 
 // The smallest product whose difference with a 32-bit value cannot vanish in the rounding to 32 bits. Half the least
 // 32-bit value is 2^-150; a difference of that size or less is exact, so a multiple of the last digit of the product,
-// which lies 53 digits behind its first.
+// which lies 53 digits behind its first and so is worth 2^-149 at least: a multiple of that, and no more than 2^-150,
+// is 0, and x - x is +0.
 const double kLeastProduct = std::ldexp(1.0, -96);
 
 } // namespace

@@ -1,6 +1,9 @@
 // The equation system: storage and its bounds. S and Rhs are 32-bit cells, numbered from 1; cell 0 takes what nobody
 // reads. Bounds: 19,999 equations, 10,000,000 cells of the profile, 150,000 of the right-hand sides, where one equation
 // more than there are counts, since back substitution looks one cell past the last.
+// S takes 40 MB, Rhs 0.6 MB, ProfileDiag 0.1 MB, whatever the model: they lie in the program's zeroed memory, of which
+// the system hands out pages when they are touched, so a small run costs little. A row of mean length w and N equations
+// fill N*w cells: 10,000 equations go with a mean length of 1000.
 #include "fea/system.h"
 
 #include "model/failure.h"

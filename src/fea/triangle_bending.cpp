@@ -21,11 +21,12 @@ namespace havuz {
 // The vertices go round: 1, 2, 3, 1.
 static int NextVertex(int i) { return i == 3 ? 1 : i + 1; }
 
-// Side i lies opposite to vertex i.
+// Side i lies opposite to vertex i. mu is the part of it, from the vertex before i, at which the height meets it; c*r1
+// + d*r2 is the slope along the normal of the side, times twice the height, where r1 and r2 are the slopes.
 struct Side {
-    double x, y; // projections
-    double mu;   // where the height of the triangle meets the side
-    double c, d; // the normal of the side, as long as twice the height
+    double x, y; // projections, m
+    double mu;
+    double c, d; // m
 };
 
 // s is the square of the side's length, l the length, h twice the height of the triangle on it.
@@ -41,7 +42,9 @@ static Side SideOf(int i, double area2) {
 }
 
 // Row i of w holds the second derivatives w,xx, w,yy, 2*w,xy of L(i)^2/2, row i + 3 those of L(i)*L(j): L are the area
-// coordinates, j the next vertex.
+// coordinates, j the next vertex. With the slopes of an area coordinate, L(i),x = TriY(i)/A2 and L(i),y = TriX(i)/A2,
+//   (L(i)^2/2),xx = L(i),x^2      (L(i)*L(j)),xx = 2*L(i),x*L(j),x      (L(i)*L(j)),xy = L(i),x*L(j),y + L(i),y*L(j),x
+// and the curvature of any cubic is a sum of these six, each times an area coordinate: no other table is needed.
 static void SecondDerivatives(int i, double area2, Matrix<6, 3> &w) {
     const int j = NextVertex(i);
     const double a1 = Divide(TriX[i], area2, Thing::TriangleBending);
@@ -59,6 +62,16 @@ static void SecondDerivatives(int i, double area2, Matrix<6, 3> &w) {
 // The curvatures of sub-triangle i, which lies on the side from vertex i to j: rows r at vertex i, r + 3 at vertex j,
 // and its columns of the rows 18 + k at the point where the sub-triangles meet; each group of three is w,xx, w,yy,
 // 2*w,xy. Columns 3n-2, 3n-1, 3n are w, r1, r2 of vertex n.
+//
+//            m             p1, p2, p3 and q1, q2, q3: the six second derivatives, from vertex i round
+//           /|\            x1, x2, x3, mu1, ...: the sides opposite to i, j, m
+//          / 0 \           0: the centroid, where the three sub-triangles meet with one curvature
+//         / / \ \          i 0 j: the sub-triangle of this call
+//        i-------j
+// These are the closed forms of the paper: the conditions on the inner sides and in the middle of the outer sides are
+// solved for the inner coefficients and put in, so that only second derivatives, projections and mu are left. Rotations
+// enter with a length, w without: A1 .. F2 collect the lengths that r1 (projections y, normals c) and r2 (x, d) bring
+// by each vertex.
 static void CurvatureRows(int i, const Row<Side, 3> &side, const Matrix<6, 3> &w, Matrix<21, 9> &q) {
     const int j = NextVertex(i);
     const int m = NextVertex(j);

@@ -13,6 +13,10 @@
 // The method is the program's own, of the family of profile reduction by local exchange (compare Cuthill and McKee
 // 1969, Sloan 1986, which order by levels from a start node instead). Numbers, and with them every result file, follow
 // from the order of these steps.
+// Example: the meshes (1, 2, 3, 4) and (2, 5, 6, 3) of masters, side by side.
+//   4 - 3 - 6     lists    1: 2 4    2: 1 3 5    3: 2 6    4: 1 3    5: 2 6    6: 5       row 3 does not name 4
+//   |   |   |     sweep    row 1 draws 4 up behind 2: places 1 2 4 3 5 6; the rows behind it move nothing
+//   1 - 2 - 5     numbers  1 2 5 in the lower row, 3 4 6 in the upper
 // Raw nodes that lie at one place have one AnaNo, the master; YeniNo is the number that the master gets.
 #include "mesh/numbering.h"
 

@@ -9,6 +9,9 @@
 // and the wall on the edge is split at the same place. Split: with a < b the two outline points, plate `plak` keeps
 // 1..a, b..n and the new plate takes a..b; their common edge carries the code of the other plate on both sides
 // (link_code.h). A piece of fewer than three different points in plan is no plate, and nothing is cut.
+// Example: the square (0,0) (4,0) (4,4) (0,4) cut along x = 1. Crossings on the edges 1 and 3; the later is inserted
+// first, then the earlier: (0,0) (1,0) (4,0) (4,4) (1,4) (0,4), a = 2, b = 5. The plate keeps (0,0) (1,0) (1,4) (0,4),
+// the new plate is (1,0) (4,0) (4,4) (1,4).
 #include "mesh/plak_edit.h"
 #include "mesh/plak_mesh.h"
 #include "model/link_code.h"

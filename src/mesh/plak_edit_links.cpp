@@ -5,6 +5,9 @@
 //                        KenarKodu(k) = 100*wall + 3, KenarKomsu(3) = -(100*p + k), Nx = |edge| / width, at least 1;
 //   plate on plate       edges with both ends in common: each takes -(100*plate + edge) of the other;
 //   wall next to wall    walls on edges that follow each other around a plate: edge 2 of one names edge 4 of the next.
+//      1 --- 1 --- 2     corners 1..4 and edges 1..4 of a wall. It stands on the plate with edge 3; a wall is vertical,
+//      4           2     so its corners 1 and 2 have the places of that edge in plan. Going round the plate, edge 2
+//      4 --- 3 --- 3     meets edge 4 of the next wall
 // Codes are only set, never cleared: an edge that stands alone now keeps the name of the neighbour that it had.
 // Splitting a wall copies it behind itself, the later records moving up by one; its corners along the split edge come
 // together at the place, and the walls are named anew as one closed ring.

@@ -7,9 +7,12 @@
 //   |c - P| < h/2     P itself moves to c,
 //   else              the next grid point in the way of the probe does,
 // takes edge e as its code and state 2. So a point moves by about half a step at most.
-// Pinning: corner k of the outline takes the grid point that is nearest now, whatever its state; it takes the place of
-// the corner, code -k and state 3. Easing: a free point between a moved one and a kept one, on the side of the higher
-// state, goes halfway between the two along that axis, so that cells beside the outline keep about one width:
+// Example: columns at 5.3 and 6.3, step 1, an edge along Y. At X = 5.5 the crossing is 0.2 from the inside point
+// at 5.3, which moves to it; at X = 5.9 it is 0.6 away, and the outside point at 6.3 becomes a point of the mesh there,
+// so that the last column of cells is between a half and one and a half steps wide. Pinning: corner k of the outline
+// takes the grid point that is nearest now, whatever its state; it takes the place of the corner, code -k and state 3.
+// Easing: a free point between a moved one and a kept one, on the side of the higher state, goes halfway between the
+// two along that axis, so that cells beside the outline keep about one width:
 //   X(near) = (X(P) + X(far)) / 2.
 // One pass each, in the order of the grid: what a pass has moved the rest of it sees moved.
 #include "mesh/plak_mesh_work.h"

@@ -4,6 +4,8 @@
 // longest edge is a grid point and one spare row lies before the bounds on both axes, one behind them:
 //   imax = Int((xmax - xmin)/h) + 2,   x0 = start.x - (Int((start.x - xmin)/h) + 1) * h,   y alike.
 // A plate whose sides are whole multiples of the width so becomes its plain grid.
+// Example: X from 0.3 to 5.5, the longest edge begins at 0.3, width 1: x0 = -0.7, imax = 7, points at -0.7, 0.3, 1.3,
+// ... 5.3, 6.3. Those at 0.3 and 5.3 lie next to the outline and are pulled onto it by the step that follows.
 // Inside test: from a grid point P a probe of 1000 m goes left and right, one down and up. For each direction a
 // crossing with the outline is kept, A or B; P is inside when all four directions have one and it lies between opposite
 // ones, |A P| + |P B| < |A B| + 0.1. That is a ray casting that asks for a hit in each direction instead of counting

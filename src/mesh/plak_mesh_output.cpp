@@ -6,7 +6,8 @@
 // and the point C with the greatest sum of distances from both,
 //   z = plane(A, B, C) at (x, y)     (plane_geometry.h, EgikDuzlemKur),
 // so that outline points off this plane do not count. Codes: +(1000*plate + edge), -(1000*plate + corner), and
-// -1000*plate inside (link_code.h); from plate 33 on they no longer fit 16 bits, which is a failure.
+// -1000*plate inside (link_code.h); from plate 33 on they no longer fit 16 bits, which is a failure: 33*1000 is more
+// than 32767.
 #include "mesh/plak_mesh_work.h"
 #include "model/arithmetic.h"
 #include "model/link_code.h"

@@ -6,6 +6,9 @@
 // plate: corner `kose` of the donor's quadrilateral moves to the cell's point `taken`. A corner point lies on two
 // edges, its own and the one before it, unless its neighbour tells which is meant:
 //   e1 = |code|,  e2 = |code| - 1 (of corner 1: the last edge).
+//      4 - 3 - +          4 - 3 - +      corner 1 is missing, (1,0) and (2,0) lie on the outline,
+//       \ | D |            \   D  |      (0,1) and (2,0) on one edge of the plate: the first row.
+//         2 - +              ` - +       D gives up its corner 1 at (1,0) for (0,1) and covers 2 3 4
 // Flattening: where no row of the table allows it, the corner opposite the missing one moves to the middle of its two
 // neighbours, O = (A + B)/2, and takes their edge: the triangle has no area left and needs no mesh.
 #include "mesh/plak_mesh_work.h"
