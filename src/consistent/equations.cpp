@@ -1,5 +1,7 @@
 #include "consistent/equations.h"
 
+#include "model/supports.h"
+
 #include <Eigen/OrderingMethods>
 #include <algorithm>
 #include <cmath>
@@ -7,9 +9,7 @@
 namespace havuz::consistent {
 
 std::array<bool, 6> HeldSlots(int bits) {
-    const bool rx = (bits & 1) != 0;
-    const bool ry = (bits & 2) != 0;
-    const bool moves = (bits & 4) != 0;
+    const bool rx = HoldsRotationX(bits), ry = HoldsRotationY(bits), moves = HoldsTranslation(bits);
     return {moves || (bits & 8) != 0,    moves || (bits & 16) != 0, moves || (bits & 32) != 0, rx, ry,
             rx || ry || (bits & 64) != 0};
 }

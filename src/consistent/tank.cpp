@@ -5,6 +5,7 @@
 #include "model/link_code.h"
 #include "model/mesh_facts.h"
 #include "model/store.h"
+#include "model/supports.h"
 
 #include <algorithm>
 #include <cmath>
@@ -68,7 +69,7 @@ void TakeNodes(Tank &tank) {
         const NoktaRecord &n = NoktaTable[i];
         TankNode &node = tank.nodes[static_cast<std::size_t>(i)];
         node.at = {n.X, n.Y, n.Z};
-        node.held = n.Mesnet & 7;
+        node.held = n.Mesnet & (kRotationXHeld | kRotationYHeld | kTranslationHeld);
         node.load = {-NokYukTable[i].FX, -NokYukTable[i].FY, -NokYukTable[i].FZ};
     }
 }

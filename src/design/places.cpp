@@ -1,5 +1,7 @@
 #include "design/places.h"
 
+#include "model/supports.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -65,7 +67,7 @@ void CollectSupports(const Tank &tank, std::map<int, PanelFrame> &frames) {
     for (const auto &[edge, meshes] : MeshesOfEdges(tank)) {
         const consistent::TankNode &a = tank.nodes[static_cast<std::size_t>(edge.first)];
         const consistent::TankNode &b = tank.nodes[static_cast<std::size_t>(edge.second)];
-        const bool held = (a.held & 4) != 0 && (b.held & 4) != 0;
+        const bool held = HoldsTranslation(a.held) && HoldsTranslation(b.held);
         for (const std::size_t i : meshes) {
             const int panel = tank.meshes[i].panel;
             const bool turned = std::any_of(meshes.begin(), meshes.end(), [&](std::size_t j) {

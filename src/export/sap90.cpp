@@ -77,10 +77,10 @@ static void AddRestraints(std::string &text) {
 
 // The shell card names the corners across, n1 n2 n4 n3; the mesh record goes round.
 static std::string ShellLine(int mesh) {
-    const MeshRecord &m = MeshTable[mesh];
+    const auto [n1, n2, n3, n4] = MeshCorners(MeshTable[mesh]);
     Float32 t = PanelTable[1].D;
-    return NodeField(mesh) + "   JQ= " + NodeField(m.N1) + ", " + NodeField(m.N2) + ", " + NodeField(m.N4) + ", " +
-           NodeField(m.N3) + "    M= 1  ETYPE=0   TH=" + FixedField(t, 6, 3);
+    return NodeField(mesh) + "   JQ= " + NodeField(n1) + ", " + NodeField(n2) + ", " + NodeField(n4) + ", " +
+           NodeField(n3) + "    M= 1  ETYPE=0   TH=" + FixedField(t, 6, 3);
 }
 
 // A mesh that is off has no line, but its area still loads its nodes: wanted.

@@ -14,6 +14,7 @@
 #include "fea/system.h"
 #include "model/springs.h"
 #include "model/store.h"
+#include "model/supports.h"
 
 #include <array>
 
@@ -28,7 +29,7 @@ enum Slot { kUx = 1, kUy = 2, kUz = 3 };
 void AddToRhs(int node, Slot slot, int c, double value) {
     const int at = RhsIndex(NoktaTable[node].Denklem[slot], c);
     if (at < 0) // column 1 holds the point loads, the columns behind it the pressures
-        throw RuntimeFailure({.fault = (NoktaTable[node].Mesnet & 4) != 0 ? Fault::NodeHeld : Fault::NodeUnused,
+        throw RuntimeFailure({.fault = HoldsTranslation(NoktaTable[node].Mesnet) ? Fault::NodeHeld : Fault::NodeUnused,
                               .where = {{Thing::Node, node}},
                               .thing = Thing::Rhs,
                               .number = at,

@@ -1,9 +1,14 @@
+// The summary of a run, from its result files and the model of the store: settlement -uz of nodes with a spring, wall
+// displacement sqrt(ux^2 + uy^2) of nodes of walls, Mx and My of all corners by magnitude, and the balance
+//   sum of spring forces, sum of Yay * -uz, against VerticalLoad of the column, which the run kept.
+// The first of equal values counts. Units: m, t, t.m/m.
 #include "fea/result_summary.h"
 
 #include "fea/record_file.h"
 #include "fea/system.h"
 #include "model/arithmetic.h"
 #include "model/link_code.h"
+#include "model/load_codes.h"
 #include "model/mesh_facts.h"
 #include "model/store.h"
 
@@ -11,51 +16,34 @@
 
 namespace havuz {
 
-std::string LoadCodeWords(int code) {
-    switch (code) {
-    case 0:
-        return "surface and point loads";
-    case 1:
-        return "liquid and soil";
-    case 2:
-        return "liquid";
-    case 3:
-        return "soil";
-    case 4:
-        return "groundwater uplift";
-    case 11:
-        return "liquid, all cells";
-    case 12:
-        return "liquid, first chequered pattern";
-    case 13:
-        return "liquid, second chequered pattern";
-    default:
-        return "code " + std::to_string(code);
-    }
+namespace {
+
+struct CodeWords {
+    int code;
+    const char *english, *turkish;
+};
+constexpr CodeWords kCodeWords[] = {
+    {0, "surface and point loads", "yüzey ve nokta yükleri"},
+    {SituationCode(0), "liquid and soil", "sıvı ve zemin"},
+    {SituationCode(1), "liquid", "sıvı"},
+    {SituationCode(2), "soil", "zemin"},
+    {SituationCode(3), "groundwater uplift", "yeraltı suyu"},
+    {FillingCode(0), "liquid, all cells", "sıvı, bütün hücreler"},
+    {FillingCode(1), "liquid, first chequered pattern", "sıvı, birinci dama düzeni"},
+    {FillingCode(2), "liquid, second chequered pattern", "sıvı, ikinci dama düzeni"},
+};
+
+std::string WordsOf(int code, const char *CodeWords::*language, const char *other) {
+    for (const CodeWords &words : kCodeWords)
+        if (words.code == code)
+            return words.*language;
+    return other + std::to_string(code);
 }
 
-std::string LoadCodeInTurkish(int code) {
-    switch (code) {
-    case 0:
-        return "yüzey ve nokta yükleri";
-    case 1:
-        return "sıvı ve zemin";
-    case 2:
-        return "sıvı";
-    case 3:
-        return "zemin";
-    case 4:
-        return "yeraltı suyu";
-    case 11:
-        return "sıvı, bütün hücreler";
-    case 12:
-        return "sıvı, birinci dama düzeni";
-    case 13:
-        return "sıvı, ikinci dama düzeni";
-    default:
-        return "kod " + std::to_string(code);
-    }
-}
+} // namespace
+
+std::string LoadCodeWords(int code) { return WordsOf(code, &CodeWords::english, "code "); }
+std::string LoadCodeInTurkish(int code) { return WordsOf(code, &CodeWords::turkish, "kod "); }
 
 static std::vector<bool> WallNodes() {
     std::vector<bool> isWall(kNoktaCapacity + 1, false);

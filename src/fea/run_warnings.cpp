@@ -9,6 +9,7 @@
 #include "model/mesh_facts.h"
 #include "model/springs.h"
 #include "model/store.h"
+#include "model/supports.h"
 
 #include <algorithm>
 #include <cmath>
@@ -41,7 +42,7 @@ bool SameLoads(const std::vector<double> &a, const std::vector<double> &b) {
     return apart <= 1e-12 * SquareSum(a);
 }
 
-bool NodeIsHeld(int node) { return (NoktaTable[node].Mesnet & 4) != 0; }
+bool NodeIsHeld(int node) { return HoldsTranslation(NoktaTable[node].Mesnet); }
 
 } // namespace
 

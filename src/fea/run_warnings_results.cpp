@@ -6,6 +6,7 @@
 #include "model/arithmetic.h"
 #include "model/springs.h"
 #include "model/store.h"
+#include "model/supports.h"
 
 #include <algorithm>
 #include <array>
@@ -157,7 +158,7 @@ double ModelSize(const std::vector<char> &free) {
     std::array<double, 3> low{}, high{};
     bool empty = true;
     for (int i = 1; i <= NoktaCount; ++i) {
-        if (free[FreedomAt(i, 1)] == 0 && !(NoktaTable[i].Mesnet & 4))
+        if (free[FreedomAt(i, 1)] == 0 && !HoldsTranslation(NoktaTable[i].Mesnet))
             continue;
         const std::array<double, 3> at = {NoktaTable[i].X, NoktaTable[i].Y, NoktaTable[i].Z};
         for (std::size_t k = 0; k < 3; ++k) {

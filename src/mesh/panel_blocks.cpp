@@ -1,6 +1,7 @@
 // A block of nodes and meshes for each panel. Lengths in m.
 #include "mesh/panel_blocks.h"
 
+#include "model/mesh_facts.h"
 #include "model/place.h"
 #include "model/points.h"
 #include "model/store.h"
@@ -106,10 +107,7 @@ private:
             for (int c = 1; c <= nx_; ++c) {
                 const int t = first_ + (r - 1) * (nx_ + 1) + c - 1;
                 MeshRecord &mesh = MeshTable[++MeshCount];
-                mesh.N1 = t;
-                mesh.N2 = t + 1;
-                mesh.N3 = t + nx_ + 2;
-                mesh.N4 = t + nx_ + 1;
+                PutCorners(mesh, t, t + 1, t + nx_ + 2, t + nx_ + 1);
                 mesh.PanelNo = no_;
             }
     }

@@ -140,7 +140,7 @@ OldMesh KeepOldMesh() {
         if (NoktaTable[n].Mesnet != 0 || HasPointLoad(NokYukTable[n]))
             old.node.push_back({n, NodePlace(n), NoktaTable[n].Mesnet, NokYukTable[n]});
     for (int i = 1; i <= MeshCount; ++i)
-        old.switchedOff += MeshTable[i].Sil != 0 ? 1 : 0;
+        old.switchedOff += IsFullyOn(MeshTable[i]) ? 0 : 1;
     return old;
 }
 

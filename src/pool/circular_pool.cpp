@@ -1,5 +1,6 @@
 // The circular pool: panels, nodes and meshes straight from the parameters. Lengths in m, thicknesses in cm.
 #include "model/arithmetic.h"
+#include "model/mesh_facts.h"
 #include "model/options.h"
 #include "pool/pool_panels.h"
 
@@ -49,10 +50,7 @@ void PutMesh(int panel, int n1, int n2, int n3, int n4) {
     MeshRecord &mesh = MeshTable[MeshCount + 1];
     ++MeshCount;
     mesh = MeshTable[0];
-    mesh.N1 = n1;
-    mesh.N2 = n2;
-    mesh.N3 = n3;
-    mesh.N4 = n4;
+    PutCorners(mesh, n1, n2, n3, n4);
     mesh.PanelNo = panel;
 }
 

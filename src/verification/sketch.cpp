@@ -1,6 +1,7 @@
 #include "verification/sketch.h"
 
 #include "consistent/quad.h"
+#include "model/supports.h"
 #include "report/plot_axis.h"
 #include "view/svg_canvas.h"
 
@@ -78,7 +79,7 @@ void DrawSupports(const Tank &tank, const Frame &frame, SvgCanvas &svg) {
         if (!n.used || n.held == 0)
             continue;
         const ScreenPoint p = frame.at(n.at);
-        ((n.held & 4) != 0 ? all : some).push_back({p, {p.x - 3, p.y + 5}, {p.x + 3, p.y + 5}});
+        (HoldsTranslation(n.held) ? all : some).push_back({p, {p.x - 3, p.y + 5}, {p.x + 3, p.y + 5}});
     }
     svg.Rings(all, kSupport, kSupport, .6);
     svg.Rings(some, Colour{0xffffff}, kSupport, .6);

@@ -65,9 +65,9 @@ static void DrawNodeCircle(Surface &scr, ScreenPoint p, int colour) {
 static double MeshDistance(int no) {
     if (!Drawable(no))
         return 0.0;
-    const MeshRecord &mesh = MeshTable[no];
-    const NoktaRecord &a = NoktaTable[mesh.N1];
-    const NoktaRecord &c = NoktaTable[mesh.N3];
+    const std::array<int, 4> corners = MeshCorners(MeshTable[no]);
+    const NoktaRecord &a = NoktaTable[corners[0]];
+    const NoktaRecord &c = NoktaTable[corners[2]];
     return Distance3((a.X + c.X) / 2.0 - ViewerX, (a.Y + c.Y) / 2.0 - ViewerY, (a.Z + c.Z) / 2.0 - ViewerZ);
 }
 
