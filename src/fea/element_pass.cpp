@@ -75,7 +75,8 @@ void ToGlobal(const Matrix<24, 24> &T, const Matrix<24, 24> &K, Matrix<24, 24> &
         }
 }
 
-// By more than 0.00001 in any term, whatever the size of the terms.
+// By more than 0.00001 in any term, whatever the size of the terms: in K, of 1e4 t/m and more, that is the last digits;
+// in T, of cosines, an angle of 0.0006 degrees.
 bool Differs(const Matrix<24, 24> &a, const Matrix<24, 24> &b) {
     for (int i = 1; i <= 24; ++i)
         for (int j = 1; j <= 24; ++j)

@@ -162,6 +162,8 @@ void Elimination::close(RowGroup &group) {
     group = {};
 }
 
+// Example: the rows of eight nodes of a floor behind a panel. 24 of uz, rx, ry make three groups, 16 of ux, uy two, and
+// those of rz, which no other freedom is joined to, none.
 // Eight rows make a group, which is a tile high. What the classes leave over goes together across classes: such a group
 // takes all pivots that one of its rows takes, with factor 0 where another does not.
 void Elimination::groupRows() {

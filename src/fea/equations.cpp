@@ -31,6 +31,10 @@
 
 namespace havuz {
 
+// Support bits to free slots, 1 where free; the rotation about Z goes with the other two.
+//   Mesnet            0     1     2     3     4     5     6     7
+//   ux uy uz          1     1     1     1     0     0     0     0
+//   rx ry rz        111   010   100   000   111   010   100   000
 std::array<int, 7> FreeSlots(int mesnet) {
     const int translation = HoldsTranslation(mesnet) ? 0 : 1;
     const int rx = HoldsRotationX(mesnet) ? 0 : 1;

@@ -4,6 +4,8 @@
 // already cut to 32 bits; magnitudes below 1e-30 become 0. A pivot of exactly 0 gives its row 0 and is passed over
 // without a word: a mechanism shows in the results, not as a failure. Columns are solved eight at a time, since each
 // row of S then serves eight sums.
+// Work: N*w products a column with rows of mean length w, against N*w^2/2 of the elimination; of eight columns and w of
+// 300 a twentieth.
 // Cells of S have about seven digits; what an elimination of N rows loses of them shows as the residual of the run
 // (run_residual.h), not here: nothing is scaled, exchanged or refined.
 #include "fea/profile_solve.h"

@@ -4,6 +4,8 @@
 // (Gram-Schmidt), axis 3 their cross product. Triangle: n along (Pi - Pm) x (Pj - Pm), e1 along axis 2 x n, e2 = n x
 // e1. TriX and TriY are the projections of the sides, opposite to vertices 1, 2, 3, on e1 and e2 (TriX of the side with
 // the other sign), so that each of them sums to 0 and twice the area is TriX3*TriY2 - TriX2*TriY3.
+// Example: vertices at (0,0), (1,0), (0,1) of e1 and e2: TriX = (-1, 0, 1), TriY = (-1, 1, 0), twice the area 1. The
+// area coordinate L1 = 1 - x - y has the slopes TriY1 = TriX1 = -1, L2 = x those of TriY2 = 1 and TriX2 = 0.
 #include "fea/quad_work.h"
 
 namespace havuz {

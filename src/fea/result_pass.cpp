@@ -35,7 +35,8 @@ std::array<double, 25> ElementDisplacements(const std::array<int, 25> &MeshEqs, 
     return g;
 }
 
-// A * v, each sum from the first column to the last; columns outside, as A lies by columns.
+// A * v, each sum from the first column to the last; columns outside, as A lies by columns. The order of a sum is the
+// same either way, and so are its bits.
 std::array<double, 25> Multiply(const Matrix<24, 24> &A, const std::array<double, 25> &v) {
     std::array<double, 25> product{};
     for (std::size_t j = 0; j < 24; ++j) {

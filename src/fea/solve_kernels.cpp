@@ -1,4 +1,5 @@
-// The portable kernels, and the choice among all.
+// The portable kernels, and the choice among all: the solver takes the last of the list, the fastest that the processor
+// can carry out, the tests take every one. They leave the same bits, so a run does not tell on which machine it was.
 #define HAVUZ_TARGET
 
 #include <cstring>

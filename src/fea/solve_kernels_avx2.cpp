@@ -1,4 +1,7 @@
-// The kernels in registers of four doubles.
+// The kernels in registers of four doubles: Intel's second vector extension, without its fused products. Widening is
+// exact; narrow and round go to the nearest 32-bit value, ties to even, as every store of the plain procedure does.
+// What is not a number counts as not 0 (NEQ_UQ), so that an overflow goes on into the rows behind, where it is told of;
+// and-ing a product with no bits makes +0 of it.
 #if defined(__x86_64__)
 
 #define HAVUZ_TARGET __attribute__((target("avx2")))

@@ -1,4 +1,5 @@
-// The kernels in registers of eight doubles.
+// The kernels in registers of eight doubles: a strip's row is one register. Masks are eight bits in registers of their
+// own and cost none of the 32; a masked product is +0 where its bit is not set. Rounding as in solve_kernels_avx2.cpp.
 #if defined(__x86_64__)
 
 #define HAVUZ_TARGET __attribute__((target("avx512f,avx512dq,avx512vl")))

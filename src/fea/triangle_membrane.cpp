@@ -11,7 +11,10 @@
 
 namespace havuz {
 
-// The 2 by 2 block of the vertices m and n; c is PlaneD times thickness / (4 * area).
+// The 2 by 2 block of the vertices m and n, B(m)' * c * B(n), c PlaneD times thickness / (4 * area). Written out, with
+// x, y the projections of m before those of n:
+//   c11*yy + c33*xx + c13*(xy+yx)      c12*yx + c33*xy + c13*yy + c23*xx
+//   c12*xy + c33*yx + c13*yy + c23*xx  c22*xx + c33*yy + c23*(xy+yx)
 static void MembraneBlock(int m, int n, const Matrix<3, 3> &c) {
     const double xx = TriX[m] * TriX[n];
     const double yy = TriY[m] * TriY[n];

@@ -136,6 +136,10 @@ bool CutFromEdgeToEdge(Cut &cut, const std::vector<Crossing> &crossings) {
 }
 
 // Where the line splits the plate; false when it does not.
+//   ends at corners   crossings                                          cut
+//   two               none is asked for                                  corner to corner
+//   one               the farthest on an edge that it does not end       corner to edge
+//   none              two, no more and no less                           edge to edge
 bool FindCut(Cut &cut, const CutLine &line, Kesisim &k) {
     cut.a = CornerNear(cut.plate, line.a);
     cut.b = CornerNear(cut.plate, line.b);

@@ -35,7 +35,8 @@ int CornerAt(const PanelRecord &panel, PlanPoint at) {
     return Near(at, Corner(panel, 1)) ? 1 : 0;
 }
 
-// A panel whose top corners both stand at corner 2's end of the edge counts as well: wanted.
+// CornerAt gives 0, 1 or 2 for each end of the edge: 1*2 and 2*1 are a wall along it, from either side, 1*1 and any 0
+// none. A panel whose top corners both stand at corner 2's end of the edge, 2*2, counts as well: wanted.
 void LinkWallsOnEdge(int plak, int edge, double width) {
     PlakRecord &plate = PlakTable[plak];
     const PlanPoint a = Point(plate, edge), b = Point(plate, NextPoint(plate, edge));

@@ -62,6 +62,20 @@ PlakMeshWork BeginPlak(int plak) {
     return w;
 }
 
+// What each step leaves to the next:
+//   CopyOutline            the closed outline, its bounds, its lowest and highest point
+//   LayGrid                step and origin of the grid, empty tables over it
+//   TestInside             states 0 and 1, a point at each grid point inside
+//   PullOntoEdges          state 2: points moved onto an edge, code +edge
+//   PinCorners             state 3: a point at each outline corner, code -corner
+//   EasePoints             points beside moved ones between their neighbours
+//   MakeFullCells          a quadrilateral for each cell of four points, its number in Hucre
+//   MakeLoneCorners        one at each corner that stands out from the grid
+//   DoubleDiagonalPoints   two where the outline runs along a grid diagonal
+//   RepairTriangles        no cell of three points left over
+//   NumberUsedPoints, HandOverCorners, AppendNodesAndMeshes     nodes and meshes of the model
+// With G grid points and n edges the inside test asks for 2*G*n crossings, most of which a comparison settles
+// (MayMeet).
 void PlakMeshle(int plak, double width) {
     PlakMeshWork w = BeginPlak(plak);
     CopyOutline(w);

@@ -5,7 +5,10 @@
 // Heights: a level plate has that of its lowest point. A sloped one is the plane of its lowest point A, its highest B
 // and the point C with the greatest sum of distances from both,
 //   z = plane(A, B, C) at (x, y)     (plane_geometry.h, EgikDuzlemKur),
-// so that outline points off this plane do not count. Codes: +(1000*plate + edge), -(1000*plate + corner), and
+// so that outline points off this plane do not count. With r = (zC - zA)/(zB - zA) the point D = A + r*(B - A) is as
+// high as C, C D is a level line, and the slope runs square to it, from B to the foot of A on it;
+//   z = zA + (zB - zA) * |A F| / |A B|     F the foot of the point on the line of slope, |A F| without sign: wanted.
+// Codes: +(1000*plate + edge), -(1000*plate + corner), and
 // -1000*plate inside (link_code.h); from plate 33 on they no longer fit 16 bits, which is a failure: 33*1000 is more
 // than 32767.
 #include "mesh/plak_mesh_work.h"
