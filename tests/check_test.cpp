@@ -1,29 +1,22 @@
 // havuz-cli check: its tables, its JSON, its refusals, and the causes beside a run.
+#include "cli_support.h"
 #include "consistent/causes.h"
 #include "consistent_support.h"
 #include "model/store.h"
-#include "support.h"
 
 #include <cmath>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 #include <sstream>
-#include <sys/wait.h>
 
 namespace havuz {
 
 namespace {
 
-// Status of havuz-cli in the folder; its output in the files out and error.
-int Cli(const TemporaryFolder &folder, const std::string &arguments) {
-    return WEXITSTATUS(
-        std::system(("cd " + folder.path() + " && " + HAVUZ_CLI + " " + arguments + " >out 2>error").c_str()));
-}
-
 void MakePool(const TemporaryFolder &folder, const std::string &settings) {
-    ASSERT_EQ(Cli(folder, "pool rectangular -o P.POL --set Lx=6 --set Ly=4 --set UstKot=3 " + settings), 0);
-    ASSERT_EQ(Cli(folder, "mesh P.POL --mesh-width 1"), 0);
+    ASSERT_EQ(CliStatus(folder, "pool rectangular -o P.POL --set Lx=6 --set Ly=4 --set UstKot=3 " + settings), 0);
+    ASSERT_EQ(CliStatus(folder, "mesh P.POL --mesh-width 1"), 0);
 }
 
 std::vector<std::vector<std::string>> ReadCsv(const std::string &path) {
@@ -44,7 +37,7 @@ TEST(Check, TablesHaveTheirColumnsAndTheirRows) {
     const TemporaryFolder folder;
     MakePool(folder, "--set Bk=0");
     const std::string before = ReadBytes(folder.file("P.POL"));
-    ASSERT_EQ(Cli(folder, "check P.POL --csv T --combination empty-water --no-tension"), 0)
+    ASSERT_EQ(CliStatus(folder, "check P.POL --csv T --combination empty-water --no-tension"), 0)
         << ReadBytes(folder.file("error"));
     EXPECT_EQ(ReadBytes(folder.file("P.POL")), before);
     const auto nodes = ReadCsv(folder.file("T/nodes.csv"));
@@ -79,7 +72,7 @@ TEST(Check, TablesHaveTheirColumnsAndTheirRows) {
 TEST(Check, JsonHasTheSameFigures) {
     const TemporaryFolder folder;
     MakePool(folder, "--set YeraltiSuKotu=1");
-    ASSERT_EQ(Cli(folder, "check P.POL --json"), 0);
+    ASSERT_EQ(CliStatus(folder, "check P.POL --json"), 0);
     const auto brief = nlohmann::json::parse(ReadBytes(folder.file("out")));
     for (const char *key : {"panels", "proof", "warnings"})
         EXPECT_TRUE(brief.contains(key)) << key;
@@ -89,7 +82,7 @@ TEST(Check, JsonHasTheSameFigures) {
     for (const auto &w : brief["warnings"])
         uplift = uplift || w["code"] == "uplift-short";
     EXPECT_TRUE(uplift);
-    ASSERT_EQ(Cli(folder, "check P.POL --json --full --csv T"), 0);
+    ASSERT_EQ(CliStatus(folder, "check P.POL --json --full --csv T"), 0);
     const auto full = nlohmann::json::parse(ReadBytes(folder.file("out")));
     const auto corners = ReadCsv(folder.file("T/corners.csv"));
     ASSERT_EQ(full["corners"].size(), corners.size() - 1);
@@ -101,8 +94,8 @@ TEST(Check, JsonHasTheSameFigures) {
 TEST(Check, CausesExplainTheDifference) {
     const TemporaryFolder folder;
     MakePool(folder, "--set YeraltiSuKotu=1 --set ToprakKotu=1.5 --set SiviKotu=2.5");
-    ASSERT_EQ(Cli(folder, "run P.POL --quiet"), 0);
-    ASSERT_EQ(Cli(folder, "check P.POL --json"), 0);
+    ASSERT_EQ(CliStatus(folder, "run P.POL --quiet"), 0);
+    ASSERT_EQ(CliStatus(folder, "check P.POL --json"), 0);
     const auto report = nlohmann::json::parse(ReadBytes(folder.file("out")));
     ASSERT_FALSE(report["run"].empty());
     double levelOnEdge = 0, carried = 0;
@@ -120,8 +113,8 @@ TEST(Check, CausesExplainTheDifference) {
     }
     EXPECT_GT(levelOnEdge, 0.01); // groundwater at 1 m, on an edge
     EXPECT_GT(carried, 0.01);     // liquid taken over by the soil above its level
-    ASSERT_EQ(Cli(folder, "set P.POL SiviKotu=2.6"), 0);
-    ASSERT_EQ(Cli(folder, "check P.POL"), 0);
+    ASSERT_EQ(CliStatus(folder, "set P.POL SiviKotu=2.6"), 0);
+    ASSERT_EQ(CliStatus(folder, "check P.POL"), 0);
     EXPECT_NE(ReadBytes(folder.file("out")).find("the model has changed since the run"), std::string::npos);
 }
 
@@ -129,17 +122,17 @@ TEST(Check, CausesExplainTheDifference) {
 TEST(Check, BadModelsEndInWords) {
     const TemporaryFolder folder;
     MakePool(folder, "--set ZeminKo=0");
-    EXPECT_EQ(Cli(folder, "check P.POL --csv T"), 1);
+    EXPECT_EQ(CliStatus(folder, "check P.POL --csv T"), 1);
     EXPECT_NE(ReadBytes(folder.file("error")).find("neither bed nor support; ZeminKo is 0"), std::string::npos)
         << ReadBytes(folder.file("error"));
     EXPECT_EQ(ReadBytes(folder.file("out")), "");
     EXPECT_FALSE(std::filesystem::exists(folder.file("T")));
-    ASSERT_EQ(Cli(folder, "pool rectangular -o E.POL"), 0);
-    EXPECT_EQ(Cli(folder, "check E.POL"), 1); // not meshed
-    ASSERT_EQ(Cli(folder, "set P.POL ZeminKo=2000"), 0);
-    EXPECT_EQ(Cli(folder, "check P.POL --combination none"), 2);
+    ASSERT_EQ(CliStatus(folder, "pool rectangular -o E.POL"), 0);
+    EXPECT_EQ(CliStatus(folder, "check E.POL"), 1); // not meshed
+    ASSERT_EQ(CliStatus(folder, "set P.POL ZeminKo=2000"), 0);
+    EXPECT_EQ(CliStatus(folder, "check P.POL --combination none"), 2);
     WriteBytes(folder.file("F"), "a file");
-    EXPECT_EQ(Cli(folder, "check P.POL --csv F"), 1);
+    EXPECT_EQ(CliStatus(folder, "check P.POL --csv F"), 1);
 }
 
 } // namespace havuz

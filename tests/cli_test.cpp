@@ -383,7 +383,6 @@ TEST(Cli, FailuresNameFileAndPlaceAndWriteNothing) {
     EXPECT_TRUE(Contains(Cli(folder, "info MANY.POL").out, "fits the arrays of the analysis   no"));
 }
 
-// Width and height as the head of a PNG file has them.
 // Only pictures and pages need Qt, and load it.
 TEST(Cli, StartsWithoutTheLibrariesOfPictures) {
     TemporaryFolder folder;
@@ -404,6 +403,7 @@ TEST(Cli, StartsWithoutTheLibrariesOfPictures) {
     EXPECT_FALSE(std::filesystem::exists(folder.file("P.png")));
 }
 
+// Width and height as the head of a PNG file has them.
 static std::pair<int, int> PngSize(const std::string &png) {
     if (png.size() < 24 || png.substr(1, 3) != "PNG")
         return {0, 0};

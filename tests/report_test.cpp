@@ -1,5 +1,6 @@
 // The calculation report: its text, its parts, and the way from a project to a file. Expected numbers are statics by
 // hand.
+#include "cli_support.h"
 #include "consistent_support.h"
 #include "design/checks.h"
 #include "model/options.h"
@@ -7,22 +8,18 @@
 #include "report/html.h"
 #include "report/report.h"
 #include "report/sha256.h"
-#include "support.h"
 #include "view/page_cut.h"
 
 #include <array>
 #include <cmath>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 using namespace havuz;
 using namespace havuz::report;
 namespace cons = havuz::consistent;
 
 namespace {
-
-bool Contains(const std::string &text, const std::string &part) { return text.find(part) != std::string::npos; }
 
 struct Reported {
     design::Design design;
@@ -47,11 +44,6 @@ Reported ReportOf(const cons::Parameters &parameters, const design::Settings &se
     input.facts = ProjectFacts(basis);
     r.html = ReportHtml(input, analysis, r.design);
     return r;
-}
-
-int CliStatus(const TemporaryFolder &folder, const std::string &arguments) {
-    const std::string command = "cd " + folder.path() + " && " + HAVUZ_CLI + " " + arguments + " >out 2>error";
-    return WEXITSTATUS(std::system(command.c_str()));
 }
 
 // The text of a chapter, from its heading to the next.

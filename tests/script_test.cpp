@@ -1,13 +1,12 @@
 // Scripts as a shell sees them: each example runs to its end, wrong words and failed expectations end with file and
 // line, a command that fails changes nothing and is told of.
-#include "support.h"
+#include "cli_support.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <map>
 #include <random>
-#include <sys/wait.h>
 #include <vector>
 
 namespace havuz {
@@ -16,17 +15,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Ended {
-    int status = -1;
-    std::string out, error;
-};
-
 // Runs a script file in the folder.
 Ended Play(const TemporaryFolder &folder, const std::string &file, const std::string &options = "") {
-    const std::string command =
-        "cd " + folder.path() + " && " + HAVUZ_CLI + " script " + file + " " + options + " >out 2>error";
-    const int status = std::system(command.c_str());
-    return {WEXITSTATUS(status), ReadBytes(folder.file("out")), ReadBytes(folder.file("error"))};
+    const int status = CliStatus(folder, "script " + file + " " + options);
+    return {status, ReadBytes(folder.file("out")), ReadBytes(folder.file("error"))};
 }
 
 Ended PlayText(const TemporaryFolder &folder, const std::string &text, const std::string &options = "") {
