@@ -123,7 +123,8 @@ Outline Sliver(Dice &dice) {
     return {{0, 0}, {x, 0}, {x * dice.between(0.4, 1.0), x * dice.between(0.35, 1.0) * std::tan(angle)}};
 }
 
-template <class Make>
+using Make = Outline (*)(Dice &);
+
 Outline FairOutline(Dice &dice, Make make) {
     for (;;) {
         const Outline o = Turn(make(dice), dice.between(0.0, 2.0 * kPi), dice.between(-5, 5), dice.between(-5, 5));
@@ -233,38 +234,16 @@ void PutRandomModel(int kind, std::uint64_t seed) {
     for (int k = 0; k < 5; ++k)
         dice.between(0.0, 1.0);
     MeshGenisligi = dice.between(0.4, 1.2);
-    switch (kind) {
-    case 0:
-        PutPool(FairOutline(dice, Convex));
-        break;
-    case 1:
-        PutPool(FairOutline(dice, Concave));
-        break;
-    case 2:
-        PutPool(FairOutline(dice, LShape));
-        break;
-    case 3:
-        PutPool(FairOutline(dice, TShape));
-        break;
-    case 4:
-        PutPool(FairOutline(dice, UShape));
-        break;
-    case 5:
-        PutPool(FairOutline(dice, Star));
-        break;
-    case 6:
-        PutPool(FairOutline(dice, Sliver));
-        break;
-    case 7:
+    constexpr Make outlines[] = {Convex, Concave, LShape, TShape, UShape, Star, Sliver};
+    if (kind < 7) {
+        PutPool(FairOutline(dice, outlines[kind]));
+    } else if (kind == 7) {
         PutPool(dice.whole(0, 1) == 0 ? FairOutline(dice, Convex) : FairOutline(dice, Concave));
         Slope(dice);
-        break;
-    case 8:
+    } else if (kind == 8) {
         PutRow(dice);
-        break;
-    default:
+    } else {
         PutCutPool(dice);
-        break;
     }
 }
 
