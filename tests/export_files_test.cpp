@@ -221,7 +221,6 @@ TEST(Exports, SupportCodesOfBothFormats) {
 }
 
 TEST(Exports, OffMeshesCountWhereTheyShould) {
-    ResetAll();
     AddGrid(2, 1);
     PanelTable[1].P = 8.0;
     PanelTable[1].D = 100.0;
@@ -266,7 +265,6 @@ TEST(Exports, OffMeshesCountWhereTheyShould) {
 }
 
 TEST(Exports, PointLoadsTakeTheFactorOfTheDeadLoad) {
-    ResetAll();
     AddGrid(3, 2);
     AddLoad(12, 0.5, 0.0, 2.0);
     HesapYontem = 0;
@@ -283,7 +281,6 @@ TEST(Exports, PointLoadsTakeTheFactorOfTheDeadLoad) {
 }
 
 TEST(Exports, CoordinatesAreRoundedOnceAndFarOnesShiftTheColumns) {
-    ResetAll();
     AddGrid(1, 1);
     NoktaTable[1].X = 0.12345;
     NoktaTable[2].X = 2000000.0;
@@ -324,7 +321,6 @@ struct FullDisk {
 } // namespace
 
 TEST(Exports, TheDialogDecidesAndAFailureComesOut) {
-    ResetAll();
     TemporaryFolder folder;
     ScriptedDialog dialog;
     ProjeAdi = "HAVUZ";

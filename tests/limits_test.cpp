@@ -247,7 +247,6 @@ TEST(Limits, TheLastRecordIsTakenAndOneMoreIsToldByEachWayOfTheWindow) {
 // The popup counts the panels up to the first gap; a table without one counts none: wanted. Nothing is lost by it: one
 // step back brings all.
 TEST(Limits, AFullPanelTableIsCountedAnewByThePopup) {
-    ResetAll();
     Desk desk;
     AddPanels(999);
     desk.main.steps().begin();

@@ -109,7 +109,6 @@ TEST(MeshReport, NamesWhatIsWrongAndWhere) {
 }
 
 TEST(MeshReport, OpenJointsOfWallsAndSlabs) {
-    ResetAll();
     MeshPool(Rectangle(0, 0, 4, 3), 1.0);
     // Wall 2 gets nodes of its own along its foot and along its joint with wall 1.
     for (const double z : {0.0, 1.0, 2.0, 3.0}) {
@@ -133,7 +132,6 @@ TEST(MeshReport, OpenJointsOfWallsAndSlabs) {
 }
 
 TEST(MeshReport, TellsThePictureWhereItIs) {
-    ResetAll();
     MeshPool(Rectangle(0, 0, 4, 3), 1.0);
     EXPECT_TRUE(MeshFaults().empty());
     NoktaTable[NodeAt(1, 1, 0)].X = 3.5; // of four meshes: two are folded over their neighbours
@@ -159,7 +157,6 @@ TEST(MeshReport, RaisedDivisionsAskForOneMoreCommand) {
 
 // What is poor by the rules as they stand is not passed off as good.
 TEST(MeshReport, PoorShapesAreNotPassedOff) {
-    ResetAll();
     MeshPool({{0, 0}, {6, 0}, {6, 3}, {3, 3}, {3, 6}, {0, 6}}, 1.0);
     EXPECT_TRUE(Reports("plate 1: corner 4 at (3, 3, 0) is no node of its meshes"));
     EXPECT_TRUE(Reports("wall 3 and wall 4 are not joined over 3 m of 3 m"));
@@ -170,7 +167,6 @@ TEST(MeshReport, PoorShapesAreNotPassedOff) {
 }
 
 TEST(MeshReport, ReadsAndChangesNothingAndShowsTheFirstOfMany) {
-    ResetAll();
     MeshPool(Rectangle(0, 0, 8, 6), 0.5);
     for (int i = 1; i <= 40; ++i)
         MeshTable[i].N2 = 0;

@@ -74,7 +74,6 @@ TEST(OtoMesh, RectangularPoolsAreClosedAndWholeWithEveryCorner) {
 }
 
 TEST(OtoMesh, WallsStandOnThePlatesNodesAndMeetInOneColumn) {
-    ResetAll();
     MeshPool(Rectangle(0, 0, 4, 3), 1.0);
     EXPECT_EQ(NoktaCount, 20 + 14 * 3); // 14 columns around: those at the corners are shared
     EXPECT_EQ(MeshCount, 12 + 14 * 3);
@@ -93,7 +92,6 @@ TEST(OtoMesh, WallsStandOnThePlatesNodesAndMeetInOneColumn) {
 
 // A top corner of one wall on the side column of a higher one: the top corner survives.
 TEST(OtoMesh, ATopCornerTakesASideNode) {
-    ResetAll();
     PutPool(Rectangle(0, 0, 4, 3));
     for (const int corner : {1, 2})
         PanelTable[1].Z[corner] = 2.0;
@@ -106,7 +104,6 @@ TEST(OtoMesh, ATopCornerTakesASideNode) {
 }
 
 TEST(OtoMesh, RowsFollowTheLowerEndAndStretchToASlopedTop) {
-    ResetAll();
     PutPool(Rectangle(0, 0, 4, 3));
     PanelTable[1].Z[2] = PanelTable[2].Z[1] = 4.5;
     Mesh();
@@ -146,7 +143,6 @@ TEST(OtoMesh, RowsOfNeighboursAreLevelledByTheRulesAsTheyStand) {
 }
 
 TEST(OtoMesh, ALowWallGetsNoRowsAndPlatesOnOneEdgeNoCommonNodes) {
-    ResetAll();
     PutPool(Rectangle(0, 0, 4, 3));
     PanelTable[1].Z[1] = PanelTable[1].Z[2] = 0.9;
     Mesh();

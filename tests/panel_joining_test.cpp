@@ -9,7 +9,6 @@
 namespace havuz {
 
 TEST(PanelJoining, ByCellsAsByAllPairs) {
-    ResetAll();
     std::mt19937 random(17);
     long joined = 0;
     long raised = 0;

@@ -75,7 +75,6 @@ bool EveryCornerIsANode() {
 } // namespace
 
 TEST(PanelMesh, TheSamplePoolIsJoinedEverywhereButAtTheRimOfItsStrips) {
-    ResetAll();
     PoolWindow window;
     GeneratePool(1, window);
     PanelMeshle(none);
@@ -95,7 +94,6 @@ TEST(PanelMesh, TheSamplePoolIsJoinedEverywhereButAtTheRimOfItsStrips) {
 }
 
 TEST(PanelMesh, BlocksRunFromEdgeOneToEdgeThree) {
-    ResetAll();
     PutFloor(0, 0, 3, 2, 3, 2);
     PanelMeshle(none);
     EXPECT_EQ(HamNoktaCount, 12);
@@ -116,7 +114,6 @@ TEST(PanelMesh, BlocksRunFromEdgeOneToEdgeThree) {
 }
 
 TEST(PanelMesh, SupportedEdgesHoldTheirNodes) {
-    ResetAll();
     PutFloor(0, 0, 2, 2, 2, 2);
     PanelTable[1].KenarMesnet[2] = 1;
     Mesh();
@@ -125,7 +122,6 @@ TEST(PanelMesh, SupportedEdgesHoldTheirNodes) {
 }
 
 TEST(PanelMesh, EqualCountsOnASharedEdgeJoinNodeByNode) {
-    ResetAll();
     PutFloor(0, 0, 4, 2, 4, 2);
     PutFloor(0, 2, 4, 2, 4, 2);
     Mesh();
@@ -136,7 +132,6 @@ TEST(PanelMesh, EqualCountsOnASharedEdgeJoinNodeByNode) {
 
 // Of 4 and 6 divisions the nodes in reach join; those left over raise the neighbour for the next command.
 TEST(PanelMesh, UnequalCountsRaiseTheCoarserPanelForTheNextCommand) {
-    ResetAll();
     PutFloor(0, 0, 6, 2, 4, 2);
     PutFloor(0, 2, 6, 2, 6, 2);
     struct Window : MeshWindow {
@@ -155,7 +150,6 @@ TEST(PanelMesh, UnequalCountsRaiseTheCoarserPanelForTheNextCommand) {
 
 // A wall that ends in the middle of another: its corner captures the nearest edge node, which moves onto it.
 TEST(PanelMesh, ACornerCapturesTheNearestNodeOfAnEdge) {
-    ResetAll();
     PutFloor(0, 0, 5, 2, 4, 2); // nodes of its bottom edge at 1.25, 2.5, 3.75
     PutFloor(2.2, 2, 4, 2, 4, 2);
     PanelMeshle(none);
@@ -180,7 +174,6 @@ TEST(PanelMesh, CornersJoinWithinFiveCentimetres) {
 }
 
 TEST(PanelMesh, FailuresOfCountsAndCapacities) {
-    ResetAll();
     PutFloor(0, 0, 1, 1, 1, 0);
     EXPECT_EQ(FailureOf([] { PanelMeshle(none); }).words, "PanelTable(1) Ny: division by zero");
     PanelTable[1].Nx = 80;
@@ -193,7 +186,6 @@ TEST(PanelMesh, FailuresOfCountsAndCapacities) {
 }
 
 TEST(PanelMesh, CompactionDropsWhatNoActiveMeshUses) {
-    ResetAll();
     PutFloor(0, 0, 2, 1, 2, 1);
     PanelMeshle(none);
     MeshTable[1].Sil = 1;
@@ -206,7 +198,6 @@ TEST(PanelMesh, CompactionDropsWhatNoActiveMeshUses) {
 }
 
 TEST(Numbering, ASingleMeshAndALongStripKeepTheirNumbers) {
-    ResetAll();
     PutFloor(0, 0, 1, 1, 1, 1);
     Mesh();
     EXPECT_EQ(Corners(1), (std::vector<int>{1, 2, 4, 3}));
@@ -222,7 +213,6 @@ TEST(Numbering, ASingleMeshAndALongStripKeepTheirNumbers) {
 }
 
 TEST(Numbering, ALongStripNumberedTheLongWayGetsANarrowerFront) {
-    ResetAll();
     PutFloor(0, 0, 20, 2, 20, 2);
     Mesh();
     int widest = 0;
@@ -235,7 +225,6 @@ TEST(Numbering, ALongStripNumberedTheLongWayGetsANarrowerFront) {
 }
 
 TEST(Numbering, FlagsOfAllRawNodesOfAMasterMerge) {
-    ResetAll();
     PutFloor(0, 0, 1, 1, 1, 1);
     PutFloor(1, 0, 1, 1, 1, 1);
     PanelMeshle(none);
@@ -254,7 +243,6 @@ TEST(Numbering, FlagsOfAllRawNodesOfAMasterMerge) {
 }
 
 TEST(Numbering, SwitchedOffMeshesAreRenumberedButDecideNothing) {
-    ResetAll();
     PutFloor(0, 0, 3, 1, 3, 1);
     PanelMeshle(none);
     MeshTable[1].Sil = 1; // its outer nodes belong to no active mesh

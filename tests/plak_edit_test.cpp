@@ -53,7 +53,6 @@ std::vector<int> Neighbours(int panel) {
 } // namespace
 
 TEST(PlakKes, ACutThroughTwoWallsSplitsPlateAndWalls) {
-    ResetAll();
     PutPool(Rectangle(0, 0, 4, 3));
     ASSERT_EQ(Cut({1, -5}, {2, 8}), 1);
     EXPECT_EQ(PlakCount, 2);
@@ -129,7 +128,6 @@ TEST(PlakKes, DegenerateCutsChangeNothing) {
 
 // Wanted: codes of moved points change as if walls stood there, and the last edge's code after a cut from a corner.
 TEST(PlakKes, CodesOfAPlateWithoutWalls) {
-    ResetAll();
     PutPlak(Rectangle(0, 0, 4, 3));
     PlakTable[1].Z[2] = 2.0;
     ASSERT_EQ(Cut({1, -1}, {1, 4}), 1);
@@ -143,7 +141,6 @@ TEST(PlakKes, CodesOfAPlateWithoutWalls) {
 }
 
 TEST(PlakKes, EveryPlateIsCutAndPiecesAreNotCutAgain) {
-    ResetAll();
     PutPlak(Rectangle(0, 0, 4, 3));
     PutPlak(Rectangle(4, 0, 4, 3));
     ASSERT_EQ(Cut({-1, 1}, {9, 1}), 1);
@@ -153,7 +150,6 @@ TEST(PlakKes, EveryPlateIsCutAndPiecesAreNotCutAgain) {
 }
 
 TEST(PlakKes, FullTablesAreFailures) {
-    ResetAll();
     std::vector<PlanPoint> outline;
     for (int k = 0; k < 200; ++k)
         outline.push_back({5 * std::cos(k * 0.0314), 5 * std::sin(k * 0.0314)});
@@ -201,7 +197,6 @@ TEST(PanelBol, MovesCornersByTheEdgeOfTheCode) {
 }
 
 TEST(PlakKoseKes, TheNumberStaysWithThePieceBetween) {
-    ResetAll();
     PutPlak({{0, 0}, {4, 0}, {5, 2}, {4, 3}, {0, 3}});
     int sonuc = 0;
     PlakKoseKes(1, 4, 2, sonuc);
@@ -219,7 +214,6 @@ TEST(PlakKoseKes, TheNumberStaysWithThePieceBetween) {
 
 // Wanted: before point 1 stands the last point of the last plate, and edge 4 takes the wall behind.
 TEST(KomsulukKur, LinksByPlaceAndClearsNothing) {
-    ResetAll();
     PutPool(Rectangle(0, 0, 4, 3));
     for (int w = 1; w <= 4; ++w)
         for (int e = 2; e <= 4; ++e)
@@ -245,7 +239,6 @@ TEST(KomsulukKur, LinksByPlaceAndClearsNothing) {
 }
 
 TEST(PolygonPool, PlateWallsAndTheirCodes) {
-    ResetAll();
     PanelTable[2].G = 1.25;
     BuildPolygonPool({{{0, 0}, {2.5, 0}, {0, 0.4}}, 22.5, 32.5, 4.0, 1.0});
     EXPECT_EQ(UstKot, 4.0);

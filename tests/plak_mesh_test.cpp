@@ -144,7 +144,6 @@ TEST(PlakMesh, WholeStepsGiveTheRegularGrid) {
 }
 
 TEST(PlakMesh, HalfStepsAreSharedOut) {
-    ResetAll();
     // Along x the grid points at 4 move onto the edge at 4.25 and those at 3 are centred, but for points on an edge.
     // Along y the last row of the grid, at 4, comes in to the edge at 3.75; from the last row nothing is centred.
     PlakMeshle(PutPlak(Rectangle(0, 0, 4.25, 3.75)), MeshGenisligi);
@@ -185,7 +184,6 @@ TEST(PlakMesh, ShapesMatchTheirGoldenMesh) {
 }
 
 TEST(PlakMesh, TheDiamondHasQuadrilateralsOnlyAndEveryCorner) {
-    ResetAll();
     const std::vector<PlanPoint> outline = {{0, -4}, {4, 0}, {0, 4}, {-4, 0}};
     PlakMeshle(PutPlak(outline), MeshGenisligi);
     for (int corner = 1; corner <= 4; ++corner)
@@ -199,7 +197,6 @@ TEST(PlakMesh, TheDiamondHasQuadrilateralsOnlyAndEveryCorner) {
 
 // Wanted: what the probes hit last stays, for the next point and for the next plate. It never decides what lies inside.
 TEST(PlakMesh, StoredHitsOutliveThePlate) {
-    ResetAll();
     const std::vector<PlanPoint> comb = {{0, 0}, {9, 0}, {9, 6}, {7, 6}, {7, 2},
                                          {5, 2}, {5, 6}, {3, 6}, {3, 1}, {0, 1}};
     PlakMeshle(PutPlak(comb), MeshGenisligi);
@@ -215,7 +212,6 @@ TEST(PlakMesh, StoredHitsOutliveThePlate) {
 }
 
 TEST(PlakMesh, SlopedPlatesTakeTheirHeightFromTheFallLine) {
-    ResetAll();
     const int plak = PutPlak(Rectangle(0, 0, 4, 3));
     PlakTable[plak].Z[3] = PlakTable[plak].Z[4] = 1.5;
     PlakMeshle(plak, MeshGenisligi);
@@ -231,7 +227,6 @@ TEST(PlakMesh, SlopedPlatesTakeTheirHeightFromTheFallLine) {
 }
 
 TEST(PlakMesh, AWidthGreaterThanThePlateGivesNothing) {
-    ResetAll();
     MeshGenisligi = 9.0;
     PlakMeshle(PutPlak(Rectangle(0.5, 0.5, 4, 3)), MeshGenisligi);
     EXPECT_EQ(NoktaCount, 0);

@@ -8,7 +8,6 @@
 namespace havuz {
 
 TEST(PlaneGeometry, CrossingsAreFoundAndToldApart) {
-    ResetAll();
     const struct {
         PlanPoint p1, p2, p3, p4;
         int kod;
@@ -39,7 +38,6 @@ TEST(PlaneGeometry, CrossingsAreFoundAndToldApart) {
 
 // Wanted: of parallel slanted lines the crossing of the call before is looked at again.
 TEST(PlaneGeometry, ParallelSlantedLinesKeepTheCrossingBefore) {
-    ResetAll();
     Kesisim k;
     DogruKesisimi({0, 0}, {4, 4}, {0, 4}, {4, 0}, k);
     DogruKesisimi({0, 0}, {4, 4}, {1, 1}, {3, 3}, k);
@@ -51,7 +49,6 @@ TEST(PlaneGeometry, ParallelSlantedLinesKeepTheCrossingBefore) {
 }
 
 TEST(PlaneGeometry, TheNearerEndsAreNamed) {
-    ResetAll();
     Kesisim k;
     DogruKesisimi({0, 0}, {4, 0}, {3, -3}, {3, 1}, k);
     EXPECT_EQ(k.uc, 2);
@@ -62,7 +59,6 @@ TEST(PlaneGeometry, TheNearerEndsAreNamed) {
 }
 
 TEST(PlaneGeometry, FootAndDistance) {
-    ResetAll();
     const struct {
         PlanPoint p, a, b, foot;
         double d;
@@ -93,7 +89,6 @@ TEST(PlaneGeometry, FootAndDistance) {
 }
 
 TEST(PlaneGeometry, HeightFollowsTheLineOfSteepestSlope) {
-    ResetAll();
     // z = 1 + 0.25 x + 0.5 y over a plate whose lowest and highest points are no neighbours on the fall line
     const auto z = [](PlanPoint p) { return 1 + 0.25 * p.x + 0.5 * p.y; };
     const PlanPoint a{0, 0}, b{4, 3}, c{5, 0};

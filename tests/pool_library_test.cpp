@@ -29,7 +29,6 @@ std::string CodesOf(int panel) {
 } // namespace
 
 TEST(RectangularPool, PanelsOfTheSample) {
-    ResetAll();
     Generate(1);
     EXPECT_EQ(PanelCount, 9);
     EXPECT_EQ(NoktaCount + MeshCount, 0);
@@ -58,7 +57,6 @@ TEST(RectangularPool, PanelsOfTheSample) {
 }
 
 TEST(RectangularPool, WithoutStripsTheWallsAreFreeAtTheTop) {
-    ResetAll();
     Bk = 0;
     Generate(1);
     EXPECT_EQ(PanelCount, 5);
@@ -67,7 +65,6 @@ TEST(RectangularPool, WithoutStripsTheWallsAreFreeAtTheTop) {
 }
 
 TEST(RectangularPool, DivisionsRoundTiesToEvenAndStripsCountAsOneAtLeast) {
-    ResetAll();
     Lx = 2.5;
     Ly = 3.5;
     Bk = 0.4;
@@ -79,7 +76,6 @@ TEST(RectangularPool, DivisionsRoundTiesToEvenAndStripsCountAsOneAtLeast) {
 }
 
 TEST(CircularPool, DivisionsAreEvenAndTheFanCloses) {
-    ResetAll();
     Generate(2);
     EXPECT_EQ(PanelCount, 3);
     EXPECT_EQ(PanelTable[1].Nx, 30); // pi * 10 rounds to 31, made even
@@ -100,7 +96,6 @@ TEST(CircularPool, DivisionsAreEvenAndTheFanCloses) {
 
 // Every mesh names nodes of the model, and every inner edge has two meshes that run along it opposite ways.
 TEST(CircularPool, TheShellIsClosedButForItsRim) {
-    ResetAll();
     Generate(2);
     std::map<std::pair<int, int>, int> edges;
     for (int i = 1; i <= MeshCount; ++i) {
@@ -117,7 +112,6 @@ TEST(CircularPool, TheShellIsClosedButForItsRim) {
 }
 
 TEST(CircularPool, WallFromZeroAndStripAtTheTopLevel) {
-    ResetAll();
     AltKot = 2;
     UstKot = 5;
     Bk = 1.5; // no multiple of the width: one ring, at distance 1
@@ -130,7 +124,6 @@ TEST(CircularPool, WallFromZeroAndStripAtTheTopLevel) {
 }
 
 TEST(CircularPool, TakesBlankRecordsAndLeavesOldPointLoads) {
-    ResetAll();
     NoktaTable[7].Mesnet = 4;
     MeshTable[3].Sil = 1;
     NokYukTable[7].FZ = 5.0;
@@ -141,7 +134,6 @@ TEST(CircularPool, TakesBlankRecordsAndLeavesOldPointLoads) {
 }
 
 TEST(PoolLibrary, EdgesOfTheParameters) {
-    ResetAll();
     Generate(0);
     EXPECT_EQ(PanelCount, 0);
     EXPECT_EQ(HavuzTip, 0);

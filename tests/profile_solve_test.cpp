@@ -221,7 +221,6 @@ TEST(ProfileSolve, ASolutionBeyondThe32BitRangeFails) {
 }
 
 TEST(System, SizesPastTheArraysFail) {
-    ResetAll();
     ResetSystem();
     YukSayisi = 1;
     const std::tuple<int, int, int, bool> cases[] = {{19999, 10000000, 1, true},

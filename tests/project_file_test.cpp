@@ -60,7 +60,6 @@ std::string LoadText(const std::string &bytes) {
 } // namespace
 
 TEST(ProjectFile, AFreshProjectToTheByte) {
-    ResetAll();
     EXPECT_EQ(ProjectText(), "\r\n0,0,0,0,0\r\n0,2000,20,.4,1.8,1,0\r\n4,2,10,5,20,30,3,0,3,3,1\r\n1,1,1,1\r\n0,0,0\r\n"
                              "200,2200,1\r\n0,0,0,0\r\n8,10,12,0,0,0,0,0,0,0,0,0,0\r\n");
 }
@@ -101,7 +100,6 @@ TEST(ProjectFile, CutAfterEveryByte) {
 }
 
 TEST(ProjectFile, AFileThatEndsAfterItsCountsKeepsTheEarlierSoil) {
-    ResetAll();
     const TemporaryFolder folder;
     WriteBytes(folder.file("A.POL"), "x\r\n3,0,0,0,1\r\n");
     ZeminKo = 777;
@@ -112,7 +110,6 @@ TEST(ProjectFile, AFileThatEndsAfterItsCountsKeepsTheEarlierSoil) {
 }
 
 TEST(ProjectFile, TitlesAreWrittenRawAndReadAsFields) {
-    ResetAll();
     ProjeIsmi = "Pool, deep";
     const TemporaryFolder folder;
     SaveProject(folder.file("A.POL"), none);
@@ -126,7 +123,6 @@ TEST(ProjectFile, TitlesAreWrittenRawAndReadAsFields) {
 }
 
 TEST(ProjectFile, EveryByteOfATitleSurvives) {
-    ResetAll();
     std::string bytes;
     for (int b = 1; b < 256; ++b)
         if (std::string("\r\n,\"").find(static_cast<char>(b)) == std::string::npos && b != ' ')

@@ -84,7 +84,6 @@ Six Section(const Six &strain, double t) {
 // continuous slopes and linear normal slopes on its sides, from the thirty conditions of docs/quad-element.md, solved
 // as equations.
 TEST(TriangleBending, HasTheEnergyOfTheCompatibleTriangle) {
-    ResetAll();
     for (const auto &[shape, energy] : {std::pair{Shape{{{0, 0}, {2, 0.3}, {0.7, 1.9}, {}}}, 23220.08979168138},
                                         {Shape{{{0, 0}, {1, 0}, {0, 1}, {}}}, 184150.79396761756},
                                         {Shape{{{-1, 4}, {0, 0.5}, {0.1, 3}, {}}}, 27740.7509378166}}) {
@@ -119,7 +118,6 @@ bool EmptyRow(Eigen::Index freedom) {
 } // namespace
 
 TEST(QuadShellStiffness, ConstantStatesHaveTheirEnergyAndRigidMotionsNoForce) {
-    ResetAll();
     const struct {
         Shape shape;
         double triangle, whole; // areas of the corners 1, 2, 3 and of all four
@@ -148,7 +146,6 @@ TEST(QuadShellStiffness, ConstantStatesHaveTheirEnergyAndRigidMotionsNoForce) {
 }
 
 TEST(QuadShellStiffness, WeakFreedomsAreDroppedByTheirOwnDiagonal) {
-    ResetAll();
     // uz of node 3 alone is dropped, wanted, once a level plate is thinner than a 2118th of its side; in a wall uz is
     // stiff.
     for (const auto &[t, plane, dropped] :
@@ -184,7 +181,6 @@ Matrix<24, 24> StressOf(const Shape &shape, const Plane &plane, double t, int po
 // X, -Z, Y; one in the plane of Y and Z has no area in the axes taken from its corners in order and is seen with
 // corners 2 and 4 exchanged, in the axes -Z, Y, X.
 TEST(QuadShellStress, ConstantStatesInTheAxesItUses) {
-    ResetAll();
     const double t = 0.2;
     const struct {
         Shape shape;
@@ -217,7 +213,6 @@ TEST(QuadShellStress, ConstantStatesInTheAxesItUses) {
 }
 
 TEST(QuadShellStress, CubicDeflectionsAtEveryPoint) {
-    ResetAll();
     const Field cubic = [](PlanPoint p) { // w = x^3 + x*y^3
         const double y3 = p.y * p.y * p.y;
         return Six{0, 0, p.x * p.x * p.x + p.x * y3, 3 * p.x * p.y * p.y, -(3 * p.x * p.x + y3), 0};
@@ -238,7 +233,6 @@ TEST(QuadShellStress, CubicDeflectionsAtEveryPoint) {
 }
 
 TEST(QuadShell, ElementsWithoutAreaAreDivisionByZero) {
-    ResetAll();
     const double h = std::sqrt(2.0);
     const Plane upright(Eigen::Matrix3d{{1, 0, 1}, {1, 0, -1}, {0, 1, 0}});
     const auto stress = [](const Shape &shape, const Plane &plane) {

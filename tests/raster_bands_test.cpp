@@ -140,7 +140,6 @@ TEST(RasterBands, FiguresOfAllKindsAsAPainterPaintsThem) {
 
 // All ways of looking at a model, some of them so near that most of it lies beside the picture.
 TEST(RasterBands, ViewsOfAModel) {
-    ResetAll();
     AddTube(40, 20);
     ViewWindow none;
     for (int view = 0; view < 24; ++view) {

@@ -42,7 +42,6 @@ constexpr Element kName{"BILGI", "Tex", 0};
 } // namespace
 
 TEST(Recorder, BeginsWithTheProjectAndTheSurface) {
-    ResetAll();
     RecordedDesk desk;
     desk.recorder.reset();
     desk.recorder.emplace(desk.window, desk.out, "HAVUZ 1.POL");
@@ -53,7 +52,6 @@ TEST(Recorder, BeginsWithTheProjectAndTheSurface) {
 }
 
 TEST(Recorder, TextsOfOneBoxAreOneLineWithItsCaret) {
-    ResetAll();
     RecordedDesk desk;
     desk.click(ChkButton(11));
     EXPECT_EQ(desk.lines(), "click MAIN ChkButton 11\n");
@@ -84,7 +82,6 @@ TEST(Recorder, TextsOfOneBoxAreOneLineWithItsCaret) {
 }
 
 TEST(Recorder, EveryOtherActIsALineAtOnce) {
-    ResetAll();
     RecordedDesk desk;
     AddGrid(2, 2);
     desk.main.DrawMeshView();
@@ -125,7 +122,6 @@ TEST(Recorder, EveryOtherActIsALineAtOnce) {
 }
 
 TEST(Recorder, AnAnswerStandsBeforeTheClickThatAsks) {
-    ResetAll();
     RecordedDesk desk;
     AddGrid(1, 1);
     desk.window.saveNames = {CalismaDizini + "/OUT.S90"};
@@ -135,7 +131,6 @@ TEST(Recorder, AnAnswerStandsBeforeTheClickThatAsks) {
 }
 
 TEST(Recorder, AnActThatEndsTheProgramIsWritten) {
-    ResetAll();
     RecordedDesk desk;
     desk.main.EnableResults(true);
     desk.window.Hover(ChkButton(8));
@@ -148,7 +143,6 @@ TEST(Recorder, AnActThatEndsTheProgramIsWritten) {
 }
 
 TEST(Recorder, OfHoversTheLastBeforeAnActStays) {
-    ResetAll();
     RecordedDesk desk;
     for (int i = 0; i <= 5; ++i) {
         desk.window.Hover(Command(i));
@@ -163,7 +157,6 @@ TEST(Recorder, OfHoversTheLastBeforeAnActStays) {
 
 // A move goes when the next one sets all anew that it left behind.
 TEST(Recorder, MovesThatLeaveSomethingBehindStay) {
-    ResetAll();
     RecordedDesk desk;
     AddPanel(0, {0, 0, 0}, {20, 0, 0}, {20, 20, 0}, {0, 20, 0});
     AddGrid(2, 2);

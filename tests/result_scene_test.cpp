@@ -99,7 +99,6 @@ TEST(ImageCanvas, TrianglesOfAFaceLeaveNoPixelOut) {
 }
 
 TEST(ResultScene, TheNearerFaceIsHitAndItsValueRunsLinearly) {
-    ResetAll();
     ViewAngleA = ViewAngleB = ViewAngleC = 0.0;
     ViewDistance = 100.0;
     ResultScene scene;

@@ -101,7 +101,6 @@ TEST(RunWarnings, UpliftIsShortByTheSlab) {
 }
 
 TEST(RunWarnings, WallsOfAPolygonPoolWeighNothing) {
-    ResetAll();
     BuildPolygonPool({{{0, 0}, {6, 0}, {6, 4}, {0, 4}}, 25, 30, 3, 0});
     MeshWindow mesh;
     AutoMesh(mesh);
@@ -182,7 +181,6 @@ TEST(RunWarnings, PointLoadsThatMeetNoEquation) {
 
 // The rim of a wall may sink more than the base under it; settlement is of the ground.
 TEST(RunWarnings, SettlementIsOfNodesWithASpring) {
-    ResetAll();
     PoolWindow pool;
     GeneratePool(1, pool);
     MeshWindow mesh;

@@ -365,7 +365,6 @@ TEST(ShellExport, TheTankReadBackIsTheTank) {
 
 // A coarse slab beside a fine one: node 7 hangs in the middle of the edge from 2 to 3; mesh 4 is a triangle.
 TEST(ShellExport, WhatHangsFollowsAnyRigidMotion) {
-    ResetAll();
     PanelCount = 1;
     PanelTable[1].No = 1;
     PanelTable[1].D = 25;

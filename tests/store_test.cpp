@@ -29,7 +29,6 @@ TEST(Fields, ThirtyTwoBitsCutWhenStoredAndComputeInDouble) {
 }
 
 TEST(Tables, RecordZeroToTheLastAndNothingBeyond) {
-    ResetAll();
     PanelTable[0].No = 0;
     PanelTable[1000].No = 1;
     EXPECT_EQ(FailureOf([] { PanelTable[1001].No = 1; }).words, "PanelTable(1001) lies outside 0..1000");
@@ -38,7 +37,6 @@ TEST(Tables, RecordZeroToTheLastAndNothingBeyond) {
 }
 
 TEST(Store, ANewProjectRetiresNodesByTheirCountsAlone) {
-    ResetAll();
     PanelCount = 2;
     PanelTable[2].KenarKomsu[4] = 101;
     PlakCount = 1;
@@ -53,7 +51,6 @@ TEST(Store, ANewProjectRetiresNodesByTheirCountsAlone) {
 }
 
 TEST(Store, CompactionMovesPanelsUpAndKeepsTheirCodes) {
-    ResetAll();
     for (const int i : {1, 2, 4}) {
         PanelTable[i].No = 10 + i;
         PanelTable[i].KenarKomsu[1] = 402;
@@ -69,7 +66,6 @@ TEST(Store, CompactionMovesPanelsUpAndKeepsTheirCodes) {
 }
 
 TEST(Springs, StandUnderActiveFloorsByPlanArea) {
-    ResetAll();
     NoktaCount = 6;
     const double xy[7][2] = {{0, 0}, {0, 0}, {2, 0}, {2, 3}, {0, 3}, {4, 0}, {4, 3}};
     for (int i = 1; i <= 6; ++i) {

@@ -8,7 +8,8 @@
 
 namespace havuz {
 
-// The program as a fresh start leaves it, without a window. Every test begins with it.
+// The program as a fresh start leaves it, without a window. Every test begins with it (fresh_start.cpp); here for those
+// that need it again.
 void ResetAll();
 
 // A folder that goes with the test.

@@ -24,7 +24,6 @@ void OpenBy(Desk &desk, int tool) { ASSERT_TRUE(desk.click(ChkButton(tool))); }
 } // namespace
 
 TEST(PoolData, ShowsAndStoresEveryRowHoweverItIsClosed) {
-    ResetAll();
     Desk desk;
     double *const parameters[] = {&MeshGenisligi, &ZeminKo,      &ZeminGzem, &ZeminKa,
                                   &ZeminYogunluk, &SiviYogunluk, &SiviKotu,  &YeraltiSuKotu};
@@ -51,7 +50,6 @@ TEST(PoolData, ShowsAndStoresEveryRowHoweverItIsClosed) {
 }
 
 TEST(PoolData, KeysStopAtBothEndsAndTheFocusColours) {
-    ResetAll();
     Desk desk;
     OpenBy(desk, 0);
     const auto tex = [](int row) { return Of("POOLGEN", "Tex", row); };
@@ -71,7 +69,6 @@ TEST(PoolData, KeysStopAtBothEndsAndTheFocusColours) {
 }
 
 TEST(Material, OpeningAloneBringsStrengthsIntoLineWithTheTables) {
-    ResetAll();
     Desk desk;
     Fck = 210;
     Fyk = 2000;
@@ -84,7 +81,6 @@ TEST(Material, OpeningAloneBringsStrengthsIntoLineWithTheTables) {
 }
 
 TEST(Material, ConfirmingStoresAndTheOtherWaysOutDoNot) {
-    ResetAll();
     Desk desk;
     const auto work = [&desk] {
         OpenBy(desk, 1);
@@ -123,7 +119,6 @@ TEST(Material, ConfirmingStoresAndTheOtherWaysOutDoNot) {
 }
 
 TEST(Material, NoDiameterStaysNoneAndOneWithoutAButtonIsLeftOut) {
-    ResetAll();
     Desk desk;
     OpenBy(desk, 1);
     for (const int button : {2, 3, 4})
@@ -139,7 +134,6 @@ TEST(Material, NoDiameterStaysNoneAndOneWithoutAButtonIsLeftOut) {
 }
 
 TEST(PoolLibrary, EveryWayOutReadsThePageOnTopAndTheCommonFrame) {
-    ResetAll();
     Desk desk;
     Lx = 10.5;
     OpenBy(desk, 2);
@@ -159,7 +153,6 @@ TEST(PoolLibrary, EveryWayOutReadsThePageOnTopAndTheCommonFrame) {
 }
 
 TEST(PoolLibrary, ConfirmingGeneratesThePageOnTop) {
-    ResetAll();
     Desk desk;
     PanelCount = PlakCount = 1;
     OpenBy(desk, 2);
@@ -186,7 +179,6 @@ TEST(PoolLibrary, ConfirmingGeneratesThePageOnTop) {
 }
 
 TEST(PoolLibrary, KeysRunThroughThePageIntoTheCommonFrame) {
-    ResetAll();
     Desk desk;
     OpenBy(desk, 2);
     desk.click(Of("POOLlib", "Sayfa", 0));
@@ -206,7 +198,6 @@ TEST(PoolLibrary, KeysRunThroughThePageIntoTheCommonFrame) {
 }
 
 TEST(SaveName, CutsTheNameAtItsFirstPointAndStaysOpenWithoutOne) {
-    ResetAll();
     Desk desk;
     TemporaryFolder folder;
     CalismaDizini = folder.path();
@@ -226,7 +217,6 @@ TEST(SaveName, CutsTheNameAtItsFirstPointAndStaysOpenWithoutOne) {
 }
 
 TEST(OpenProject, ListsADirectoryAndLoadsTheChosenFile) {
-    ResetAll();
     Desk desk;
     TemporaryFolder folder;
     std::filesystem::create_directory(folder.file("eski"));
@@ -262,7 +252,6 @@ TEST(OpenProject, ListsADirectoryAndLoadsTheChosenFile) {
 }
 
 TEST(OpenProject, ADroppedFileEndsWhatIsArmedAndIsReadAsFromTheDialog) {
-    ResetAll();
     Desk desk;
     TemporaryFolder folder;
     AddPanel(1, {0, 0, 3}, {4, 0, 3}, {4, 0, 0}, {0, 0, 0});
@@ -301,7 +290,6 @@ TEST(OpenProject, ADroppedFileEndsWhatIsArmedAndIsReadAsFromTheDialog) {
 
 // A new project and one that is read leave nothing pending and nothing hidden.
 TEST(OpenProject, EndsAPendingZoomAndShowsTheNodesAsANewProjectDoes) {
-    ResetAll();
     Desk desk;
     TemporaryFolder folder;
     CalismaDizini = folder.path();
@@ -327,7 +315,6 @@ TEST(OpenProject, EndsAPendingZoomAndShowsTheNodesAsANewProjectDoes) {
 }
 
 TEST(EndConfirm, DeletesTheScratchFileAndEnds) {
-    ResetAll();
     Desk desk;
     TemporaryFolder folder;
     CalismaDizini = folder.path();
@@ -343,7 +330,6 @@ TEST(EndConfirm, DeletesTheScratchFileAndEnds) {
 }
 
 TEST(Support, ButtonsFlipBitsAndOnlyAChangeRedraws) {
-    ResetAll();
     Desk desk;
     SeciliNo = 3;
     NoktaTable[3].Mesnet = 5;
@@ -368,7 +354,6 @@ TEST(Support, ButtonsFlipBitsAndOnlyAChangeRedraws) {
 }
 
 TEST(PointLoad, TheFirstButtonStoresAndDrawsTheSecondDoesNot) {
-    ResetAll();
     Desk desk;
     SeciliNo = 2;
     NokYukTable[2].FY = -1.5;
@@ -390,7 +375,6 @@ TEST(PointLoad, TheFirstButtonStoresAndDrawsTheSecondDoesNot) {
 }
 
 TEST(PolygonConfirm, BuildsFromThePaletteWithoutTheCommaStep) {
-    ResetAll();
     Desk desk;
     const auto draw = [&desk] {
         PolyCount = 3;
@@ -418,7 +402,6 @@ TEST(PolygonConfirm, BuildsFromThePaletteWithoutTheCommaStep) {
 }
 
 TEST(PolygonConfirm, AFullTableEndsTheCommandAndLeavesTheModel) {
-    ResetAll();
     Desk desk;
     PolyCount = 3;
     PanelCount = kPanelCapacity - 1;

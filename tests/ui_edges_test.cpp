@@ -60,7 +60,6 @@ void Drag(Desk &desk, ScreenPoint from, double dx, double dy, bool drop = true) 
 } // namespace
 
 TEST(EdgeHover, CatchesWithinFivePixelsAndPointsWithinSeven) {
-    ResetAll();
     Desk desk;
     AddPanel(0, {0, 0, 0}, {20, 0, 0}, {20, 20, 0}, {0, 20, 0});
     desk.main.DrawPlateView();
@@ -93,7 +92,6 @@ TEST(EdgeHover, CatchesWithinFivePixelsAndPointsWithinSeven) {
 }
 
 TEST(EdgeHover, SupportsAreSetOnPanelEdgesAlone) {
-    ResetAll();
     Desk desk;
     AddPanel(0, {0, 0, 0}, {20, 0, 0}, {20, 20, 0}, {0, 20, 0});
     PutPlak(Rectangle(5, 5, 4, 4));
@@ -119,7 +117,6 @@ TEST(EdgeHover, SupportsAreSetOnPanelEdgesAlone) {
 
 // Panel 1000 has the number that the plates count from, and is none of them.
 TEST(EdgeHover, TheLastPanelOfTheTableIsNoPlate) {
-    ResetAll();
     Desk desk;
     PanelCount = kPanelCapacity - 1;
     ASSERT_EQ(AddPanel(0, {0, 0, 0}, {20, 0, 0}, {20, 20, 0}, {0, 20, 0}), 1000);
@@ -136,7 +133,6 @@ TEST(EdgeHover, TheLastPanelOfTheTableIsNoPlate) {
 }
 
 TEST(EdgeHover, APlateEdgeTakesItsWallAlong) {
-    ResetAll();
     Desk desk;
     DrawPool(desk);
     desk.click(Check2(3));
@@ -157,7 +153,6 @@ TEST(EdgeHover, APlateEdgeTakesItsWallAlong) {
 }
 
 TEST(EdgeHover, ThePaletteLeavesOneSideOfPanelsInPlan) {
-    ResetAll();
     Desk desk;
     AddPanel(1, {0, 0, 3}, {20, 0, 3}, {20, 0, 0}, {0, 0, 0});     // seen on end
     AddPanel(1, {0, 5, 3}, {20, 5, 3}, {20, 15, 0}, {0, 15, 0});   // leans: upper edge at y 5
@@ -183,7 +178,6 @@ TEST(EdgeHover, ThePaletteLeavesOneSideOfPanelsInPlan) {
 }
 
 TEST(EdgeDrag, AnEdgeMovesSquareToItselfWithItsWalls) {
-    ResetAll();
     Desk desk;
     DrawPool(desk);
     desk.click(Check2(3));
@@ -212,7 +206,6 @@ TEST(EdgeDrag, AnEdgeMovesSquareToItselfWithItsWalls) {
 }
 
 TEST(EdgeDrag, APointGoesToThePointer) {
-    ResetAll();
     Desk desk;
     DrawPool(desk);
     desk.click(Check2(3));
@@ -227,7 +220,6 @@ TEST(EdgeDrag, APointGoesToThePointer) {
 }
 
 TEST(EdgeDrag, StartsAtTheMarkerWithTheButtonHeld) {
-    ResetAll();
     Desk desk;
     DrawPool(desk);
     desk.click(Check2(3));
@@ -254,7 +246,6 @@ TEST(EdgeDrag, StartsAtTheMarkerWithTheButtonHeld) {
 }
 
 TEST(EdgeDrag, AWallSeenOnEndMovesTheEdgeThatThePaletteMeans) {
-    ResetAll();
     Desk desk;
     AddPanel(1, {0, 0, 3}, {20, 0, 3}, {20, 0, 0}, {0, 0, 0});
     AddPanel(0, {0, 5, 0}, {20, 5, 0}, {20, 20, 0}, {0, 20, 0});
@@ -273,7 +264,6 @@ TEST(EdgeDrag, AWallSeenOnEndMovesTheEdgeThatThePaletteMeans) {
 }
 
 TEST(EdgeDrag, AnEdgeOfALargePlateBecomesAPlateOfItsOwn) {
-    ResetAll();
     Desk desk;
     PutPlak({{0, 0}, {10, 0}, {20, 10}, {20, 20}, {10, 20}, {0, 10}});
     desk.main.DrawPlateView();
@@ -290,7 +280,6 @@ TEST(EdgeDrag, AnEdgeOfALargePlateBecomesAPlateOfItsOwn) {
 
 // Levels: a square slab seen turned, so that its heights show on the screen.
 TEST(EdgeDrag, LevelsTiltAboutTheFarEdge) {
-    ResetAll();
     Desk desk;
     DrawPool(desk, Rectangle(5, 5, 20, 20));
     desk.click(Command(2));
@@ -317,7 +306,6 @@ TEST(EdgeDrag, LevelsTiltAboutTheFarEdge) {
 }
 
 TEST(EdgeDrag, LevelsTiltAboutALinkedOrAFixedEdge) {
-    ResetAll();
     Desk desk;
     PutPlak(Rectangle(0, 0, 10, 20));
     PutPlak(Rectangle(10, 0, 10, 20));
@@ -344,7 +332,6 @@ TEST(EdgeDrag, LevelsTiltAboutALinkedOrAFixedEdge) {
 }
 
 TEST(EdgeDrag, APanelEdgeLiftsItsTwoCorners) {
-    ResetAll();
     Desk desk;
     AddPanel(0, {0, 0, 0}, {20, 0, 0}, {20, 20, 0}, {0, 20, 0});
     desk.main.DrawPlateView();
@@ -357,7 +344,6 @@ TEST(EdgeDrag, APanelEdgeLiftsItsTwoCorners) {
 }
 
 TEST(EdgeDrag, APlateWithoutRoomForItsScratchEndsTheCommand) {
-    ResetAll();
     Desk desk;
     std::vector<PlanPoint> outline;
     for (int k = 0; k < 198; ++k)

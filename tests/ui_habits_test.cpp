@@ -24,7 +24,6 @@ void TypePoint(Desk &desk, const std::string &text) {
 
 // An L-shaped pool of 8 x 4 m, to the millimetre, near a corner that would catch a click.
 TEST(TypedPoints, DrawAPoolByTheKeyboardAlone) {
-    ResetAll();
     Desk desk;
     EXPECT_FALSE(desk.window.Shown(kPointEntry));
     desk.click(kPolygonTool);
@@ -51,7 +50,6 @@ TEST(TypedPoints, DrawAPoolByTheKeyboardAlone) {
 }
 
 TEST(TypedPoints, PlaceTheCornersOfAMoveAndTakeNoCorner) {
-    ResetAll();
     Desk desk;
     AddPanel(0, {0, 0, 0}, {4, 0, 0}, {4, 2, 0}, {0, 2, 0});
     desk.main.DrawPlateView();
@@ -73,7 +71,6 @@ TEST(TypedPoints, PlaceTheCornersOfAMoveAndTakeNoCorner) {
 }
 
 TEST(Prompts, TellWhatAMeshAnExportAndAnEditLeft) {
-    ResetAll();
     Desk desk;
     AddPanel(0, {0, 0, 0}, {4, 0, 0}, {4, 2, 0}, {0, 2, 0});
     PanelTable[1].Nx = 4;
@@ -100,7 +97,6 @@ TEST(Prompts, TellWhatAMeshAnExportAndAnEditLeft) {
 }
 
 TEST(Views, TheWheelsZoomSurvivesAPickAndAResultCanBeSwitchedOff) {
-    ResetAll();
     Desk desk;
     AddGrid(3, 3);
     desk.main.DrawMeshView();
@@ -123,7 +119,6 @@ TEST(Views, TheWheelsZoomSurvivesAPickAndAResultCanBeSwitchedOff) {
 }
 
 TEST(Views, TheAnchorIsThePointersPlaceWhereverACommandEnds) {
-    ResetAll();
     Desk desk;
     AddGrid(3, 3);
     AddPanel(0, {0, 0, 0}, {3, 0, 0}, {3, 3, 0}, {0, 3, 0});
@@ -169,7 +164,6 @@ TEST(Tables, AMovedNodeIsDrawnHoweverItsCellIsLeftAndADetailIsKeptWhenThePageTur
 }
 
 TEST(Forms, PaletteAndPopupLeaveTheMainWindowAsItWas) {
-    ResetAll();
     Desk desk;
     desk.click(kVerticalPlateTool);
     desk.click(kMaterialTool); // cancels the palette

@@ -77,7 +77,6 @@ TEST(Pointer, WindowZoomTakesTheCornersOfThePressAndOfTheLastMove) {
 }
 
 TEST(Pointer, AZoomWithoutHeightIsCancelledAndMustBeArmedAgain) {
-    ResetAll();
     Desk desk;
     AddGrid(2, 2);
     desk.main.DrawMeshView();
@@ -101,7 +100,6 @@ TEST(Pointer, AZoomWithoutHeightIsCancelledAndMustBeArmedAgain) {
 }
 
 TEST(Pointer, AnIdleDragTurnsTheView) {
-    ResetAll();
     Desk desk;
     desk.move({100, 100});
     desk.drag({110, 100});
@@ -154,7 +152,6 @@ TEST(Pointer, LoadsAndSupportsAskAtTheNodeUnderThePointer) {
 // Copy, move, delete
 
 TEST(Pointer, APanelIsCopiedInThreePresses) {
-    ResetAll();
     Desk desk;
     AddTwoPanels(desk);
     desk.click(Check2(0));
@@ -182,7 +179,6 @@ TEST(Pointer, APanelIsCopiedInThreePresses) {
 }
 
 TEST(Pointer, AMovedPanelTakesItsCornersThroughThreeSnaps) {
-    ResetAll();
     Desk desk;
     AddTwoPanels(desk);
     AddFlat(3.95, 10.05, 1, 1);
@@ -206,7 +202,6 @@ TEST(Pointer, AMovedPanelTakesItsCornersThroughThreeSnaps) {
 }
 
 TEST(Pointer, CopyingAPlateEndsTheCommandAlone) {
-    ResetAll();
     Desk desk;
     AddTwoPanels(desk);
     PutPlak(Rectangle(8, 8, 4, 4));
@@ -224,7 +219,6 @@ TEST(Pointer, CopyingAPlateEndsTheCommandAlone) {
 }
 
 TEST(Pointer, DeletingAPlateDropsTheLastPanel) {
-    ResetAll();
     Desk desk;
     AddTwoPanels(desk);
     AddFlat(8, 0, 4, 4);
@@ -251,7 +245,6 @@ TEST(Pointer, DeletingAPlateDropsTheLastPanel) {
 // Drawing
 
 TEST(Pointer, VerticalPlatesFollowALine) {
-    ResetAll();
     Desk desk;
     desk.click(Check2(5));
     desk.window.Type(Tool1Text(0), "25,5");
@@ -286,7 +279,6 @@ TEST(Pointer, VerticalPlatesFollowALine) {
 }
 
 TEST(Pointer, APolygonGrowsPointByPointAndAsksAtTheEnd) {
-    ResetAll();
     Desk desk;
     AddTwoPanels(desk);
     desk.click(Check2(6));
@@ -317,7 +309,6 @@ TEST(Pointer, APolygonGrowsPointByPointAndAsksAtTheEnd) {
 }
 
 TEST(Pointer, APolygonOfOnePointStillAsksAndAFullOneFails) {
-    ResetAll();
     Desk desk;
     desk.click(Check2(6));
     desk.press({100, 100});
@@ -337,7 +328,6 @@ TEST(Pointer, APolygonOfOnePointStillAsksAndAFullOneFails) {
 }
 
 TEST(Pointer, ACutThatFailsKeepsItsFirstPoint) {
-    ResetAll();
     Desk desk;
     PutPool(Rectangle(0, 0, 20, 20));
     desk.main.DrawPlateView();

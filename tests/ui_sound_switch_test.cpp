@@ -28,7 +28,6 @@ void PutL() {
 } // namespace
 
 TEST(SoundSwitch, AutoMeshObeysItAndSaysWhichMesherWorked) {
-    ResetAll();
     Desk desk;
     PutL();
     EXPECT_FALSE(desk.window.Checked(kSoundSwitch));
@@ -48,7 +47,6 @@ TEST(SoundSwitch, AutoMeshObeysItAndSaysWhichMesherWorked) {
 }
 
 TEST(SoundSwitch, ARefusalIsToldInTurkishAndTheModelStays) {
-    ResetAll();
     Desk desk;
     PutL();
     desk.click(kSoundSwitch);
@@ -61,7 +59,6 @@ TEST(SoundSwitch, ARefusalIsToldInTurkishAndTheModelStays) {
 }
 
 TEST(SoundSwitch, ARecordBeginsWithIt) {
-    ResetAll();
     Desk desk;
     desk.click(kSoundSwitch);
     std::ostringstream out;

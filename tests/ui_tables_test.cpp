@@ -44,7 +44,6 @@ void Choose(Desk &desk, const std::string &tag, int record, int item) {
 } // namespace
 
 TEST(PanelTableForm, ShowsRowsAndTheFocusedPanel) {
-    ResetAll();
     Desk desk;
     PutPanels(3);
     PanelTable[2].Z[4] = 1.2345;
@@ -66,7 +65,6 @@ TEST(PanelTableForm, ShowsRowsAndTheFocusedPanel) {
 }
 
 TEST(PanelTableForm, TheMarkerFollowsTheFocusAndCellsAreStoredWhenLeft) {
-    ResetAll();
     Desk desk;
     PutPanels(3);
     desk.click(ChkButton(3));
@@ -87,7 +85,6 @@ TEST(PanelTableForm, TheMarkerFollowsTheFocusAndCellsAreStoredWhenLeft) {
 }
 
 TEST(PanelTableForm, ConfirmingClosesTheGapsAnyOtherWayOutDoesNot) {
-    ResetAll();
     Desk desk;
     PutPanels(4);
     for (const bool confirmed : {false, true}) {
@@ -107,7 +104,6 @@ TEST(PanelTableForm, ConfirmingClosesTheGapsAnyOtherWayOutDoesNot) {
 }
 
 TEST(Paging, KeysWalkTheColumnsOfARow) {
-    ResetAll();
     Desk desk;
     PutNode(1, 12.5, 0, 3);
     desk.click(ChkButton(6));
@@ -134,7 +130,6 @@ TEST(Paging, KeysWalkTheColumnsOfARow) {
 }
 
 TEST(Paging, PagesMoveByTenAndStopAtBothEnds) {
-    ResetAll();
     for (const auto &[form, column, tool, last] :
          {std::tuple{"FEAPLAK", "No", 3, 990}, {"MESHBIL", "I", 5, 4990}, {"KOORBIL", "X", 6, 4990}}) {
         SCOPED_TRACE(form);
@@ -169,7 +164,6 @@ TEST(Paging, PagesMoveByTenAndStopAtBothEnds) {
 }
 
 TEST(NodeTableForm, OnlyAMoveOfMoreThanAMillimetreRedraws) {
-    ResetAll();
     Desk desk;
     PutNode(1, 1, 1, 0);
     desk.click(ChkButton(6));
@@ -183,7 +177,6 @@ TEST(NodeTableForm, OnlyAMoveOfMoreThanAMillimetreRedraws) {
 }
 
 TEST(NodeTableForm, SupportsAreStoredAtTheNextSaveOnly) {
-    ResetAll();
     Desk desk;
     PutNode(1, 1, 1, 0);
     PutNode(2, 2, 1, 0);
@@ -203,7 +196,6 @@ TEST(NodeTableForm, SupportsAreStoredAtTheNextSaveOnly) {
 }
 
 TEST(NodeTableForm, ClosingEndsTheModelAtTheFirstRowOfZeros) {
-    ResetAll();
     Desk desk;
     for (const int i : {1, 2, 4, 5})
         PutNode(i, i, 0, 0);
@@ -222,7 +214,6 @@ TEST(NodeTableForm, ClosingEndsTheModelAtTheFirstRowOfZeros) {
 }
 
 TEST(MeshTableForm, TheCheckMarkIsOneMinusSil) {
-    ResetAll();
     Desk desk;
     MeshTable[2].Sil = 1;
     desk.click(ChkButton(5));
@@ -239,7 +230,6 @@ TEST(MeshTableForm, TheCheckMarkIsOneMinusSil) {
 }
 
 TEST(RowPopup, OpensBesideTheMarkerAndGivesTheRowBack) {
-    ResetAll();
     Desk desk;
     PutPanels(12);
     desk.click(ChkButton(3));
@@ -268,7 +258,6 @@ TEST(RowPopup, OpensBesideTheMarkerAndGivesTheRowBack) {
 }
 
 TEST(RowPopup, PanelsAreCountedToTheFirstGapAndMoved) {
-    ResetAll();
     Desk desk;
     desk.click(ChkButton(3));
     PutPanels(3);
@@ -292,7 +281,6 @@ TEST(RowPopup, PanelsAreCountedToTheFirstGapAndMoved) {
 }
 
 TEST(RowPopup, MeshesWithoutFourNodesFallOutAndTheLastRecordIsTheBlank) {
-    ResetAll();
     Desk desk;
     desk.click(ChkButton(5));
     for (int i = 1; i <= 4; ++i) {
@@ -316,7 +304,6 @@ TEST(RowPopup, MeshesWithoutFourNodesFallOutAndTheLastRecordIsTheBlank) {
 }
 
 TEST(RowPopup, NodesOnAnAxisFallOut) {
-    ResetAll();
     Desk desk;
     desk.click(ChkButton(6));
     PutNode(1, 0, 5, 1);

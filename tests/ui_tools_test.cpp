@@ -36,7 +36,6 @@ void AddSmallPool() {
 } // namespace
 
 TEST(Tools, EveryButtonIsMadeOnceAndArmsWhatItsRowSays) {
-    ResetAll();
     Desk desk;
     for (const ToolRow &tool : Tools()) {
         SCOPED_TRACE(tool.tooltip);
@@ -62,7 +61,6 @@ TEST(Tools, EveryButtonIsMadeOnceAndArmsWhatItsRowSays) {
 }
 
 TEST(Tools, OnlyOneOfAGroupStaysDownAndMainToolsLeaveTheDrawingOnesDown) {
-    ResetAll();
     Desk desk;
     desk.click(Check2(0));
     desk.click(Check2(6));
@@ -86,7 +84,6 @@ TEST(Tools, OnlyOneOfAGroupStaysDownAndMainToolsLeaveTheDrawingOnesDown) {
 }
 
 TEST(Tools, CancellingClearsWhatIsPendingAndNothingElse) {
-    ResetAll();
     Desk desk;
     AddWall();
     desk.click(Check2(6));
@@ -117,7 +114,6 @@ TEST(Tools, CancellingClearsWhatIsPendingAndNothingElse) {
 }
 
 TEST(Tools, ViewCommandsTurnAndSwitch) {
-    ResetAll();
     Desk desk;
     EXPECT_EQ(desk.window.state(Command(2)).picture, 13);
     desk.click(Command(2));
@@ -158,7 +154,6 @@ TEST(Tools, ViewCommandsTurnAndSwitch) {
 }
 
 TEST(Tools, NodesHideAndShowWithBothClicks) {
-    ResetAll();
     Desk desk;
     AddGrid(1, 1);
     desk.main.DrawMeshView();
@@ -173,7 +168,6 @@ TEST(Tools, NodesHideAndShowWithBothClicks) {
 }
 
 TEST(Tools, EdgeMovesShowThePaletteOfTheirView) {
-    ResetAll();
     Desk desk;
     desk.click(Check2(3));
     EXPECT_TRUE(desk.window.FormShown(kTool3));
@@ -220,7 +214,6 @@ TEST(Tools, MainToolsOpenTheirDialogs) {
 }
 
 TEST(Tools, NewProjectReturnsToPlan) {
-    ResetAll();
     Desk desk;
     AddWall();
     AddGrid(2, 2);
@@ -236,7 +229,6 @@ TEST(Tools, NewProjectReturnsToPlan) {
 }
 
 TEST(Tools, AutoMeshTakesThePathOfTheModel) {
-    ResetAll();
     Desk desk;
     AddSmallPool();
     HavuzTip = 1;
@@ -255,7 +247,6 @@ TEST(Tools, AutoMeshTakesThePathOfTheModel) {
 }
 
 TEST(Tools, ProgramsAreStartedWithTheProject) {
-    ResetAll();
     Desk desk;
     EXPECT_FALSE(desk.click(ChkButton(7)));
     EXPECT_FALSE(desk.click(ChkButton(8)));
@@ -278,7 +269,6 @@ TEST(Tools, ProgramsAreStartedWithTheProject) {
 
 // The program ends all the same, without a failure of its own.
 TEST(Tools, AnOutputProgramThatCannotBeStartedIsTold) {
-    ResetAll();
     Desk desk;
     desk.window.programsStart = false;
     desk.main.EnableResults(true);
@@ -287,7 +277,6 @@ TEST(Tools, AnOutputProgramThatCannotBeStartedIsTold) {
 }
 
 TEST(Tools, AToolThatIsStillDownRunsAgainByItsKey) {
-    ResetAll();
     Desk desk;
     AddWall();
     EXPECT_TRUE(desk.window.ClickTool(ChkButton(9)));
@@ -301,7 +290,6 @@ TEST(Tools, AToolThatIsStillDownRunsAgainByItsKey) {
 }
 
 TEST(Tools, ExportsAskForANameAndComeUpAgain) {
-    ResetAll();
     Desk desk;
     desk.click(ChkButton(12)); // no meshes: no question
     EXPECT_TRUE(desk.window.questions.empty());
@@ -320,7 +308,6 @@ TEST(Tools, ExportsAskForANameAndComeUpAgain) {
 }
 
 TEST(Tools, TopBarEndsMinimisesAndHelps) {
-    ResetAll();
     Desk desk;
     desk.click(TopBar(2)); // no help file
     EXPECT_TRUE(desk.window.helps.empty());
@@ -360,7 +347,6 @@ TEST(Tools, TheHelpFileNamesItsFirstPage) {
 }
 
 TEST(Tools, TheOverviewOpensZoomsAndGoesAway) {
-    ResetAll();
     Desk desk;
     AddGrid(2, 2);
     desk.click(kScr1); // plate view
@@ -386,7 +372,6 @@ TEST(Tools, TheOverviewOpensZoomsAndGoesAway) {
 }
 
 TEST(Tools, HotColourFollowsThePointer) {
-    ResetAll();
     Desk desk;
     desk.window.Hover(ChkButton(3));
     desk.window.Hover(Command(0));
@@ -405,7 +390,6 @@ TEST(Tools, HotColourFollowsThePointer) {
 // Start
 
 TEST(MainWindow, StartsInItsFirstState) {
-    ResetAll();
     Desk desk;
     EXPECT_EQ(desk.window.Text(kTopBarText), "HAVUZ  ANALIZI^ve TASARIMI");
     EXPECT_EQ(IsoView, 0);
@@ -418,7 +402,6 @@ TEST(MainWindow, StartsInItsFirstState) {
 }
 
 TEST(MainWindow, AProjectOfTheCommandLineIsShownTurned) {
-    ResetAll();
     const auto save = [](const ProgramFolder &program) {
         AddGrid(1, 1);
         WriteBytes(program.file("P.POL"), ProjectText());
@@ -436,7 +419,6 @@ TEST(MainWindow, AProjectOfTheCommandLineIsShownTurned) {
 }
 
 TEST(MainWindow, SurfaceFollowsTheScreenAndASecondStartEndsSilently) {
-    ResetAll();
     Desk desk;
     desk.window.screenWidth = 640;
     desk.window.screenHeight = 480;
@@ -458,7 +440,6 @@ TEST(MainWindow, SurfaceFollowsTheScreenAndASecondStartEndsSilently) {
 // Failures
 
 TEST(MainWindow, AFailingMeshingCommandLeavesTheModelAndSaysSo) {
-    ResetAll();
     Desk desk;
     AddSmallPool();
     AddGrid(3, 3);
@@ -482,7 +463,6 @@ TEST(MainWindow, AFailingMeshingCommandLeavesTheModelAndSaysSo) {
 }
 
 TEST(MainWindow, AnEditThatFailsHalfWayIsUndone) {
-    ResetAll();
     Desk desk;
     AddSmallPool();
     const std::string before = ProjectText();

@@ -66,7 +66,6 @@ TEST(ViewHabits, TheWheelZoomsAboutThePointerUntilTheNextFit) {
 }
 
 TEST(ViewHabits, AnEmptyModelAndEndlessTurningDoNoHarm) {
-    ResetAll();
     Desk desk;
     for (const int steps : {1000000, -1000000, 1, -1, 0}) {
         Wheel(desk, steps, {200, 100});
@@ -98,7 +97,6 @@ TEST(ViewHabits, APlaceBeyondThePixelsEndsTheCommandOnly) {
 
 // A model that shows as a point cannot be fitted: the view before comes back by itself.
 TEST(ViewHabits, APointInTheRotatedViewComesBack) {
-    ResetAll();
     Desk desk;
     AddFlat(1, 1, 0, 0);
     desk.click(Command(2));
@@ -108,7 +106,6 @@ TEST(ViewHabits, APointInTheRotatedViewComesBack) {
 }
 
 TEST(ViewHabits, AVerticalPlateIsDrawnThroughTheMovedView) {
-    ResetAll();
     ModelDesk desk(1);
     desk.click(Check2(5));
     desk.press(Desk::at(6, 6));
@@ -130,7 +127,6 @@ TEST(ViewHabits, AVerticalPlateIsDrawnThroughTheMovedView) {
 }
 
 TEST(ViewHabits, BandsGoAlongAndTheirPanelsLieWhereTheyWerePicked) {
-    ResetAll();
     ModelDesk desk(1);
     desk.click(Check2(0));
     desk.move(Desk::at(2, 2));
@@ -148,7 +144,6 @@ TEST(ViewHabits, BandsGoAlongAndTheirPanelsLieWhereTheyWerePicked) {
 }
 
 TEST(ViewHabits, APolygonGoesOnAcrossPans) {
-    ResetAll();
     ModelDesk desk(1);
     desk.click(Check2(6));
     desk.press(Desk::at(6, 6));
@@ -165,7 +160,6 @@ TEST(ViewHabits, APolygonGoesOnAcrossPans) {
 }
 
 TEST(ViewHabits, ACaughtEdgeKeepsItsMarkerThroughZoomAndPress) {
-    ResetAll();
     ModelDesk desk(1);
     desk.click(Check2(3));
     Wheel(desk, 4, {100, 100});
@@ -186,7 +180,6 @@ TEST(ViewHabits, ACaughtEdgeKeepsItsMarkerThroughZoomAndPress) {
 }
 
 TEST(ViewHabits, MeshPicksAndTheZoomWindowGoAlong) {
-    ResetAll();
     ModelDesk desk(2);
     desk.click(Check1(3));
     desk.move(MeshScreen(1, 1, 0));
@@ -210,7 +203,6 @@ TEST(ViewHabits, MeshPicksAndTheZoomWindowGoAlong) {
 }
 
 TEST(ViewHabits, AfterATurnTheWheelIsTheFullDrawing) {
-    ResetAll();
     ModelDesk desk(2);
     desk.move({100, 100});
     desk.drag({110, 95});

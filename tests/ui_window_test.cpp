@@ -61,7 +61,6 @@ constexpr Element kBox{"A", "Box", 0}, kToggle{"A", "Toggle", 0}, kOtherBox{"B",
 } // namespace
 
 TEST(HeadlessWindow, OnlyWhatIsInReachTakesInput) {
-    ResetAll();
     Bench b;
     EXPECT_FALSE(b.window.Click(kToggle)); // not shown
     b.window.ShowForm("A", {}, Modality::Modeless, false);
@@ -81,7 +80,6 @@ TEST(HeadlessWindow, OnlyWhatIsInReachTakesInput) {
 }
 
 TEST(HeadlessWindow, EventsComeInTheOrderOfAPlatform) {
-    ResetAll();
     Bench b;
     b.window.ShowForm("A", {}, Modality::Modeless, false);
     b.window.ShowForm("B", {}, Modality::Modeless, false);
@@ -98,7 +96,6 @@ TEST(HeadlessWindow, EventsComeInTheOrderOfAPlatform) {
 }
 
 TEST(HeadlessWindow, OptionsOfAGroupExcludeEachOtherAndTheCaretCountsCharacters) {
-    ResetAll();
     Bench b;
     b.window.ShowForm("A", {}, Modality::Modeless, false);
     b.window.Click({"A", "Option", 1});
