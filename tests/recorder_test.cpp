@@ -47,13 +47,13 @@ TEST(Recorder, BeginsWithTheProjectAndTheSurface) {
     desk.recorder.emplace(desk.window, desk.out, "HAVUZ 1.POL");
     EXPECT_EQ(desk.lines(), "# project HAVUZ 1.POL\nsurface 605 455\n");
     desk.recorder.reset();
-    desk.click(Command(0)); // nobody listens
+    desk.click(kZoomAllTool); // nobody listens
     EXPECT_EQ(desk.lines(), "");
 }
 
 TEST(Recorder, TextsOfOneBoxAreOneLineWithItsCaret) {
     RecordedDesk desk;
-    desk.click(ChkButton(11));
+    desk.click(kSaveTool);
     EXPECT_EQ(desk.lines(), "click MAIN ChkButton 11\n");
     for (const char *typed : {"D", "DE", "DE \"1\""}) {
         desk.window.Type(kName, typed);
@@ -73,7 +73,7 @@ TEST(Recorder, TextsOfOneBoxAreOneLineWithItsCaret) {
     desk.window.Type(kName, "#1");
     desk.click({"BILGI", "Tamam", 0});
     EXPECT_EQ(desk.lines(), "field BILGI Tex \"#1\"\nclick BILGI Tamam\n");
-    desk.click(ChkButton(0));
+    desk.click(kGeneralDataTool);
     desk.lines();
     desk.window.Type({"POOLGEN", "Tex", 1}, "1");
     desk.window.Type({"POOLGEN", "Tex", 2}, "2"); // another box
@@ -96,10 +96,10 @@ TEST(Recorder, EveryOtherActIsALineAtOnce) {
     desk.window.TakeSize(500, 400);
     desk.window.OpenFile("/no/such file.POL");
     desk.window.OpenFile(CalismaDizini + "/YOK.POL"); // told from the working directory
-    desk.click(ChkButton(1));
+    desk.click(kMaterialTool);
     desk.window.Choose({"donsec", "Beton", 0}, 2);
     desk.click({"donsec", "Iptal", 0});
-    desk.click(ChkButton(5));
+    desk.click(kMeshTableTool);
     desk.window.Scroll({"MESHBIL", "Kaydir", 0}, 7);
     EXPECT_EQ(desk.lines(), "press left 100.25 0.3333333333333333\n"
                             "move left middle 1e-07 -2\n"
@@ -117,7 +117,7 @@ TEST(Recorder, EveryOtherActIsALineAtOnce) {
                             "click donsec Iptal\n"
                             "click MAIN ChkButton 5\n"
                             "scroll MESHBIL 7\n");
-    EXPECT_FALSE(desk.click(ChkButton(5))); // out of reach: no act
+    EXPECT_FALSE(desk.click(kMeshTableTool)); // out of reach: no act
     EXPECT_EQ(desk.allLines(), "");
 }
 
@@ -125,16 +125,16 @@ TEST(Recorder, AnAnswerStandsBeforeTheClickThatAsks) {
     RecordedDesk desk;
     AddGrid(1, 1);
     desk.window.saveNames = {CalismaDizini + "/OUT.S90"};
-    desk.click(ChkButton(12));
-    desk.click(ChkButton(13)); // cancelled
+    desk.click(kSapTool);
+    desk.click(kStaadTool); // cancelled
     EXPECT_EQ(desk.lines(), "answer OUT.S90\nclick MAIN ChkButton 12\nanswer \"\"\nclick MAIN ChkButton 13\n");
 }
 
 TEST(Recorder, AnActThatEndsTheProgramIsWritten) {
     RecordedDesk desk;
     desk.main.EnableResults(true);
-    desk.window.Hover(ChkButton(8));
-    EXPECT_EQ(EndStatus([&] { desk.click(ChkButton(8)); }), 0);
+    desk.window.Hover(kResultsTool);
+    EXPECT_EQ(EndStatus([&] { desk.click(kResultsTool); }), 0);
     EXPECT_EQ(desk.lines(), "hover MAIN ChkButton 8\nclick MAIN ChkButton 8\n");
     desk.click(kEndButton);
     desk.lines();
@@ -148,10 +148,10 @@ TEST(Recorder, OfHoversTheLastBeforeAnActStays) {
         desk.window.Hover(Command(i));
         desk.window.Tick();
     }
-    desk.window.Hover(Command(5));
-    desk.click(Command(0));
-    desk.window.Hover(Command(5)); // still there
-    desk.click(Command(0));
+    desk.window.Hover(kPlateMeshTool);
+    desk.click(kZoomAllTool);
+    desk.window.Hover(kPlateMeshTool); // still there
+    desk.click(kZoomAllTool);
     EXPECT_EQ(desk.lines(), "hover MAIN Command 5\nclick MAIN Command 0\nclick MAIN Command 0\n");
 }
 
@@ -172,25 +172,25 @@ TEST(Recorder, MovesThatLeaveSomethingBehindStay) {
         return text;
     };
     EXPECT_EQ(moves({100, 200, 300}), "300");
-    desk.click(Check1(2)); // meshes leave nothing
+    desk.click(kMeshOnOffTool); // meshes leave nothing
     EXPECT_EQ(moves({40, 60, 300}), "300");
-    desk.click(Check1(0)); // a node that was caught leaves its place for the next turn
+    desk.click(kPointLoadTool); // a node that was caught leaves its place for the next turn
     EXPECT_EQ(moves({10, 30, 31, 50, 300, 310}), "30 50 310");
-    desk.click(Command(1));
+    desk.click(kZoomWinTool);
     EXPECT_EQ(moves({100, 200}), "100 200"); // the zoom's first corner is still to come
     desk.press({100, 100});
     EXPECT_EQ(moves({200, 300, 300}), "200 300 300");
     desk.cancel();
 
     desk.main.DrawPlateView();
-    desk.click(Check2(3));
+    desk.click(kEdgeMoveTool);
     EXPECT_EQ(moves({230, 240, 330, 340, 345}), "230 345"); // one edge, marked at its middle
     desk.press({230, 30});
     EXPECT_EQ(moves({230, 231, 232}), "230 232"); // the first is waited for
     desk.drag({230, 30});
     EXPECT_EQ(moves({230, 400, 430}), "230 430"); // the first ends the drag
-    desk.click(Check2(3));
-    desk.click(Check2(5));
+    desk.click(kEdgeMoveTool);
+    desk.click(kVerticalPlateTool);
     PlateScale = AnchorX = AnchorY = 0.0;
     EXPECT_EQ(moves({100, 200, 300}), "100 300"); // the first fails and ends the command
 }

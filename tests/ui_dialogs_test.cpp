@@ -19,7 +19,7 @@ Element Of(std::string_view form, std::string_view name, int index = 0) { return
 bool MainEnabled(Desk &desk) { return desk.window.formState(kMain).enabled; }
 
 // Works its dialog through the tool that shows it.
-void OpenBy(Desk &desk, int tool) { ASSERT_TRUE(desk.click(ChkButton(tool))); }
+void OpenBy(Desk &desk, Element tool) { ASSERT_TRUE(desk.click(tool)); }
 
 } // namespace
 
@@ -30,7 +30,7 @@ TEST(PoolData, ShowsAndStoresEveryRowHoweverItIsClosed) {
     ProjeIsmi = "DENEME  ";
     for (int i = 0; i < 8; ++i)
         *parameters[i] = i + 1.25;
-    OpenBy(desk, 0);
+    OpenBy(desk, kGeneralDataTool);
     EXPECT_EQ(desk.window.formState("POOLGEN").caption, "HAVUZ  GENEL  BİLGİSİ");
     EXPECT_EQ(desk.window.Text(Of("POOLGEN", "Tex", 0)), "DENEME");
     EXPECT_EQ(desk.window.Text(Of("POOLGEN", "Tex", 1)), "1");
@@ -44,14 +44,14 @@ TEST(PoolData, ShowsAndStoresEveryRowHoweverItIsClosed) {
     EXPECT_EQ(MeshGenisligi, 1.0); // 1.25 is cut by opening and closing alone
     for (int i = 1; i < 8; ++i)
         EXPECT_EQ(*parameters[i], i + 0.5);
-    EXPECT_FALSE(desk.window.Checked(ChkButton(0)));
+    EXPECT_FALSE(desk.window.Checked(kGeneralDataTool));
     EXPECT_FALSE(desk.window.FormShown("POOLGEN"));
     EXPECT_TRUE(MainEnabled(desk));
 }
 
 TEST(PoolData, KeysStopAtBothEndsAndTheFocusColours) {
     Desk desk;
-    OpenBy(desk, 0);
+    OpenBy(desk, kGeneralDataTool);
     const auto tex = [](int row) { return Of("POOLGEN", "Tex", row); };
     EXPECT_EQ(desk.window.focused(), tex(0));
     desk.window.Press(Key::Up);
@@ -72,7 +72,7 @@ TEST(Material, OpeningAloneBringsStrengthsIntoLineWithTheTables) {
     Desk desk;
     Fck = 210;
     Fyk = 2000;
-    OpenBy(desk, 1);
+    OpenBy(desk, kMaterialTool);
     EXPECT_EQ(Fck, BetonTablosu[3]);
     EXPECT_EQ(Fyk, CelikTablosu[1]);
     EXPECT_EQ(desk.window.Items(Of("donsec", "Beton"))[1], "BS20 (fck=200 kg/cm²)");
@@ -83,7 +83,7 @@ TEST(Material, OpeningAloneBringsStrengthsIntoLineWithTheTables) {
 TEST(Material, ConfirmingStoresAndTheOtherWaysOutDoNot) {
     Desk desk;
     const auto work = [&desk] {
-        OpenBy(desk, 1);
+        OpenBy(desk, kMaterialTool);
         EXPECT_TRUE(desk.window.Checked(Of("donsec", "Cap", 2))); // 8 mm
         EXPECT_EQ(desk.window.state(Of("donsec", "Cap", 2)).picture, 1);
         desk.click(Of("donsec", "Cap", 2));
@@ -104,7 +104,7 @@ TEST(Material, ConfirmingStoresAndTheOtherWaysOutDoNot) {
     EXPECT_EQ(YukDurum[3], 1);
     EXPECT_EQ(Fck, 200);
     EXPECT_TRUE(MainEnabled(desk));
-    EXPECT_FALSE(desk.window.Checked(ChkButton(1)));
+    EXPECT_FALSE(desk.window.Checked(kMaterialTool));
     work();
     desk.click(Of("donsec", "Tamam"));
     EXPECT_EQ(DonatiCaplari[1], 10);
@@ -120,7 +120,7 @@ TEST(Material, ConfirmingStoresAndTheOtherWaysOutDoNot) {
 
 TEST(Material, NoDiameterStaysNoneAndOneWithoutAButtonIsLeftOut) {
     Desk desk;
-    OpenBy(desk, 1);
+    OpenBy(desk, kMaterialTool);
     for (const int button : {2, 3, 4})
         desk.click(Of("donsec", "Cap", button));
     desk.click(Of("donsec", "Tamam"));
@@ -128,7 +128,7 @@ TEST(Material, NoDiameterStaysNoneAndOneWithoutAButtonIsLeftOut) {
         EXPECT_EQ(DonatiCaplari[i], 0);
     DonatiCaplari[1] = 10;
     DonatiCaplari[2] = 32;
-    OpenBy(desk, 1);
+    OpenBy(desk, kMaterialTool);
     EXPECT_TRUE(desk.window.Checked(Of("donsec", "Cap", 3)));
     EXPECT_EQ(desk.prompt(), "DUGMESI OLMAYAN CAP SECILMEDI: 32 mm");
 }
@@ -136,7 +136,7 @@ TEST(Material, NoDiameterStaysNoneAndOneWithoutAButtonIsLeftOut) {
 TEST(PoolLibrary, EveryWayOutReadsThePageOnTopAndTheCommonFrame) {
     Desk desk;
     Lx = 10.5;
-    OpenBy(desk, 2);
+    OpenBy(desk, kLibraryTool);
     desk.click(Of("POOLlib", "Sayfa", 2));
     EXPECT_EQ(desk.window.focused(), Of("POOLlib", "Lx", 2));
     EXPECT_FALSE(desk.window.Type(Of("POOLlib", "Lx", 1), "77")); // below the page on top
@@ -149,13 +149,13 @@ TEST(PoolLibrary, EveryWayOutReadsThePageOnTopAndTheCommonFrame) {
     EXPECT_TRUE(std::ranges::equal(got, wanted));
     EXPECT_EQ(PanelCount, 0);
     EXPECT_TRUE(MainEnabled(desk));
-    EXPECT_FALSE(desk.window.Checked(ChkButton(2)));
+    EXPECT_FALSE(desk.window.Checked(kLibraryTool));
 }
 
 TEST(PoolLibrary, ConfirmingGeneratesThePageOnTop) {
     Desk desk;
     PanelCount = PlakCount = 1;
-    OpenBy(desk, 2);
+    OpenBy(desk, kLibraryTool);
     EXPECT_TRUE(desk.window.Checked(Of("POOLlib", "Sayfa", 1))); // the rectangular pool
     desk.click(Of("POOLlib", "Sayfa", 0));
     desk.click(Of("POOLlib", "HucreTip", 1));
@@ -168,7 +168,7 @@ TEST(PoolLibrary, ConfirmingGeneratesThePageOnTop) {
     EXPECT_EQ(YukKombinasyon[2], 1);
     EXPECT_EQ(BolumY, 7);
     EXPECT_EQ(IsoView, 1);
-    OpenBy(desk, 2);
+    OpenBy(desk, kLibraryTool);
     desk.click(Of("POOLlib", "Sayfa", 1));
     desk.window.Type(Of("POOLlib", "Lx", 1), "6");
     desk.click(Of("POOLlib", "Tamam"));
@@ -180,7 +180,7 @@ TEST(PoolLibrary, ConfirmingGeneratesThePageOnTop) {
 
 TEST(PoolLibrary, KeysRunThroughThePageIntoTheCommonFrame) {
     Desk desk;
-    OpenBy(desk, 2);
+    OpenBy(desk, kLibraryTool);
     desk.click(Of("POOLlib", "Sayfa", 0));
     std::vector<std::string> visited;
     for (int i = 0; i < 11; ++i) {
@@ -201,7 +201,7 @@ TEST(SaveName, CutsTheNameAtItsFirstPointAndStaysOpenWithoutOne) {
     Desk desk;
     TemporaryFolder folder;
     CalismaDizini = folder.path();
-    OpenBy(desk, 11);
+    OpenBy(desk, kSaveTool);
     EXPECT_EQ(desk.window.Text(Of("BILGI", "Tex")), "HAVUZ");
     desk.window.Type(Of("BILGI", "Tex"), "   ");
     desk.click(Of("BILGI", "Tamam"));
@@ -212,8 +212,8 @@ TEST(SaveName, CutsTheNameAtItsFirstPointAndStaysOpenWithoutOne) {
     EXPECT_EQ(ProjeAdi, "DEPO");
     EXPECT_FALSE(ReadBytes(folder.file("DEPO.POL")).empty());
     EXPECT_FALSE(desk.window.FormShown("BILGI"));
-    EXPECT_FALSE(desk.window.Checked(ChkButton(11)));
-    EXPECT_TRUE(desk.window.Enabled(ChkButton(7)));
+    EXPECT_FALSE(desk.window.Checked(kSaveTool));
+    EXPECT_TRUE(desk.window.Enabled(kAnalysisTool));
 }
 
 TEST(OpenProject, ListsADirectoryAndLoadsTheChosenFile) {
@@ -225,7 +225,7 @@ TEST(OpenProject, ListsADirectoryAndLoadsTheChosenFile) {
     WriteBytes(folder.file("eski/not.txt"), "");
     ClearModel();
     CalismaDizini = folder.path();
-    OpenBy(desk, 10);
+    OpenBy(desk, kOpenTool);
     EXPECT_TRUE(desk.window.Items(Of("LOADFILE", "Dosya")).empty());
     desk.click(Of("LOADFILE", "Tamam"));
     EXPECT_TRUE(desk.window.FormShown("LOADFILE")); // nothing is selected
@@ -242,9 +242,9 @@ TEST(OpenProject, ListsADirectoryAndLoadsTheChosenFile) {
     EXPECT_EQ(PanelCount, 1);
     EXPECT_EQ(IsoView, 1);
     EXPECT_EQ(GorunusModu, 1);
-    EXPECT_FALSE(desk.window.Enabled(Check1(3)));
-    EXPECT_FALSE(desk.window.Checked(ChkButton(10)));
-    desk.click(ChkButton(10));
+    EXPECT_FALSE(desk.window.Enabled(kNodeMoveTool));
+    EXPECT_FALSE(desk.window.Checked(kOpenTool));
+    desk.click(kOpenTool);
     desk.window.Choose(Of("LOADFILE", "Dizin"), 0);
     EXPECT_EQ(desk.window.Text(Of("LOADFILE", "Yol")), std::filesystem::path(folder.path()).parent_path().string());
     desk.click(Of("LOADFILE", "Iptal"));
@@ -259,8 +259,8 @@ TEST(OpenProject, ADroppedFileEndsWhatIsArmedAndIsReadAsFromTheDialog) {
     EXPECT_EQ(desk.window.remembered, std::vector{folder.file("depo.pol")}); // as it is called, not as it is made up
     ClearModel();
     const std::string before = CalismaDizini;
-    desk.click(ChkButton(9));
-    desk.click(Check2(5));
+    desk.click(kNewTool);
+    desk.click(kVerticalPlateTool);
     desk.press({100, 100});
     WriteBytes(folder.file("depo.txt"), "x");
     for (const auto &[path, words] :
@@ -279,12 +279,12 @@ TEST(OpenProject, ADroppedFileEndsWhatIsArmedAndIsReadAsFromTheDialog) {
     EXPECT_EQ(desk.window.remembered, (std::vector{2, folder.file("depo.pol")}));
     EXPECT_EQ(CommandState + PickStage, 0);
     EXPECT_FALSE(desk.window.Shown(RubberLine(1)));
-    EXPECT_FALSE(desk.window.Checked(ChkButton(9)));
-    EXPECT_FALSE(desk.window.Checked(Check2(5)));
+    EXPECT_FALSE(desk.window.Checked(kNewTool));
+    EXPECT_FALSE(desk.window.Checked(kVerticalPlateTool));
     EXPECT_FALSE(desk.window.FormShown(kTool1));
     EXPECT_EQ(IsoView, 1);
-    EXPECT_TRUE(desk.window.Enabled(ChkButton(7)));
-    desk.click(ChkButton(3));
+    EXPECT_TRUE(desk.window.Enabled(kAnalysisTool));
+    desk.click(kPanelTableTool);
     EXPECT_FALSE(desk.window.OpenFile(folder.file("depo.pol"))); // behind a dialog
 }
 
@@ -295,22 +295,22 @@ TEST(OpenProject, EndsAPendingZoomAndShowsTheNodesAsANewProjectDoes) {
     CalismaDizini = folder.path();
     AddGrid(1, 1);
     SaveProject(folder.file("depo.pol"), desk.main);
-    for (const int tool : {9, 10}) {
-        SCOPED_TRACE(tool);
+    for (const Element tool : {kNewTool, kOpenTool}) {
+        SCOPED_TRACE(tool.index);
         desk.main.DrawMeshView();
-        desk.click(Check1(4));
-        desk.click(Command(1));
+        desk.click(kHideNodesTool);
+        desk.click(kZoomWinTool);
         ASSERT_EQ(ZoomPending + NodesHidden, 2);
         desk.main.EnableMainWindow();
-        desk.click(ChkButton(tool));
-        if (tool == 10) {
+        desk.click(tool);
+        if (tool == kOpenTool) {
             desk.window.Choose(Of("LOADFILE", "Dosya"), 0);
             desk.click(Of("LOADFILE", "Tamam"));
             EXPECT_EQ(MeshCount, 1);
         }
         EXPECT_EQ(ZoomPending, 0);
         EXPECT_EQ(NodesHidden, 0);
-        EXPECT_FALSE(desk.window.Checked(Check1(4)));
+        EXPECT_FALSE(desk.window.Checked(kHideNodesTool));
     }
 }
 
@@ -319,12 +319,12 @@ TEST(EndConfirm, DeletesTheScratchFileAndEnds) {
     TemporaryFolder folder;
     CalismaDizini = folder.path();
     WriteBytes(folder.file("CADTEMP.CAD"), "x");
-    desk.click(TopBar(0));
+    desk.click(kEndButton);
     EXPECT_EQ(desk.window.FormPlace("ENDKONT"), (Place{1024 * 15.0 - 3000.0 - 90.0, 800.0}));
     desk.window.CloseForm("ENDKONT");
     EXPECT_TRUE(MainEnabled(desk));
     EXPECT_EQ(ReadBytes(folder.file("CADTEMP.CAD")), "x");
-    desk.click(TopBar(0));
+    desk.click(kEndButton);
     EXPECT_EQ(EndStatus([&] { desk.click(Of("ENDKONT", "Tamam")); }), 0);
     EXPECT_EQ(ReadBytes(folder.file("CADTEMP.CAD")), "");
 }

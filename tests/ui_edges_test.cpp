@@ -71,7 +71,7 @@ TEST(EdgeHover, CatchesWithinFivePixelsAndPointsWithinSeven) {
         {{424, 230}, 0, 0, 0}, {{36.9, 30}, 1, 1, 1}, {{38, 30}, 1, 1, 0},
         {{430, 424}, 1, 3, 1}, {{26, 426}, 1, 4, 1},  {{31, 31}, 1, 1, 1}, // where edge 4 ends: the point comes first
     };
-    desk.click(Check2(3));
+    desk.click(kEdgeMoveTool);
     for (const auto &c : cases) {
         SCOPED_TRACE(c.at.x);
         desk.move(c.at);
@@ -96,7 +96,7 @@ TEST(EdgeHover, SupportsAreSetOnPanelEdgesAlone) {
     AddPanel(0, {0, 0, 0}, {20, 0, 0}, {20, 20, 0}, {0, 20, 0});
     PutPlak(Rectangle(5, 5, 4, 4));
     desk.main.DrawPlateView();
-    desk.click(Check2(4));
+    desk.click(kEdgeSupportTool);
     for (const auto &[x, y, word] :
          {std::tuple{230, 30, "ust"}, {430, 230, "sag"}, {230, 430, "alt"}, {30, 230, "sol"}}) {
         desk.move({double(x), double(y)});
@@ -121,12 +121,12 @@ TEST(EdgeHover, TheLastPanelOfTheTableIsNoPlate) {
     PanelCount = kPanelCapacity - 1;
     ASSERT_EQ(AddPanel(0, {0, 0, 0}, {20, 0, 0}, {20, 20, 0}, {0, 20, 0}), 1000);
     desk.main.DrawPlateView();
-    desk.click(Check2(4));
+    desk.click(kEdgeSupportTool);
     desk.move({230, 30});
     ASSERT_EQ(desk.note(), "1000. PLAK ust kenari <SERBEST>");
     desk.press({230, 30});
     EXPECT_EQ(int(PanelTable[1000].KenarMesnet[1]), 1);
-    desk.click(Check2(3));
+    desk.click(kEdgeMoveTool);
     Drag(desk, {230, 30}, 0, -20);
     EXPECT_DOUBLE_EQ(PanelTable[1000].Y[1], -1.0);
     EXPECT_DOUBLE_EQ(PanelTable[1000].Y[4], 20.0);
@@ -135,17 +135,17 @@ TEST(EdgeHover, TheLastPanelOfTheTableIsNoPlate) {
 TEST(EdgeHover, APlateEdgeTakesItsWallAlong) {
     Desk desk;
     DrawPool(desk);
-    desk.click(Check2(3));
+    desk.click(kEdgeMoveTool);
     for (const int isoView : {0, 1}) {
         if (isoView == 1) {
-            desk.click(Command(2));
-            desk.click(Check2(3));
+            desk.click(kIsometricTool);
+            desk.click(kEdgeMoveTool);
         }
         desk.move(EdgeMiddle(1, 2));
         EXPECT_EQ(EdgeItems, (std::vector<EdgeItem>{{1001, 2}})) << isoView;
     }
     desk.cancel();
-    desk.click(Check2(4));
+    desk.click(kEdgeSupportTool);
     desk.move(EdgeMiddle(1, 2)); // only an edge move leaves the wall out
     EXPECT_EQ(EdgeHitCount, 2);
     EXPECT_EQ(SelectedPanel, 2);
@@ -158,7 +158,7 @@ TEST(EdgeHover, ThePaletteLeavesOneSideOfPanelsInPlan) {
     AddPanel(1, {0, 5, 3}, {20, 5, 3}, {20, 15, 0}, {0, 15, 0});   // leans: upper edge at y 5
     AddPanel(0, {0, 18, 0}, {20, 18, 0}, {20, 20, 0}, {0, 20, 0}); // level
     desk.main.DrawPlateView();
-    desk.click(Check2(3));
+    desk.click(kEdgeMoveTool);
     const auto hits = [&desk](double y) {
         desk.move(Desk::at(10, y));
         return EdgeHitCount;
@@ -180,7 +180,7 @@ TEST(EdgeHover, ThePaletteLeavesOneSideOfPanelsInPlan) {
 TEST(EdgeDrag, AnEdgeMovesSquareToItselfWithItsWalls) {
     Desk desk;
     DrawPool(desk);
-    desk.click(Check2(3));
+    desk.click(kEdgeMoveTool);
     Drag(desk, EdgeMiddle(1, 2), 30, 40, false); // 50 pixels: 2.5 m, however askew
     EXPECT_EQ(desk.note(), "R=2.5 m");
     EXPECT_EQ(EdgeDragActive, 1);
@@ -208,7 +208,7 @@ TEST(EdgeDrag, AnEdgeMovesSquareToItselfWithItsWalls) {
 TEST(EdgeDrag, APointGoesToThePointer) {
     Desk desk;
     DrawPool(desk);
-    desk.click(Check2(3));
+    desk.click(kEdgeMoveTool);
     const ScreenPoint corner = PlatePointPixels(1, 2);
     Drag(desk, corner, -40, 20, false);
     EXPECT_EQ(desk.note(), "X=18 Y=1");
@@ -222,7 +222,7 @@ TEST(EdgeDrag, APointGoesToThePointer) {
 TEST(EdgeDrag, StartsAtTheMarkerWithTheButtonHeld) {
     Desk desk;
     DrawPool(desk);
-    desk.click(Check2(3));
+    desk.click(kEdgeMoveTool);
     desk.move(EdgeMiddle(1, 2));
     desk.press(EdgeMiddle(1, 2));
     EXPECT_EQ(PickStage, 1);
@@ -250,7 +250,7 @@ TEST(EdgeDrag, AWallSeenOnEndMovesTheEdgeThatThePaletteMeans) {
     AddPanel(1, {0, 0, 3}, {20, 0, 3}, {20, 0, 0}, {0, 0, 0});
     AddPanel(0, {0, 5, 0}, {20, 5, 0}, {20, 20, 0}, {0, 20, 0});
     desk.main.DrawPlateView();
-    desk.click(Check2(3));
+    desk.click(kEdgeMoveTool);
     Drag(desk, Desk::at(10, 0), 0, 20);
     EXPECT_EQ(PanelTable[1].Y[1], 1);
     EXPECT_EQ(PanelTable[1].Y[2], 1);
@@ -267,7 +267,7 @@ TEST(EdgeDrag, AnEdgeOfALargePlateBecomesAPlateOfItsOwn) {
     Desk desk;
     PutPlak({{0, 0}, {10, 0}, {20, 10}, {20, 20}, {10, 20}, {0, 10}});
     desk.main.DrawPlateView();
-    desk.click(Check2(3));
+    desk.click(kEdgeMoveTool);
     Drag(desk, EdgeMiddle(1, 3), 20, 0);
     ASSERT_EQ(PlakCount, 2);
     EXPECT_EQ(Outline(1), "10,0 21,10 21,20 10,20 ");
@@ -282,8 +282,8 @@ TEST(EdgeDrag, AnEdgeOfALargePlateBecomesAPlateOfItsOwn) {
 TEST(EdgeDrag, LevelsTiltAboutTheFarEdge) {
     Desk desk;
     DrawPool(desk, Rectangle(5, 5, 20, 20));
-    desk.click(Command(2));
-    desk.click(Check2(3));
+    desk.click(kIsometricTool);
+    desk.click(kEdgeMoveTool);
     const double dy = -2.0 * PlateScale; // 2 m up
     Drag(desk, EdgeMiddle(1, 2), 7, dy, false);
     EXPECT_EQ(Levels(1), "0.00 2.00 2.00 0.00 ");
@@ -313,8 +313,8 @@ TEST(EdgeDrag, LevelsTiltAboutALinkedOrAFixedEdge) {
     KomsulukKur(MeshGenisligi);
     ASSERT_LT(int(PlakTable[1].KenarKodu[2]), 0);
     desk.main.DrawPlateView();
-    desk.click(Command(2));
-    desk.click(Check2(3));
+    desk.click(kIsometricTool);
+    desk.click(kEdgeMoveTool);
     Drag(desk, PlatePointPixels(1, 1), 0, -PlateScale); // a point: still about the common edge
     EXPECT_EQ(Levels(1), "1.00 0.00 0.00 1.00 ");
     EXPECT_EQ(Levels(2), "0.00 0.00 0.00 0.00 ");
@@ -335,8 +335,8 @@ TEST(EdgeDrag, APanelEdgeLiftsItsTwoCorners) {
     Desk desk;
     AddPanel(0, {0, 0, 0}, {20, 0, 0}, {20, 20, 0}, {0, 20, 0});
     desk.main.DrawPlateView();
-    desk.click(Command(2));
-    desk.click(Check2(3));
+    desk.click(kIsometricTool);
+    desk.click(kEdgeMoveTool);
     Drag(desk, Middle(PanelCornerPixels(1, 2), PanelCornerPixels(1, 3)), 0, 1.5 * PlateScale);
     EXPECT_EQ(PanelTable[1].Z[1], 0);
     EXPECT_EQ(PanelTable[1].Z[2], -1.5);
@@ -351,7 +351,7 @@ TEST(EdgeDrag, APlateWithoutRoomForItsScratchEndsTheCommand) {
     PutPlak(outline);
     desk.main.DrawPlateView();
     const std::string before = Outline(1);
-    desk.click(Check2(3));
+    desk.click(kEdgeMoveTool);
     Drag(desk, PlatePointPixels(1, 50), 30, 30);
     EXPECT_EQ(desk.prompt(), "KENAR KAYDIRMA YAPILAMADI, TABLO SINIRI ASILDI: ELEMAN (201) SINIR 0..200");
     EXPECT_EQ(Outline(1), before);

@@ -47,7 +47,7 @@ TEST(Pointer, WindowZoomTakesTheCornersOfThePressAndOfTheLastMove) {
         Desk desk;
         AddGrid(2, 2);
         desk.main.DrawMeshView();
-        desk.click(Command(1));
+        desk.click(kZoomWinTool);
         EXPECT_EQ(desk.prompt(), "ZOOM WINDOW ICIN 1. NOKTAYI SECIN");
         const ScreenPoint a{130, 130}, b{230, 330};
         desk.window.confined = true;
@@ -80,7 +80,7 @@ TEST(Pointer, AZoomWithoutHeightIsCancelledAndMustBeArmedAgain) {
     Desk desk;
     AddGrid(2, 2);
     desk.main.DrawMeshView();
-    desk.click(Command(1));
+    desk.click(kZoomWinTool);
     desk.press({130, 130});
     desk.move({230, 130});
     desk.press({230, 130});
@@ -90,7 +90,7 @@ TEST(Pointer, AZoomWithoutHeightIsCancelledAndMustBeArmedAgain) {
     desk.move({230, 330});
     desk.press({230, 330});
     EXPECT_EQ(MeshScale, 20);
-    desk.click(Command(1));
+    desk.click(kZoomWinTool);
     EXPECT_EQ(PickStage, 0);
     desk.press({130, 130});
     desk.move({230, 330});
@@ -119,18 +119,18 @@ TEST(Pointer, AnIdleDragTurnsTheView) {
     desk.move({110, 95});
     EXPECT_EQ(DragRotated, 0);
     EXPECT_NE(desk.scr.log.find("polygon"), std::string::npos);
-    desk.click(Check1(0)); // armed: a drag turns nothing
+    desk.click(kPointLoadTool); // armed: a drag turns nothing
     desk.drag({150, 95});
     EXPECT_DOUBLE_EQ(ViewAngleB, B - 0.1);
 }
 
 TEST(Pointer, LoadsAndSupportsAskAtTheNodeUnderThePointer) {
-    for (const auto &[tool, form] : {std::pair{0, "NOKYUK"}, std::pair{1, "MESTIP"}}) {
+    for (const auto &[tool, form] : {std::pair{kPointLoadTool, "NOKYUK"}, {kSupportTool, "MESTIP"}}) {
         ResetAll();
         Desk desk;
         AddGrid(2, 2);
         desk.main.DrawMeshView();
-        desk.click(Check1(tool));
+        desk.click(tool);
         desk.move({300, 300});
         EXPECT_EQ(desk.note(), "hidden");
         desk.press({300, 300}); // empty surface
@@ -145,7 +145,7 @@ TEST(Pointer, LoadsAndSupportsAskAtTheNodeUnderThePointer) {
         EXPECT_TRUE(desk.window.FormShown(form));
         EXPECT_EQ(desk.window.FormPlace(form), (Place{950, 1100}));
         EXPECT_FALSE(desk.window.formState(kMain).enabled);
-        EXPECT_EQ(CommandState, tool + 1);
+        EXPECT_EQ(CommandState, ToolOf(tool)->arms);
     }
 }
 
@@ -154,7 +154,7 @@ TEST(Pointer, LoadsAndSupportsAskAtTheNodeUnderThePointer) {
 TEST(Pointer, APanelIsCopiedInThreePresses) {
     Desk desk;
     AddTwoPanels(desk);
-    desk.click(Check2(0));
+    desk.click(kPanelCopyTool);
     desk.press({300, 50}); // nothing under the pointer
     EXPECT_EQ(PickStage, 0);
     desk.move(Desk::at(2, 3));
@@ -183,7 +183,7 @@ TEST(Pointer, AMovedPanelTakesItsCornersThroughThreeSnaps) {
     AddTwoPanels(desk);
     AddFlat(3.95, 10.05, 1, 1);
     AddFlat(10.05, 3.95, 1, 1);
-    desk.click(Check2(1));
+    desk.click(kPanelMoveTool);
     desk.move(Desk::at(17, 17));
     desk.press(Desk::at(17, 17));
     desk.press(Desk::at(10.2, 10));
@@ -206,7 +206,7 @@ TEST(Pointer, CopyingAPlateEndsTheCommandAlone) {
     AddTwoPanels(desk);
     PutPlak(Rectangle(8, 8, 4, 4));
     const std::string before = ProjectText();
-    desk.click(Check2(0));
+    desk.click(kPanelCopyTool);
     desk.move(Desk::at(10, 10));
     EXPECT_EQ(SelectedPanel, 1001);
     for (const ScreenPoint p : {Desk::at(10, 10), Desk::at(12, 12), Desk::at(14, 14)})
@@ -214,7 +214,7 @@ TEST(Pointer, CopyingAPlateEndsTheCommandAlone) {
     EXPECT_EQ(desk.prompt(), "PLAK KOPYALAMA YAPILAMADI, TABLO SINIRI ASILDI: PanelTable(1001) SINIR 0..1000");
     EXPECT_EQ(ProjectText(), before);
     EXPECT_EQ(CommandState + PickStage + SelectedPanel, 0);
-    EXPECT_FALSE(desk.window.Checked(Check2(0)));
+    EXPECT_FALSE(desk.window.Checked(kPanelCopyTool));
     EXPECT_FALSE(BandShown(desk));
 }
 
@@ -223,7 +223,7 @@ TEST(Pointer, DeletingAPlateDropsTheLastPanel) {
     AddTwoPanels(desk);
     AddFlat(8, 0, 4, 4);
     PutPlak(Rectangle(8, 8, 4, 4));
-    desk.click(Check2(2));
+    desk.click(kPanelDeleteTool);
     desk.press(Desk::at(2, 2)); // not hovered yet
     EXPECT_EQ(PanelCount, 3);
     desk.move(Desk::at(2, 2));
@@ -246,7 +246,7 @@ TEST(Pointer, DeletingAPlateDropsTheLastPanel) {
 
 TEST(Pointer, VerticalPlatesFollowALine) {
     Desk desk;
-    desk.click(Check2(5));
+    desk.click(kVerticalPlateTool);
     desk.window.Type(Tool1Text(0), "25,5");
     desk.window.Type(Tool1Text(2), "abc");
     desk.move({55, 70});
@@ -281,7 +281,7 @@ TEST(Pointer, VerticalPlatesFollowALine) {
 TEST(Pointer, APolygonGrowsPointByPointAndAsksAtTheEnd) {
     Desk desk;
     AddTwoPanels(desk);
-    desk.click(Check2(6));
+    desk.click(kPolygonTool);
     desk.press(Desk::at(15.95, 16.05));
     EXPECT_EQ(PolyCount, 1);
     EXPECT_EQ(PolyX[1], 16);
@@ -310,13 +310,13 @@ TEST(Pointer, APolygonGrowsPointByPointAndAsksAtTheEnd) {
 
 TEST(Pointer, APolygonOfOnePointStillAsksAndAFullOneFails) {
     Desk desk;
-    desk.click(Check2(6));
+    desk.click(kPolygonTool);
     desk.press({100, 100});
     desk.cancel();
     EXPECT_TRUE(desk.window.FormShown("yesno"));
     desk.window.HideForm("yesno");
     desk.main.EnableMainWindow();
-    desk.click(Check2(6));
+    desk.click(kPolygonTool);
     EXPECT_EQ(PolyCount, 0);
     for (int i = 1; i <= 200; ++i)
         desk.press({100.0 + i, 100});
@@ -331,7 +331,7 @@ TEST(Pointer, ACutThatFailsKeepsItsFirstPoint) {
     Desk desk;
     PutPool(Rectangle(0, 0, 20, 20));
     desk.main.DrawPlateView();
-    desk.click(Check2(7));
+    desk.click(kCutTool);
     desk.press(Desk::at(10, -1));
     desk.press(Desk::at(12, -1)); // crosses nothing
     EXPECT_EQ(PickStage, 1);
@@ -342,7 +342,7 @@ TEST(Pointer, ACutThatFailsKeepsItsFirstPoint) {
     EXPECT_EQ(PlakCount, 2);
     EXPECT_EQ(PanelCount, 6);
     EXPECT_EQ(CommandState + PickStage, 0);
-    EXPECT_FALSE(desk.window.Checked(Check2(7)));
+    EXPECT_FALSE(desk.window.Checked(kCutTool));
     EXPECT_FALSE(desk.window.Shown(RubberLine(1)));
     EXPECT_EQ(desk.note(), "hidden");
 }

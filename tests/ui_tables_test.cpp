@@ -48,7 +48,7 @@ TEST(PanelTableForm, ShowsRowsAndTheFocusedPanel) {
     PutPanels(3);
     PanelTable[2].Z[4] = 1.2345;
     PanelTable[2].G = 0.5;
-    desk.click(ChkButton(3));
+    desk.click(kPanelTableTool);
     EXPECT_FALSE(desk.window.formState(kMain).enabled);
     EXPECT_EQ(desk.window.focused(), Cell("FEAPLAK", "No"));
     EXPECT_EQ(desk.window.Text(Cell("FEAPLAK", "Sira", 9)), "10");
@@ -67,7 +67,7 @@ TEST(PanelTableForm, ShowsRowsAndTheFocusedPanel) {
 TEST(PanelTableForm, TheMarkerFollowsTheFocusAndCellsAreStoredWhenLeft) {
     Desk desk;
     PutPanels(3);
-    desk.click(ChkButton(3));
+    desk.click(kPanelTableTool);
     const Element marker = Cell("FEAPLAK", "Isaret"), cell = Cell("FEAPLAK", "D", 2);
     desk.window.Type(cell, "12,5");
     EXPECT_TRUE(desk.window.Shown(marker));
@@ -88,7 +88,7 @@ TEST(PanelTableForm, ConfirmingClosesTheGapsAnyOtherWayOutDoesNot) {
     Desk desk;
     PutPanels(4);
     for (const bool confirmed : {false, true}) {
-        desk.click(ChkButton(3));
+        desk.click(kPanelTableTool);
         desk.window.Type(Cell("FEAPLAK", "No", 1), "");
         desk.window.Press(Key::Down);
         if (confirmed)
@@ -98,7 +98,7 @@ TEST(PanelTableForm, ConfirmingClosesTheGapsAnyOtherWayOutDoesNot) {
         // a panel that moved up leaves its copy behind the count
         EXPECT_EQ(PanelNos(), confirmed ? "1 3 4 4 0 0 0 0 " : "1 0 3 4 0 0 0 0 ");
         EXPECT_EQ(PanelCount, confirmed ? 3 : 4);
-        EXPECT_FALSE(desk.window.Checked(ChkButton(3)));
+        EXPECT_FALSE(desk.window.Checked(kPanelTableTool));
         EXPECT_TRUE(desk.window.formState(kMain).enabled);
     }
 }
@@ -106,7 +106,7 @@ TEST(PanelTableForm, ConfirmingClosesTheGapsAnyOtherWayOutDoesNot) {
 TEST(Paging, KeysWalkTheColumnsOfARow) {
     Desk desk;
     PutNode(1, 12.5, 0, 3);
-    desk.click(ChkButton(6));
+    desk.click(kNodeTableTool);
     desk.window.Press(Key::Left); // nothing before the first column
     EXPECT_EQ(desk.window.focused(), Cell("KOORBIL", "X"));
     desk.window.Press(Key::Enter);
@@ -130,11 +130,12 @@ TEST(Paging, KeysWalkTheColumnsOfARow) {
 }
 
 TEST(Paging, PagesMoveByTenAndStopAtBothEnds) {
-    for (const auto &[form, column, tool, last] :
-         {std::tuple{"FEAPLAK", "No", 3, 990}, {"MESHBIL", "I", 5, 4990}, {"KOORBIL", "X", 6, 4990}}) {
+    for (const auto &[form, column, tool, last] : {std::tuple{"FEAPLAK", "No", kPanelTableTool, 990},
+                                                   {"MESHBIL", "I", kMeshTableTool, 4990},
+                                                   {"KOORBIL", "X", kNodeTableTool, 4990}}) {
         SCOPED_TRACE(form);
         Desk desk;
-        desk.click(ChkButton(tool));
+        desk.click(tool);
         desk.window.Press(Key::PageUp);
         EXPECT_EQ(TabloUst, 0);
         desk.window.Press(Key::PageDown);
@@ -166,7 +167,7 @@ TEST(Paging, PagesMoveByTenAndStopAtBothEnds) {
 TEST(NodeTableForm, OnlyAMoveOfMoreThanAMillimetreRedraws) {
     Desk desk;
     PutNode(1, 1, 1, 0);
-    desk.click(ChkButton(6));
+    desk.click(kNodeTableTool);
     for (const auto &[typed, drawn] : {std::pair{"1.001", false}, {"1.003", true}}) {
         desk.window.Type(Cell("KOORBIL", "X"), typed);
         desk.scr.log.clear();
@@ -181,7 +182,7 @@ TEST(NodeTableForm, SupportsAreStoredAtTheNextSaveOnly) {
     PutNode(1, 1, 1, 0);
     PutNode(2, 2, 1, 0);
     NoktaTable[2].Mesnet = 6;
-    desk.click(ChkButton(6));
+    desk.click(kNodeTableTool);
     EXPECT_FALSE(desk.window.Checked(Cell("KOORBIL", "Rx", 1)));
     EXPECT_TRUE(desk.window.Checked(Cell("KOORBIL", "Ry", 1)));
     EXPECT_TRUE(desk.window.Checked(Cell("KOORBIL", "Dz", 1)));
@@ -200,15 +201,15 @@ TEST(NodeTableForm, ClosingEndsTheModelAtTheFirstRowOfZeros) {
     for (const int i : {1, 2, 4, 5})
         PutNode(i, i, 0, 0);
     NoktaTable[3].Mesnet = 7;
-    desk.click(ChkButton(6));
+    desk.click(kNodeTableTool);
     desk.window.CloseForm("KOORBIL");
     EXPECT_EQ(NoktaCount, 2);
     EXPECT_EQ(NoktaTable[3].Mesnet, 0);
     EXPECT_EQ(NoktaTable[4].X, 4.0);
-    EXPECT_FALSE(desk.window.Checked(ChkButton(6)));
+    EXPECT_FALSE(desk.window.Checked(kNodeTableTool));
     for (int i = 2; i <= kNoktaCapacity; ++i)
         PutNode(i, 1, 1, 1);
-    desk.click(ChkButton(6));
+    desk.click(kNodeTableTool);
     desk.window.CloseForm("KOORBIL");
     EXPECT_EQ(NoktaCount, 0); // no row of zeros is met
 }
@@ -216,7 +217,7 @@ TEST(NodeTableForm, ClosingEndsTheModelAtTheFirstRowOfZeros) {
 TEST(MeshTableForm, TheCheckMarkIsOneMinusSil) {
     Desk desk;
     MeshTable[2].Sil = 1;
-    desk.click(ChkButton(5));
+    desk.click(kMeshTableTool);
     EXPECT_TRUE(desk.window.Checked(Cell("MESHBIL", "Acik", 0)));
     EXPECT_FALSE(desk.window.Checked(Cell("MESHBIL", "Acik", 1)));
     desk.click(Cell("MESHBIL", "Acik", 0));
@@ -225,14 +226,14 @@ TEST(MeshTableForm, TheCheckMarkIsOneMinusSil) {
     EXPECT_EQ(MeshTable[1].Sil, 1);
     EXPECT_EQ(MeshTable[1].N4, 4999);
     desk.window.CloseForm("MESHBIL");
-    EXPECT_FALSE(desk.window.Checked(ChkButton(5)));
+    EXPECT_FALSE(desk.window.Checked(kMeshTableTool));
     EXPECT_TRUE(desk.window.formState(kMain).enabled);
 }
 
 TEST(RowPopup, OpensBesideTheMarkerAndGivesTheRowBack) {
     Desk desk;
     PutPanels(12);
-    desk.click(ChkButton(3));
+    desk.click(kPanelTableTool);
     desk.window.Press(Key::PageDown);
     desk.window.Type(Cell("FEAPLAK", "D", 1), "77");
     ASSERT_TRUE(desk.click(Cell("FEAPLAK", "Isaret")));
@@ -259,7 +260,7 @@ TEST(RowPopup, OpensBesideTheMarkerAndGivesTheRowBack) {
 
 TEST(RowPopup, PanelsAreCountedToTheFirstGapAndMoved) {
     Desk desk;
-    desk.click(ChkButton(3));
+    desk.click(kPanelTableTool);
     PutPanels(3);
     Choose(desk, "1", 1, 0);
     EXPECT_EQ(PanelNos(), "0 1 2 3 0 0 0 0 "); // the blank record 0 comes in
@@ -282,7 +283,7 @@ TEST(RowPopup, PanelsAreCountedToTheFirstGapAndMoved) {
 
 TEST(RowPopup, MeshesWithoutFourNodesFallOutAndTheLastRecordIsTheBlank) {
     Desk desk;
-    desk.click(ChkButton(5));
+    desk.click(kMeshTableTool);
     for (int i = 1; i <= 4; ++i) {
         MeshTable[i].N1 = MeshTable[i].N2 = MeshTable[i].N3 = i;
         MeshTable[i].N4 = i == 2 ? 0 : i;
@@ -305,7 +306,7 @@ TEST(RowPopup, MeshesWithoutFourNodesFallOutAndTheLastRecordIsTheBlank) {
 
 TEST(RowPopup, NodesOnAnAxisFallOut) {
     Desk desk;
-    desk.click(ChkButton(6));
+    desk.click(kNodeTableTool);
     PutNode(1, 0, 5, 1);
     PutNode(2, 2, 2, 0);
     PutNode(3, -1, 3, 1);

@@ -62,31 +62,31 @@ TEST(Tools, EveryButtonIsMadeOnceAndArmsWhatItsRowSays) {
 
 TEST(Tools, OnlyOneOfAGroupStaysDownAndMainToolsLeaveTheDrawingOnesDown) {
     Desk desk;
-    desk.click(Check2(0));
-    desk.click(Check2(6));
-    desk.click(Check1(2)); // another group
+    desk.click(kPanelCopyTool);
+    desk.click(kPolygonTool);
+    desk.click(kMeshOnOffTool); // another group
     EXPECT_EQ(CheckedCount(desk), 2);
-    desk.click(ChkButton(9));
-    EXPECT_TRUE(desk.window.Checked(Check2(6))); // wanted
-    EXPECT_FALSE(desk.window.Checked(Check1(2)));
+    desk.click(kNewTool);
+    EXPECT_TRUE(desk.window.Checked(kPolygonTool)); // wanted
+    EXPECT_FALSE(desk.window.Checked(kMeshOnOffTool));
     EXPECT_EQ(CommandState, 0);
-    desk.click(Command(2));
-    EXPECT_TRUE(desk.window.Checked(Check2(6)));
+    desk.click(kIsometricTool);
+    EXPECT_TRUE(desk.window.Checked(kPolygonTool));
     desk.cancel();
-    EXPECT_FALSE(desk.window.Checked(Check2(6)));
-    desk.click(Check2(3));
-    desk.click(Command(1)); // the zoom leaves what is armed
-    EXPECT_TRUE(desk.window.Checked(Check2(3)));
+    EXPECT_FALSE(desk.window.Checked(kPolygonTool));
+    desk.click(kEdgeMoveTool);
+    desk.click(kZoomWinTool); // the zoom leaves what is armed
+    EXPECT_TRUE(desk.window.Checked(kEdgeMoveTool));
     EXPECT_EQ(CommandState, kEdgeMove);
-    desk.click(Command(3)); // in plan nothing turns, the buttons come up, the command stays armed: wanted
-    EXPECT_FALSE(desk.window.Checked(Check2(3)));
+    desk.click(kTurnLeftTool); // in plan nothing turns, the buttons come up, the command stays armed: wanted
+    EXPECT_FALSE(desk.window.Checked(kEdgeMoveTool));
     EXPECT_EQ(CommandState, kEdgeMove);
 }
 
 TEST(Tools, CancellingClearsWhatIsPendingAndNothingElse) {
     Desk desk;
     AddWall();
-    desk.click(Check2(6));
+    desk.click(kPolygonTool);
     EXPECT_TRUE(desk.window.FormShown(kTool1));
     EXPECT_EQ(desk.window.formState(kTool1).place, (Place{1024 * 15 - desk.window.FormWidth(kTool1), 0}));
     EXPECT_TRUE(desk.window.formState(kTool1).onTop);
@@ -115,41 +115,41 @@ TEST(Tools, CancellingClearsWhatIsPendingAndNothingElse) {
 
 TEST(Tools, ViewCommandsTurnAndSwitch) {
     Desk desk;
-    EXPECT_EQ(desk.window.state(Command(2)).picture, 13);
-    desk.click(Command(2));
+    EXPECT_EQ(desk.window.state(kIsometricTool).picture, 13);
+    desk.click(kIsometricTool);
     EXPECT_EQ(IsoView, 1);
-    EXPECT_EQ(desk.window.state(Command(2)).picture, 18);
-    EXPECT_FALSE(desk.window.Enabled(Check1(3)));
+    EXPECT_EQ(desk.window.state(kIsometricTool).picture, 18);
+    EXPECT_FALSE(desk.window.Enabled(kNodeMoveTool));
     for (int i = 0; i <= 7; ++i)
         EXPECT_EQ(desk.window.Enabled(Check2(i)), i >= 2 && i <= 4) << i;
     const double before = ViewAngleB;
     const int copies = desk.window.copies;
-    desk.click(Command(4));
-    desk.click(Command(4));
-    desk.click(Command(3));
+    desk.click(kTurnRightTool);
+    desk.click(kTurnRightTool);
+    desk.click(kTurnLeftTool);
     EXPECT_DOUBLE_EQ(ViewAngleB, before + 0.2);
     EXPECT_EQ(desk.window.copies, copies + 3);
-    desk.click(Command(2));
+    desk.click(kIsometricTool);
     EXPECT_EQ(IsoView, 0);
-    EXPECT_TRUE(desk.window.Enabled(Check1(3)));
-    desk.click(Command(4)); // nothing in plan
+    EXPECT_TRUE(desk.window.Enabled(kNodeMoveTool));
+    desk.click(kTurnRightTool); // nothing in plan
     EXPECT_DOUBLE_EQ(ViewAngleB, before + 0.2);
 
     PutPlak(Rectangle(0, 0, 4, 3));
-    desk.click(Command(5)); // no meshes: stays
+    desk.click(kPlateMeshTool); // no meshes: stays
     EXPECT_EQ(GorunusModu, 1);
     AddGrid(2, 2);
-    desk.click(Command(5));
+    desk.click(kPlateMeshTool);
     EXPECT_EQ(GorunusModu, 2);
-    EXPECT_EQ(desk.window.state(Command(5)).picture, 5);
+    EXPECT_EQ(desk.window.state(kPlateMeshTool).picture, 5);
     EXPECT_TRUE(desk.window.Shown(Frame(1)));
     EXPECT_FALSE(desk.window.Shown(Frame(2)));
     HavuzTip = 6;
-    desk.click(Command(5));
+    desk.click(kPlateMeshTool);
     EXPECT_EQ(GorunusModu, 2);
     HavuzTip = 5;
-    desk.click(Command(5));
-    EXPECT_EQ(desk.window.state(Command(5)).picture, 4);
+    desk.click(kPlateMeshTool);
+    EXPECT_EQ(desk.window.state(kPlateMeshTool).picture, 4);
     EXPECT_EQ(GorunusModu, 1);
 }
 
@@ -157,23 +157,23 @@ TEST(Tools, NodesHideAndShowWithBothClicks) {
     Desk desk;
     AddGrid(1, 1);
     desk.main.DrawMeshView();
-    desk.click(Check1(0));
+    desk.click(kPointLoadTool);
     EXPECT_TRUE(desk.window.Shown(Frame(3)));
-    desk.click(Check1(4));
+    desk.click(kHideNodesTool);
     EXPECT_EQ(NodesHidden, 1);
     EXPECT_EQ(CommandState, kPointLoad); // goes on, though its button came up
-    EXPECT_FALSE(desk.window.Checked(Check1(0)));
-    desk.click(Check1(4));
+    EXPECT_FALSE(desk.window.Checked(kPointLoadTool));
+    desk.click(kHideNodesTool);
     EXPECT_EQ(NodesHidden, 0);
 }
 
 TEST(Tools, EdgeMovesShowThePaletteOfTheirView) {
     Desk desk;
-    desk.click(Check2(3));
+    desk.click(kEdgeMoveTool);
     EXPECT_TRUE(desk.window.FormShown(kTool3));
-    desk.click(Command(2));
+    desk.click(kIsometricTool);
     EXPECT_FALSE(desk.window.FormShown(kTool3));
-    desk.click(Check2(3));
+    desk.click(kEdgeMoveTool);
     EXPECT_TRUE(desk.window.FormShown(kTool2));
     EXPECT_EQ(PickStage, 0);
     AddWall();
@@ -189,26 +189,28 @@ TEST(Tools, EdgeMovesShowThePaletteOfTheirView) {
     EXPECT_EQ(desk.prompt(), "PLAK KENARI veya NOKTA SECIN < ESC : IPTAL >");
     desk.click(Tool2Option(0));
     desk.cancel();
-    desk.click(Check2(3)); // the palette still says so
+    desk.click(kEdgeMoveTool); // the palette still says so
     EXPECT_EQ(PickStage, -1);
 }
 
 TEST(Tools, MainToolsOpenTheirDialogs) {
     const struct {
-        int index;
+        Element tool;
         const char *form;
         bool mainEnabled;
-    } cases[] = {{0, "POOLGEN", true},  {1, "donsec", false},  {2, "POOLlib", false},  {3, "FEAPLAK", false},
-                 {5, "MESHBIL", false}, {6, "KOORBIL", false}, {10, "LOADFILE", true}, {11, "BILGI", false}};
+    } cases[] = {{kGeneralDataTool, "POOLGEN", true}, {kMaterialTool, "donsec", false},
+                 {kLibraryTool, "POOLlib", false},    {kPanelTableTool, "FEAPLAK", false},
+                 {kMeshTableTool, "MESHBIL", false},  {kNodeTableTool, "KOORBIL", false},
+                 {kOpenTool, "LOADFILE", true},       {kSaveTool, "BILGI", false}};
     for (const auto &c : cases) {
         SCOPED_TRACE(c.form);
         ResetAll();
         Desk desk;
-        ASSERT_TRUE(desk.click(ChkButton(c.index)));
+        ASSERT_TRUE(desk.click(c.tool));
         EXPECT_TRUE(desk.window.FormShown(c.form));
         EXPECT_EQ(desk.window.FormPlace(c.form), (Place{800, 900}));
         EXPECT_EQ(desk.window.formState(kMain).enabled, c.mainEnabled);
-        EXPECT_FALSE(desk.click(Command(0))); // out of reach either way
+        EXPECT_FALSE(desk.click(kZoomAllTool)); // out of reach either way
     }
     EXPECT_EQ(ProjeAdi, "HAVUZ"); // the last one offers it
 }
@@ -217,30 +219,30 @@ TEST(Tools, NewProjectReturnsToPlan) {
     Desk desk;
     AddWall();
     AddGrid(2, 2);
-    desk.click(Command(2));
+    desk.click(kIsometricTool);
     desk.main.DrawMeshView();
-    desk.click(ChkButton(9));
+    desk.click(kNewTool);
     EXPECT_EQ(PanelCount + MeshCount + NoktaCount, 0);
     EXPECT_EQ(IsoView, 0);
     EXPECT_EQ(GorunusModu, 1);
-    EXPECT_TRUE(desk.window.Enabled(Check1(3)));
-    EXPECT_EQ(desk.window.state(Command(2)).picture, 13);
-    EXPECT_EQ(desk.window.state(Command(5)).picture, 4);
+    EXPECT_TRUE(desk.window.Enabled(kNodeMoveTool));
+    EXPECT_EQ(desk.window.state(kIsometricTool).picture, 13);
+    EXPECT_EQ(desk.window.state(kPlateMeshTool).picture, 4);
 }
 
 TEST(Tools, AutoMeshTakesThePathOfTheModel) {
     Desk desk;
     AddSmallPool();
     HavuzTip = 1;
-    desk.click(ChkButton(4));
+    desk.click(kAutoMeshTool);
     EXPECT_EQ(MeshCount, 8);
     EXPECT_EQ(NoktaCount, 15);
     EXPECT_EQ(GorunusModu, 2);
-    desk.click(ChkButton(4)); // the button was still down: the second click only clears it, wanted
+    desk.click(kAutoMeshTool); // the button was still down: the second click only clears it, wanted
     MeshCount = 0;
     PutPlak(Rectangle(10, 0, 4, 3)); // a plate: the general path, which does not mesh a base panel
     desk.main.DrawPlateView();
-    desk.click(ChkButton(4));
+    desk.click(kAutoMeshTool);
     EXPECT_EQ(MeshCount, 12);
     EXPECT_EQ(MeshTable[1].PanelNo, 1001);
     EXPECT_EQ(GorunusModu, 1);
@@ -248,17 +250,17 @@ TEST(Tools, AutoMeshTakesThePathOfTheModel) {
 
 TEST(Tools, ProgramsAreStartedWithTheProject) {
     Desk desk;
-    EXPECT_FALSE(desk.click(ChkButton(7)));
-    EXPECT_FALSE(desk.click(ChkButton(8)));
+    EXPECT_FALSE(desk.click(kAnalysisTool));
+    EXPECT_FALSE(desk.click(kResultsTool));
     AddSmallPool();
     HavuzTip = 1;
-    desk.click(ChkButton(4));
+    desk.click(kAutoMeshTool);
     SaveProject(desk.program.file("P.POL"), desk.main);
     const HeadlessWindow::Started started{desk.program.path() + "/RAPORCU.EXE", desk.program.file("P")};
     desk.main.EnableResults(true);
-    EXPECT_EQ(EndStatus([&] { desk.click(ChkButton(8)); }), 0);
+    EXPECT_EQ(EndStatus([&] { desk.click(kResultsTool); }), 0);
     EXPECT_EQ(desk.window.started, std::vector{started});
-    EXPECT_EQ(EndStatus([&] { desk.click(ChkButton(7)); }), 0);
+    EXPECT_EQ(EndStatus([&] { desk.click(kAnalysisTool); }), 0);
     EXPECT_EQ(desk.window.started.size(), 2U);
     EXPECT_EQ(desk.window.started.back(), started);
     EXPECT_EQ(ReadBytes(CalismaDizini + "/WORKPOOL"), desk.program.file("P") + "\r\n");
@@ -272,62 +274,62 @@ TEST(Tools, AnOutputProgramThatCannotBeStartedIsTold) {
     Desk desk;
     desk.window.programsStart = false;
     desk.main.EnableResults(true);
-    EXPECT_EQ(EndStatus([&] { desk.click(ChkButton(8)); }), 0);
+    EXPECT_EQ(EndStatus([&] { desk.click(kResultsTool); }), 0);
     EXPECT_EQ(desk.window.errors, std::vector{"havuz: " + desk.program.path() + "/RAPORCU.EXE: cannot be started"});
 }
 
 TEST(Tools, AToolThatIsStillDownRunsAgainByItsKey) {
     Desk desk;
     AddWall();
-    EXPECT_TRUE(desk.window.ClickTool(ChkButton(9)));
+    EXPECT_TRUE(desk.window.ClickTool(kNewTool));
     AddWall();
-    EXPECT_TRUE(desk.window.ClickTool(ChkButton(9)));
+    EXPECT_TRUE(desk.window.ClickTool(kNewTool));
     EXPECT_EQ(PanelCount, 0);
-    EXPECT_TRUE(desk.window.Checked(ChkButton(9)));
-    EXPECT_FALSE(desk.window.ClickTool(ChkButton(7))); // disabled
-    desk.click(ChkButton(3));
-    EXPECT_FALSE(desk.window.ClickTool(ChkButton(3))); // behind its dialog
+    EXPECT_TRUE(desk.window.Checked(kNewTool));
+    EXPECT_FALSE(desk.window.ClickTool(kAnalysisTool)); // disabled
+    desk.click(kPanelTableTool);
+    EXPECT_FALSE(desk.window.ClickTool(kPanelTableTool)); // behind its dialog
 }
 
 TEST(Tools, ExportsAskForANameAndComeUpAgain) {
     Desk desk;
-    desk.click(ChkButton(12)); // no meshes: no question
+    desk.click(kSapTool); // no meshes: no question
     EXPECT_TRUE(desk.window.questions.empty());
     AddSmallPool();
     HavuzTip = 1;
-    desk.click(ChkButton(4));
+    desk.click(kAutoMeshTool);
     ProjeAdi = "P";
     desk.window.saveNames = {desk.program.file("p.sap"), ""};
-    desk.click(ChkButton(12));
-    desk.click(ChkButton(13)); // cancelled
+    desk.click(kSapTool);
+    desk.click(kStaadTool); // cancelled
     ASSERT_EQ(desk.window.questions.size(), 2U);
     EXPECT_EQ(desk.window.questions[0], (SaveQuestion{"SAP90 PROGRAMI ICIN BIR DOSYA ADI GIRINIZ", "", "P"}));
     EXPECT_FALSE(ReadBytes(desk.program.file("p.sap")).empty());
-    EXPECT_FALSE(desk.window.Checked(ChkButton(12)));
-    EXPECT_FALSE(desk.window.Checked(ChkButton(13)));
+    EXPECT_FALSE(desk.window.Checked(kSapTool));
+    EXPECT_FALSE(desk.window.Checked(kStaadTool));
 }
 
 TEST(Tools, TopBarEndsMinimisesAndHelps) {
     Desk desk;
-    desk.click(TopBar(2)); // no help file
+    desk.click(kHelpButton); // no help file
     EXPECT_TRUE(desk.window.helps.empty());
     WriteBytes(desk.program.file("vek9.chm"), "x");
     WriteBytes(desk.program.file("vek9$.chm"), "x");
-    desk.click(TopBar(2));
+    desk.click(kHelpButton);
     EXPECT_EQ(desk.window.helps, std::vector{desk.program.file("vek9.chm")});
     RecordingSurface scr;
     HeadlessWindow window(scr);
     MainWindow dollar(window, "/opt/havuz$");
     OnTopBar(dollar, kHelpButton);
     EXPECT_EQ(window.helps, std::vector{desk.program.file("vek9$.chm")});
-    desk.click(TopBar(0));
+    desk.click(kEndButton);
     EXPECT_EQ(desk.window.FormPlace("ENDKONT"), (Place{1024 * 15 - desk.window.FormWidth("ENDKONT") - 90, 800}));
     desk.main.EnableMainWindow();
     desk.window.HideForm("ENDKONT");
     desk.window.CloseForm(kMain); // asks the same
     EXPECT_TRUE(desk.window.FormShown("ENDKONT"));
     desk.main.EnableMainWindow();
-    desk.click(TopBar(1));
+    desk.click(kMinimiseButton);
     EXPECT_TRUE(desk.window.formState(kMain).minimised);
 }
 
@@ -373,17 +375,17 @@ TEST(Tools, TheOverviewOpensZoomsAndGoesAway) {
 
 TEST(Tools, HotColourFollowsThePointer) {
     Desk desk;
-    desk.window.Hover(ChkButton(3));
-    desk.window.Hover(Command(0));
-    EXPECT_EQ(desk.window.state(ChkButton(3)).colour, Rgb(255, 200, 150)); // another group
-    desk.window.Hover(ChkButton(4));
-    EXPECT_EQ(desk.window.state(ChkButton(3)).colour, kButtonColour);
+    desk.window.Hover(kPanelTableTool);
+    desk.window.Hover(kZoomAllTool);
+    EXPECT_EQ(desk.window.state(kPanelTableTool).colour, Rgb(255, 200, 150)); // another group
+    desk.window.Hover(kAutoMeshTool);
+    EXPECT_EQ(desk.window.state(kPanelTableTool).colour, kButtonColour);
     desk.window.Tick(); // still over ChkButton (4): the view command cools
-    EXPECT_EQ(desk.window.state(Command(0)).colour, kButtonColour);
-    EXPECT_EQ(desk.window.state(ChkButton(4)).colour, Rgb(255, 200, 150));
+    EXPECT_EQ(desk.window.state(kZoomAllTool).colour, kButtonColour);
+    EXPECT_EQ(desk.window.state(kAutoMeshTool).colour, Rgb(255, 200, 150));
     desk.window.underPointer = {};
     desk.window.Tick();
-    EXPECT_EQ(desk.window.state(ChkButton(4)).colour, kButtonColour);
+    EXPECT_EQ(desk.window.state(kAutoMeshTool).colour, kButtonColour);
     EXPECT_EQ(HotTool, (std::array{-1, -1, -1, -1}));
 }
 
@@ -410,10 +412,10 @@ TEST(MainWindow, AProjectOfTheCommandLineIsShownTurned) {
     Desk desk(save, "P");
     EXPECT_EQ(MeshCount, 1);
     EXPECT_EQ(IsoView, 1);
-    EXPECT_EQ(desk.window.state(Command(2)).picture, 18);
-    EXPECT_FALSE(desk.window.Enabled(Check1(3)));
-    EXPECT_TRUE(desk.window.Enabled(ChkButton(7)));
-    EXPECT_TRUE(desk.window.Enabled(ChkButton(8)));
+    EXPECT_EQ(desk.window.state(kIsometricTool).picture, 18);
+    EXPECT_FALSE(desk.window.Enabled(kNodeMoveTool));
+    EXPECT_TRUE(desk.window.Enabled(kAnalysisTool));
+    EXPECT_TRUE(desk.window.Enabled(kResultsTool));
     EXPECT_TRUE(desk.window.Shown(Frame(1)));
     EXPECT_EQ(desk.window.copies, 1);
 }
@@ -453,8 +455,8 @@ TEST(MainWindow, AFailingMeshingCommandLeavesTheModelAndSaysSo) {
     for (const auto &c : cases) {
         PanelTable[1].Nx = c.nx;
         const std::string before = ProjectText();
-        desk.window.SetChecked(ChkButton(4), false);
-        desk.click(ChkButton(4));
+        desk.window.SetChecked(kAutoMeshTool, false);
+        desk.click(kAutoMeshTool);
         EXPECT_EQ(desk.prompt(), c.prompt);
         EXPECT_EQ(ProjectText(), before);
         EXPECT_EQ(NokYukTable[2].FZ, 3);

@@ -84,7 +84,7 @@ TEST(ViewHabits, APlaceBeyondThePixelsEndsTheCommandOnly) {
     for (const int view : {1, 2}) {
         ResetAll();
         ModelDesk desk(view);
-        desk.click(view == 1 ? Check2(7) : Check1(0));
+        desk.click(view == 1 ? kCutTool : kPointLoadTool);
         Pan(desk, 1e12, 0);
         EXPECT_EQ(desk.prompt().rfind("ZOOM YAPILAMADI, SAYI ALANINA SIGMIYOR: ", 0), 0U) << desk.prompt();
         EXPECT_EQ(view == 1 ? PlateOffsetX : MeshOffsetX, 30);
@@ -99,7 +99,7 @@ TEST(ViewHabits, APlaceBeyondThePixelsEndsTheCommandOnly) {
 TEST(ViewHabits, APointInTheRotatedViewComesBack) {
     Desk desk;
     AddFlat(1, 1, 0, 0);
-    desk.click(Command(2));
+    desk.click(kIsometricTool);
     const double offset = PlateOffsetX;
     EXPECT_EQ(EndStatus([&] { Pan(desk, 1e12, 0); }), -1);
     EXPECT_EQ(PlateOffsetX, offset);
@@ -107,7 +107,7 @@ TEST(ViewHabits, APointInTheRotatedViewComesBack) {
 
 TEST(ViewHabits, AVerticalPlateIsDrawnThroughTheMovedView) {
     ModelDesk desk(1);
-    desk.click(Check2(5));
+    desk.click(kVerticalPlateTool);
     desk.press(Desk::at(6, 6));
     Wheel(desk, 3, {100, 250});
     Pan(desk, 40, 13);
@@ -128,7 +128,7 @@ TEST(ViewHabits, AVerticalPlateIsDrawnThroughTheMovedView) {
 
 TEST(ViewHabits, BandsGoAlongAndTheirPanelsLieWhereTheyWerePicked) {
     ModelDesk desk(1);
-    desk.click(Check2(0));
+    desk.click(kPanelCopyTool);
     desk.move(Desk::at(2, 2));
     Wheel(desk, 1, {50, 50}); // before the first pick
     desk.press(Desk::at(2, 2));
@@ -145,7 +145,7 @@ TEST(ViewHabits, BandsGoAlongAndTheirPanelsLieWhereTheyWerePicked) {
 
 TEST(ViewHabits, APolygonGoesOnAcrossPans) {
     ModelDesk desk(1);
-    desk.click(Check2(6));
+    desk.click(kPolygonTool);
     desk.press(Desk::at(6, 6));
     desk.press(Desk::at(9, 6));
     desk.scr.log.clear();
@@ -161,7 +161,7 @@ TEST(ViewHabits, APolygonGoesOnAcrossPans) {
 
 TEST(ViewHabits, ACaughtEdgeKeepsItsMarkerThroughZoomAndPress) {
     ModelDesk desk(1);
-    desk.click(Check2(3));
+    desk.click(kEdgeMoveTool);
     Wheel(desk, 4, {100, 100});
     desk.move(Desk::at(4, 2)); // the right edge of panel 1
     ASSERT_GT(EdgeHitCount, 0);
@@ -181,7 +181,7 @@ TEST(ViewHabits, ACaughtEdgeKeepsItsMarkerThroughZoomAndPress) {
 
 TEST(ViewHabits, MeshPicksAndTheZoomWindowGoAlong) {
     ModelDesk desk(2);
-    desk.click(Check1(3));
+    desk.click(kNodeMoveTool);
     desk.move(MeshScreen(1, 1, 0));
     Wheel(desk, 2, {100, 90});
     desk.press(MeshScreen(1, 1, 0));
@@ -193,7 +193,7 @@ TEST(ViewHabits, MeshPicksAndTheZoomWindowGoAlong) {
     EXPECT_NEAR(NoktaTable[5].X, 1.4, 1e-6);
     desk.cancel();
 
-    desk.click(Command(1));
+    desk.click(kZoomWinTool);
     desk.press(MeshScreen(5, 5, 0));
     desk.move(MeshScreen(10, 15, 0));
     Wheel(desk, -1, {10, 300});

@@ -12,19 +12,19 @@ namespace havuz {
 
 static Element In(std::string_view form, std::string_view name, int index = 0) { return {form, name, index}; }
 
-static bool Open(WindowDesk &desk, int tool, std::string_view form) {
-    return desk.click(ChkButton(tool)) && desk.waitFor([&] { return desk.window.FormShown(form); });
+static bool Open(WindowDesk &desk, Element tool, std::string_view form) {
+    return desk.click(tool) && desk.waitFor([&] { return desk.window.FormShown(form); });
 }
 
 // Hidden, the main window at work again, its tool cleared.
-static bool Closed(WindowDesk &desk, int tool, std::string_view form) {
+static bool Closed(WindowDesk &desk, Element tool, std::string_view form) {
     desk.settle();
     return !desk.window.FormShown(form) && !desk.window.formWidget(form)->isVisible() &&
-           desk.window.formReachable(kMain) && !desk.window.Checked(ChkButton(tool));
+           desk.window.formReachable(kMain) && !desk.window.Checked(tool);
 }
 
 struct ToolDialog {
-    int tool;
+    Element tool;
     std::string_view form;
     Element box; // no name: none to fill
     bool cancels;
@@ -32,14 +32,14 @@ struct ToolDialog {
 
 TEST(dialogs, EachOpensTakesTextAndClosesInEachWay) {
     WindowDesk desk("");
-    const ToolDialog dialogs[] = {{0, "POOLGEN", In("POOLGEN", "Tex", 2), false},
-                                  {1, "donsec", {}, true},
-                                  {2, "POOLlib", In("POOLlib", "Ortak", 2), true},
-                                  {3, "FEAPLAK", In("FEAPLAK", "No", 3), false},
-                                  {5, "MESHBIL", In("MESHBIL", "I", 3), false},
-                                  {6, "KOORBIL", In("KOORBIL", "X", 3), false},
-                                  {10, "LOADFILE", {}, true},
-                                  {11, "BILGI", In("BILGI", "Tex"), true}};
+    const ToolDialog dialogs[] = {{kGeneralDataTool, "POOLGEN", In("POOLGEN", "Tex", 2), false},
+                                  {kMaterialTool, "donsec", {}, true},
+                                  {kLibraryTool, "POOLlib", In("POOLlib", "Ortak", 2), true},
+                                  {kPanelTableTool, "FEAPLAK", In("FEAPLAK", "No", 3), false},
+                                  {kMeshTableTool, "MESHBIL", In("MESHBIL", "I", 3), false},
+                                  {kNodeTableTool, "KOORBIL", In("KOORBIL", "X", 3), false},
+                                  {kOpenTool, "LOADFILE", {}, true},
+                                  {kSaveTool, "BILGI", In("BILGI", "Tex"), true}};
     for (const ToolDialog &dialog : dialogs) {
         SCOPED_TRACE(std::string(dialog.form));
         ASSERT_TRUE(Open(desk, dialog.tool, dialog.form));

@@ -43,7 +43,7 @@ TEST(habits, TheWheelZoomsAboutThePointerAndTheMiddleButtonPans) {
     hand::Release(2);
     EXPECT_NEAR(NodePixels(48).x, zoomed.x + 60.0, 1e-6);
     EXPECT_NEAR(NodePixels(48).y, zoomed.y - 40.0, 1e-6);
-    ASSERT_TRUE(desk.click(Command(0)));
+    ASSERT_TRUE(desk.click(kZoomAllTool));
     EXPECT_EQ(MeshScale, scale); // zoom all
 }
 
@@ -58,7 +58,7 @@ TEST(habits, StandardKeysCarryOutTheirToolsEachTime) {
     ASSERT_GT(PanelCount, 0);
     ASSERT_TRUE(desk.key("n", true));
     EXPECT_EQ(PanelCount, 0);
-    ASSERT_TRUE(desk.click(ChkButton(2)));
+    ASSERT_TRUE(desk.click(kLibraryTool));
     ASSERT_TRUE(desk.click(In("POOLlib", "Sayfa", 1)));
     ASSERT_TRUE(desk.click(In("POOLlib", "Tamam")));
     ASSERT_EQ(PanelCount, 9);
@@ -83,7 +83,7 @@ TEST(habits, HelpOpensThePageThatTheHelpFileNames) {
     EXPECT_TRUE(browser.shown.isEmpty()); // there is no help file
     WriteBytes(desk.program.file("vek9.chm"), "yardim.html\n");
     WriteBytes(desk.program.file("yardim.html"), "<html></html>");
-    ASSERT_TRUE(desk.click(TopBar(2)));
+    ASSERT_TRUE(desk.click(kHelpButton));
     EXPECT_EQ(browser.shown, QUrl::fromLocalFile(QString::fromStdString(desk.program.file("yardim.html"))));
     QDesktopServices::unsetUrlHandler("file");
 }
@@ -190,14 +190,14 @@ TEST(habits, AProjectDroppedOnTheWindowOpens) {
     EXPECT_EQ(MeshCount, 174);
     // a dialog keeps drops from the main window
     ASSERT_TRUE(desk.key("n", true));
-    ASSERT_TRUE(desk.click(ChkButton(2)));
+    ASSERT_TRUE(desk.click(kLibraryTool));
     QApplication::sendEvent(main, &drop);
     EXPECT_EQ(MeshCount, 0);
 }
 
 TEST(habits, TheRowMenuOfATableWorksBesideItsRow) {
     WindowDesk desk(kSample);
-    ASSERT_TRUE(desk.click(ChkButton(3)));
+    ASSERT_TRUE(desk.click(kPanelTableTool));
     ASSERT_TRUE(desk.click(In("FEAPLAK", "No", 2)));
     ASSERT_TRUE(desk.click(In("FEAPLAK", "Isaret")));
     ASSERT_TRUE(desk.window.FormShown("TOOL"));
@@ -222,7 +222,7 @@ TEST(habits, TheEndIsAskedFor) {
     desk.shot("end");
     ASSERT_TRUE(desk.click(In("ENDKONT", "Iptal")));
     EXPECT_FALSE(desk.window.ended());
-    ASSERT_TRUE(desk.click(TopBar(0)));
+    ASSERT_TRUE(desk.click(kEndButton));
     ASSERT_TRUE(desk.click(In("ENDKONT", "Tamam")));
     EXPECT_TRUE(desk.window.ended());
     EXPECT_EQ(desk.window.status(), 0);

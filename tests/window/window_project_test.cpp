@@ -15,7 +15,7 @@ static Element In(std::string_view form, std::string_view name, int index = 0) {
 TEST(project, RectangularPoolFromAnEmptyWindowToItsResults) {
     WindowDesk desk;
     desk.shot("01-empty");
-    ASSERT_TRUE(desk.click(ChkButton(2)));
+    ASSERT_TRUE(desk.click(kLibraryTool));
     ASSERT_TRUE(desk.click(In("POOLlib", "Sayfa", 1)));
     ASSERT_TRUE(desk.type(In("POOLlib", "Lx", 1), "8"));
     ASSERT_TRUE(desk.key("Return"));
@@ -24,19 +24,19 @@ TEST(project, RectangularPoolFromAnEmptyWindowToItsResults) {
     EXPECT_EQ(PanelCount, 9);
     EXPECT_EQ(Lx, 8.0);
     desk.shot("03-plates");
-    ASSERT_TRUE(desk.click(ChkButton(0)));
+    ASSERT_TRUE(desk.click(kGeneralDataTool));
     ASSERT_TRUE(desk.type(In("POOLGEN", "Tex", 0), "deneme"));
     desk.shot("04-general");
     ASSERT_TRUE(desk.click(In("POOLGEN", "Tamam")));
-    ASSERT_TRUE(desk.click(ChkButton(1)));
+    ASSERT_TRUE(desk.click(kMaterialTool));
     desk.shot("05-material");
     ASSERT_TRUE(desk.click(In("donsec", "Tamam")));
-    ASSERT_TRUE(desk.click(ChkButton(4)));
+    ASSERT_TRUE(desk.click(kAutoMeshTool));
     EXPECT_GT(MeshCount, 100);
     desk.shot("06-mesh");
 
     const ScreenPoint node = NodePixels(NoktaCount);
-    ASSERT_TRUE(desk.click(Check1(0)));
+    ASSERT_TRUE(desk.click(kPointLoadTool));
     ASSERT_TRUE(desk.move(node.x, node.y));
     const int loaded = SeciliNo;
     ASSERT_GT(loaded, 0);
@@ -48,13 +48,13 @@ TEST(project, RectangularPoolFromAnEmptyWindowToItsResults) {
     EXPECT_EQ(NokYukTable[loaded].FZ, 2.5);
     ASSERT_TRUE(desk.cancelAt(node.x, node.y));
 
-    ASSERT_TRUE(desk.click(ChkButton(11)));
+    ASSERT_TRUE(desk.click(kSaveTool));
     ASSERT_TRUE(desk.type(In("BILGI", "Tex"), "DENEME"));
     desk.shot("09-save");
     ASSERT_TRUE(desk.click(In("BILGI", "Tamam")));
     const std::string stem = CalismaDizini + "/DENEME";
     EXPECT_NE(ReadBytes(stem + ".POL"), "");
-    ASSERT_TRUE(desk.click(ChkButton(7)));
+    ASSERT_TRUE(desk.click(kAnalysisTool));
     EXPECT_TRUE(desk.window.ended());
     EXPECT_EQ(desk.window.status(), 0);
     EXPECT_EQ(desk.window.program, desk.program.path() + "/RAPORCU.EXE");
