@@ -51,10 +51,6 @@ Shares OverWhole(const Corners &p, const Vector3 &m, Density density) {
     return sum;
 }
 
-struct Flat {
-    double x = 0.0, y = 0.0;
-};
-
 // The quadrilateral in its mean plane.
 class FlatQuad {
 public:
@@ -68,7 +64,7 @@ public:
             corner[k] = {Dot(p[k] - p[0], x), Dot(p[k] - p[0], y)};
     }
     // The functions at a point: Newton's steps from the middle.
-    Shares functionsAt(const Flat &at) const {
+    Shares functionsAt(const PlanPoint &at) const {
         double xi = 0.0;
         double eta = 0.0;
         for (int step = 0; step < 50; ++step) {
@@ -98,16 +94,16 @@ public:
         }
         return Bilinear(xi, eta);
     }
-    std::array<Flat, 4> corner;
+    std::array<PlanPoint, 4> corner;
 };
 
 // The corners where value is above 0 and the points of the sides where it is 0.
-std::vector<Flat> WettedPart(const FlatQuad &quad, const Shares &value) {
-    std::vector<Flat> part;
+std::vector<PlanPoint> WettedPart(const FlatQuad &quad, const Shares &value) {
+    std::vector<PlanPoint> part;
     for (std::size_t k = 0; k < 4; ++k) {
         const std::size_t l = (k + 1) % 4;
-        const Flat &a = quad.corner[k];
-        const Flat &b = quad.corner[l];
+        const PlanPoint &a = quad.corner[k];
+        const PlanPoint &b = quad.corner[l];
         if (value[k] > 0.0)
             part.push_back(a);
         if ((value[k] > 0.0) != (value[l] > 0.0)) {
@@ -125,11 +121,13 @@ constexpr std::array<std::array<double, 2>, 4> kGauss = {{{0.069431844202973713,
                                                           {0.930568155797026287, 0.173927422568726929}}};
 
 template <class Density>
-void AddTriangle(const FlatQuad &quad, const Flat &a, const Flat &b, const Flat &c, Density density, Shares &sum) {
+void AddTriangle(const FlatQuad &quad, const PlanPoint &a, const PlanPoint &b, const PlanPoint &c, Density density,
+                 Shares &sum) {
     const double twice = (b.x - a.x) * (c.y - a.y) - (c.x - a.x) * (b.y - a.y);
     for (const auto &[u, weightU] : kGauss)
         for (const auto &[v, weightV] : kGauss) {
-            const Flat at{a.x + u * (b.x - a.x) + u * v * (c.x - b.x), a.y + u * (b.y - a.y) + u * v * (c.y - b.y)};
+            const PlanPoint at{a.x + u * (b.x - a.x) + u * v * (c.x - b.x),
+                               a.y + u * (b.y - a.y) + u * v * (c.y - b.y)};
             const Shares n = quad.functionsAt(at);
             const double weight = twice * u * weightU * weightV * density(n);
             for (std::size_t k = 0; k < 4; ++k)
@@ -145,7 +143,7 @@ Shares OverWetted(const Corners &p, const Vector3 &m, const Shares &value, Densi
     if (*std::min_element(value.begin(), value.end()) >= 0.0)
         return OverWhole(p, m, density);
     const FlatQuad quad(p);
-    const std::vector<Flat> part = WettedPart(quad, value);
+    const std::vector<PlanPoint> part = WettedPart(quad, value);
     Shares sum{};
     for (std::size_t k = 1; k + 1 < part.size(); ++k)
         AddTriangle(quad, part[0], part[k], part[k + 1], density, sum);

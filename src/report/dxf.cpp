@@ -14,19 +14,16 @@ namespace havuz::report {
 
 namespace {
 
-struct FlatPoint {
-    double u = 0.0, v = 0.0; // m, in the axes of a panel laid flat
-};
-
+// Points are in the axes of a panel laid flat, m.
 struct FlatMesh {
     std::size_t place = 0; // in Tank::meshes
-    std::array<FlatPoint, 4> corner{};
+    std::array<PlanPoint, 4> corner{};
 };
 
 struct FlatMeshes {
     int panel = 0, kind = 0;
     std::vector<FlatMesh> meshes;
-    FlatPoint low, high; // box around them
+    PlanPoint low, high; // box around them
 };
 
 // The faces of a panel by themselves.
@@ -40,8 +37,8 @@ FlatMeshes LayFlat(const consistent::Tank &tank, int panel) {
         for (std::size_t k = 0; k < 4; ++k) {
             const SpacePoint &p = scene.faces[flat.meshes.size()].at[k];
             mesh.corner[k] = {p.x, p.y};
-            flat.low = {std::min(flat.low.u, p.x), std::min(flat.low.v, p.y)};
-            flat.high = {std::max(flat.high.u, p.x), std::max(flat.high.v, p.y)};
+            flat.low = {std::min(flat.low.x, p.x), std::min(flat.low.y, p.y)};
+            flat.high = {std::max(flat.high.x, p.x), std::max(flat.high.y, p.y)};
         }
         flat.meshes.push_back(mesh);
     }
@@ -77,12 +74,12 @@ class Drawing {
 public:
     void put(int code, const std::string &value) { text_ += std::to_string(code) + "\r\n" + value + "\r\n"; }
     void put(int code, double value) { put(code, Number(value)); }
-    void line(const std::string &layer, FlatPoint a, FlatPoint b) {
+    void line(const std::string &layer, PlanPoint a, PlanPoint b) {
         entity("LINE", layer);
         point(10, a);
         point(11, b);
     }
-    void words(const std::string &layer, FlatPoint at, std::string words) {
+    void words(const std::string &layer, PlanPoint at, std::string words) {
         for (std::size_t found = words.find("Ø"); found != std::string::npos; found = words.find("Ø"))
             words.replace(found, std::string("Ø").size(), "%%c"); // the sign of a diameter in every font
         entity("TEXT", layer);
@@ -99,9 +96,9 @@ private:
         put(8, layer);
         layers_.insert(layer);
     }
-    void point(int code, FlatPoint p) {
-        put(code, p.u);
-        put(code + 10, p.v);
+    void point(int code, PlanPoint p) {
+        put(code, p.x);
+        put(code + 10, p.y);
         put(code + 20, 0.0);
     }
     std::string text_;
@@ -109,15 +106,15 @@ private:
 };
 
 using Place = std::pair<long, long>; // in tenths of a millimetre
-Place PlaceOf(FlatPoint p) { return {std::lround(p.u * 1e4), std::lround(p.v * 1e4)}; }
+Place PlaceOf(PlanPoint p) { return {std::lround(p.x * 1e4), std::lround(p.y * 1e4)}; }
 
-using Ring = std::array<FlatPoint, 4>;
+using Ring = std::array<PlanPoint, 4>;
 
 // Anti-clockwise.
 Ring Turned(Ring r) {
     double area = 0.0;
     for (std::size_t k = 0; k < 4; ++k)
-        area += r[k].u * r[(k + 1) % 4].v - r[(k + 1) % 4].u * r[k].v;
+        area += r[k].x * r[(k + 1) % 4].y - r[(k + 1) % 4].x * r[k].y;
     if (area < 0.0)
         std::reverse(r.begin(), r.end());
     return r;
@@ -137,20 +134,20 @@ void DrawBorder(Drawing &drawing, const std::string &layer, const std::vector<Ri
         }
 }
 
-FlatPoint Middle(const Ring &r) {
-    FlatPoint middle;
-    for (const FlatPoint &p : r)
-        middle = {middle.u + p.u / 4, middle.v + p.v / 4};
+PlanPoint Middle(const Ring &r) {
+    PlanPoint middle;
+    for (const PlanPoint &p : r)
+        middle = {middle.x + p.x / 4, middle.y + p.y / 4};
     return middle;
 }
 
 // The middle of the mesh that lies nearest to the middle of them all.
-FlatPoint WordsPlace(const std::vector<Ring> &rings) {
-    FlatPoint all;
+PlanPoint WordsPlace(const std::vector<Ring> &rings) {
+    PlanPoint all;
     for (const Ring &r : rings)
-        all = {all.u + Middle(r).u / static_cast<double>(rings.size()),
-               all.v + Middle(r).v / static_cast<double>(rings.size())};
-    const auto far = [&](const Ring &r) { return std::hypot(Middle(r).u - all.u, Middle(r).v - all.v); };
+        all = {all.x + Middle(r).x / static_cast<double>(rings.size()),
+               all.y + Middle(r).y / static_cast<double>(rings.size())};
+    const auto far = [&](const Ring &r) { return std::hypot(Middle(r).x - all.x, Middle(r).y - all.y); };
     return Middle(*std::min_element(rings.begin(), rings.end(),
                                     [&](const Ring &a, const Ring &b) { return far(a) < far(b) - 1e-9; }));
 }
@@ -163,14 +160,14 @@ std::string Upper(std::string word) {
 
 // One direction of a panel, its lower left corner at a place.
 void DrawDirection(Drawing &drawing, const FlatMeshes &flat, const std::vector<design::MeshPlace> &places,
-                   const std::vector<design::SteelRow> &rows, int direction, FlatPoint at) {
+                   const std::vector<design::SteelRow> &rows, int direction, PlanPoint at) {
     const std::string panel = "PANEL_" + std::to_string(flat.panel);
     std::vector<Ring> all;
     std::map<design::Zone, std::vector<Ring>> zones;
     for (const FlatMesh &m : flat.meshes) {
         Ring ring;
         for (std::size_t k = 0; k < 4; ++k)
-            ring[k] = {m.corner[k].u - flat.low.u + at.u, m.corner[k].v - flat.low.v + at.v};
+            ring[k] = {m.corner[k].x - flat.low.x + at.x, m.corner[k].y - flat.low.y + at.y};
         all.push_back(Turned(ring));
         zones[places[m.place].zone[static_cast<std::size_t>(direction - 1)]].push_back(all.back());
     }
@@ -179,7 +176,7 @@ void DrawDirection(Drawing &drawing, const FlatMeshes &flat, const std::vector<d
             if (PlaceOf(r[k]) < PlaceOf(r[(k + 1) % 4]))
                 drawing.line(panel + "_MESH", r[k], r[(k + 1) % 4]);
     DrawBorder(drawing, panel, all);
-    drawing.words(panel, {at.u, at.v - 2 * kText}, panel + ": " + DirectionWords(flat.kind, direction));
+    drawing.words(panel, {at.x, at.y - 2 * kText}, panel + ": " + DirectionWords(flat.kind, direction));
     for (const auto &[zone, rings] : zones) {
         const std::string layer = panel + "_" + std::to_string(direction) + "_" + Upper(NameOf(zone));
         DrawBorder(drawing, layer, rings);
@@ -218,14 +215,14 @@ std::string SteelDxf(const consistent::Tank &tank, const std::vector<design::Ste
     double tallest = 0.0;
     for (const auto &[number, panel] : tank.panels) {
         panels.push_back(LayFlat(tank, number));
-        tallest = std::max(tallest, panels.back().high.v - panels.back().low.v);
+        tallest = std::max(tallest, panels.back().high.y - panels.back().low.y);
     }
     Drawing drawing;
-    FlatPoint at;
+    PlanPoint at;
     for (const FlatMeshes &flat : panels) {
         DrawDirection(drawing, flat, places, rows, 1, at);
-        DrawDirection(drawing, flat, places, rows, 2, {at.u, at.v + tallest + kGap});
-        at.u += flat.high.u - flat.low.u + kGap;
+        DrawDirection(drawing, flat, places, rows, 2, {at.x, at.y + tallest + kGap});
+        at.x += flat.high.x - flat.low.x + kGap;
     }
     Drawing tail;
     tail.put(0, "ENDSEC");

@@ -42,8 +42,8 @@ static Displacement ReadRecord(std::ifstream &file, int node, int column) {
 }
 
 static void CheckColumn(int column) {
-    if (column < 1 || column > kDisplacementColumns)
-        FailSubscript(Thing::DisplacementColumn, column, kDisplacementColumns);
+    if (column < 1 || column > kResultColumns)
+        FailSubscript(Thing::DisplacementColumn, column, kResultColumns);
 }
 
 Displacement ReadDisplacement(int node, int column) {

@@ -1,20 +1,17 @@
-// Nodal displacements as the analysis left them: the file ProjeYolu + ".DEP", 384 bytes a node, of 16 columns with six
-// 32-bit numbers each (ux, uy, uz in m, rx, ry, rz in radians), least significant byte first.
+// Nodal displacements as the analysis left them: the file ProjeYolu + ".DEP", a record a node (model/result_records.h).
 #pragma once
+
+#include "model/points.h"
 
 #include <string>
 #include <vector>
 
 namespace havuz {
 
-constexpr int kDisplacementColumns = 16;
+using Displacement = SpacePoint; // m
 
-struct Displacement {
-    double x = 0.0, y = 0.0, z = 0.0; // m
-};
-
-// Of a node in a column 1..16 (else Subscript). Where there is no file, or it ends before the node's record, the node
-// has no displacement: a model that was not analysed yet, or was meshed anew since.
+// Of a node in a column 1..kResultColumns (else Subscript). Where there is no file, or it ends before the node's
+// record, the node has no displacement: a model that was not analysed yet, or was meshed anew since.
 Displacement ReadDisplacement(int node, int column);
 
 // What the mesh view shows of one column.
