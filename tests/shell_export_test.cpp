@@ -1,5 +1,6 @@
 // The exports to shell programs of today, read back by a small reader of each format: the model is rebuilt from the
 // text alone and compared with the tank, its loads summed and compared with statics.
+#include "cli_support.h"
 #include "consistent/equations.h"
 #include "consistent/loads.h"
 #include "export/calculix.h"
@@ -172,7 +173,7 @@ ReadModel ReadStaad(const std::string &text) {
             part = w[0] + (w.size() > 1 ? " " + w[1] : "");
             if (w[0] == "LOAD") {
                 EXPECT_EQ(w[2] + w[3] + w[4], "LOADTYPENoneTITLE");
-                m.order.push_back(w[5]);
+                m.order.push_back(line.substr(line.find("TITLE ") + 6));
             }
             if (w[0] == "E")
                 m.E = std::stod(w[1]);
@@ -211,7 +212,7 @@ ReadModel ReadStaad(const std::string &text) {
 // SAP2000: tables of name=value records; a line that ends with "_" goes on.
 ReadModel ReadSap(const std::string &text) {
     ReadModel m;
-    std::string table, whole;
+    std::string table, whole, name;
     std::map<std::string, double> sections;
     for (const std::string &line : Lines(text)) {
         if (line.rfind("TABLE:", 0) == 0)
@@ -224,8 +225,12 @@ ReadModel ReadSap(const std::string &text) {
         }
         std::map<std::string, std::string> f;
         for (const std::string &word : Words(whole + line, " "))
-            if (word.find('=') != std::string::npos)
-                f[word.substr(0, word.find('='))] = word.substr(word.find('=') + 1);
+            if (const std::size_t at = word.find('='); at != std::string::npos)
+                name = word.substr(0, at), f[name] = word.substr(at + 1);
+            else
+                f[name] += " " + word; // of a value in quotes
+        for (auto &[field, value] : f)
+            value.erase(std::remove(value.begin(), value.end(), '"'), value.end());
         whole.clear();
         const auto number = [&f](const std::string &name) { return std::stod(f.at(name)); };
         const auto whole1 = [&f](const std::string &name) { return std::stoi(f.at(name)); };
@@ -315,7 +320,41 @@ double SumOf(const std::map<int, NodalForce> &forces, std::size_t component) {
     return sum;
 }
 
+ReadModel ReadFile(const std::string &format, const std::string &path) {
+    const std::string text = ReadBytes(path);
+    return format == "calculix" ? CalculixReader().read(text) : format == "staadpro" ? ReadStaad(text) : ReadSap(text);
+}
+
 } // namespace
+
+// What stands in a file of the command line, with the run's own loads and springs: quarters of areas, a column each.
+TEST(ShellExport, TheRunsOwnLoadsFromTheCommandLine) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(Cli(folder,
+                  "pool rectangular -o P.POL --set Lx=12 --set Ly=6 --set UstKot=4 --set Bk=0 --set SiviKotu=3.7 "
+                  "--set KenarKalinlik=30 --set AltKalinlik=40 --set ToprakKotu=2.5 --set YeraltiSuKotu=1")
+                  .status,
+              0);
+    EXPECT_EQ(Cli(folder, "export s2k P.POL -o U.s2k").status, 1) << "not meshed";
+    EXPECT_FALSE(std::filesystem::exists(folder.file("U.s2k")));
+    ASSERT_EQ(Cli(folder, "mesh P.POL").status, 0);
+    EXPECT_EQ(Cli(folder, "export dxf P.POL -o P.dxf --literal").status, 2)
+        << "a drawing shows the consistent analysis";
+    for (const std::string format : {"calculix", "staadpro", "s2k"}) {
+        SCOPED_TRACE(format);
+        ASSERT_EQ(Cli(folder, "export " + format + " P.POL -o P.out --literal").status, 0);
+        const ReadModel m = ReadFile(format, folder.file("P.out"));
+        EXPECT_EQ(m.order, (std::vector<std::string>{"column 1", "column 2", "column 3", "column 4", "column 5"}));
+        double bed = 0.0;
+        for (const auto &[node, k] : m.springs)
+            bed += k[2];
+        EXPECT_NEAR(bed, 2000.0 * 12 * 6, 0.1); // of 32-bit stores
+        EXPECT_NEAR(SumOf(m.cases.at("column 1"), 2), -2.5 * (12 * 6 * .4 + 36 * 4 * .3), 1e-3);
+        EXPECT_NEAR(SumOf(m.cases.at("column 3"), 2), -12 * 6 * (3.7 - .4), 1e-3); // liquid
+        EXPECT_NEAR(SumOf(m.cases.at("column 5"), 2), 12 * 6 * (1.0 - .4), 1e-3);  // its head from the slab's top
+        EXPECT_NEAR(SumOf(m.cases.at("column 3"), 0), 0.0, 1e-3);
+    }
+}
 
 TEST(ShellExport, TheTankReadBackIsTheTank) {
     MakePool();
