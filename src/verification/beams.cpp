@@ -1,7 +1,6 @@
 // MacNeal and Harder's beams. Source: R. H. MacNeal and R. L. Harder, "A proposed standard set of problems to
 // test finite element accuracy", Finite Elements in Analysis and Design 1 (1985) 3-20.
 #include "verification/examples.h"
-#include "verification/sketch.h"
 
 #include <algorithm>
 #include <cmath>
@@ -75,9 +74,9 @@ double TwistOf(Beam beam) {
            0.2;
 }
 
-std::string SketchOf(Beam beam, const Vector3 &force) {
+Tank Loaded(Beam beam, const Vector3 &force) {
     LoadEnd(beam.tank, beam.end, force);
-    return Sketch(beam.tank.tank, NodalLoads(beam.tank.tank, kPoint));
+    return beam.tank.tank;
 }
 
 Example StraightBeams(const std::string &key, const std::string &shape, Slant slant) {
@@ -100,7 +99,7 @@ Example StraightBeams(const std::string &key, const std::string &shape, Slant sl
         const Beam b = StraightBeam(slant, mesh);
         return std::vector<double>{TipOf(b, {1, 0, 0}, 0), TipOf(b, {0, 1, 0}, 1), TipOf(b, {0, 0, 1}, 2), TwistOf(b)};
     };
-    e.sketch = [=] { return SketchOf(StraightBeam(slant, 0), {0, 1, 0}); };
+    e.sketch = SketchOf([=] { return Loaded(StraightBeam(slant, 0), {0, 1, 0}); }, kPoint);
     return e;
 }
 
@@ -130,7 +129,7 @@ Example CurvedBeams() {
     e.values = [](std::size_t mesh) {
         return std::vector<double>{TipOf(CurvedBeam(mesh), {0, 1, 0}, 1), TipOf(CurvedBeam(mesh), {0, 0, 1}, 2)};
     };
-    e.sketch = [] { return SketchOf(CurvedBeam(0), {0, 1, 0}); };
+    e.sketch = SketchOf([] { return Loaded(CurvedBeam(0), {0, 1, 0}); }, kPoint);
     return e;
 }
 
@@ -165,11 +164,13 @@ Example TwistedBeams() {
     e.values = [tip](std::size_t mesh) {
         return std::vector<double>{tip(mesh, {0, 0, 1}, 2), tip(mesh, {0, 1, 0}, 1)};
     };
-    e.sketch = [] {
-        HandTank t = TwistedBeam(0);
-        t.load(t.nodeAt({12, 0, 0}), {0, 0, 1});
-        return Sketch(t.tank, NodalLoads(t.tank, kPoint));
-    };
+    e.sketch = SketchOf(
+        [] {
+            HandTank t = TwistedBeam(0);
+            t.load(t.nodeAt({12, 0, 0}), {0, 0, 1});
+            return t.tank;
+        },
+        kPoint);
     return e;
 }
 

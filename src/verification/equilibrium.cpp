@@ -7,7 +7,6 @@
 #include "verification/halved.h"
 #include "verification/literal_run.h"
 #include "verification/outcome.h"
-#include "verification/sketch.h"
 
 #include <cmath>
 #include <memory>
@@ -113,7 +112,7 @@ Example BalanceOf(const std::string &path, const std::string &name) {
     Example made = e;
     made.values = [s](std::size_t mesh) { return Balance(*s, mesh); };
     made.literal = [s] { return BalanceOfRun(*s); };
-    made.sketch = [s] { return Sketch(s->tank, NodalLoads(s->tank, kLiquid)); };
+    made.sketch = SketchOf([s] { return s->tank; }, kLiquid);
     return made;
 }
 

@@ -13,10 +13,7 @@ void TakeModel(Example &example, const Model &model) {
         const HandTank t = model.tank(mesh);
         return model.measure(t, Analysis(t.tank).solve(model.load));
     };
-    example.sketch = [model] {
-        const HandTank t = model.tank(0);
-        return Sketch(t.tank, NodalLoads(t.tank, model.load));
-    };
+    example.sketch = SketchOf([model] { return model.tank(0).tank; }, model.load);
     if (!model.literal)
         return;
     example.literalMesh = example.meshes.size() / 2;
@@ -24,6 +21,13 @@ void TakeModel(Example &example, const Model &model) {
         const HandTank t = model.tank(mesh);
         const std::vector<double> values = model.measure(t, RunLiteral(t.tank, NodalLoads(t.tank, model.load)));
         return std::vector<std::optional<double>>(values.begin(), values.end());
+    };
+}
+
+std::function<std::string()> SketchOf(std::function<Tank()> make, Case load) {
+    return [make = std::move(make), load] {
+        const Tank tank = make();
+        return Sketch(tank, NodalLoads(tank, load));
     };
 }
 

@@ -50,6 +50,9 @@ struct Model {
 // Takes values, sketch and, where the model says so, literal of the example from it.
 void TakeModel(Example &example, const Model &model);
 
+// A sketch of the model that make() gives under a load case.
+std::function<std::string()> SketchOf(std::function<Tank()> make, Case load);
+
 // The literal run tells nothing of these quantities.
 void NoLiteralOf(Example &example, const std::vector<std::size_t> &quantities);
 

@@ -77,15 +77,7 @@ Outcome AboveGround() {
                              "No strip, walls 30, base 40 cm. In the run's column \"liquid and soil\" the soil, which "
                              "reaches no wall, takes "
                              "over the pressure of the liquid and turns it inward: both cancel.",
-                             {{&Lx, 12},
-                              {&Ly, 6},
-                              {&UstKot, 4},
-                              {&Bk, 0},
-                              {&KenarKalinlik, 30},
-                              {&AltKalinlik, 40},
-                              {&SiviKotu, 3.7},
-                              {&ToprakKotu, 0}},
-                             {3, {6, 0, 0}, kColumnBoth, kBoth},
+                             TwelveBySix({{&SiviKotu, 3.7}, {&ToprakKotu, 0}}), {3, {6, 0, 0}, kColumnBoth, kBoth},
                              {"", "", 5.31, "an independent computation of the same tank at fine meshes", "",
                               "the soil's column takes the liquid away again; the column \"liquid\" alone has it"});
     o.literalMesh = 1;
@@ -183,17 +175,12 @@ Outcome Uplift(const std::string &key, const std::string &title, const Parameter
     return o;
 }
 
-const std::vector<std::pair<double, double>> kL = {{0, 0}, {8, 0}, {8, 4}, {4, 4}, {4, 8}, {0, 8}};
-
 std::vector<std::pair<double, double>> Hexagon(double side) {
     std::vector<std::pair<double, double>> points;
     for (int k = 0; k < 6; ++k)
         points.emplace_back(side * std::cos(k * kPi / 3), side * std::sin(k * kPi / 3));
     return points;
 }
-
-// Walls 30, base 40 cm, 3 m high.
-PolygonShape Shape(const std::vector<std::pair<double, double>> &points) { return {points, 3, 0, 30, 40, 0}; }
 
 Outcome Weight(const std::string &key, const std::string &title, const PolygonShape &shape, double target,
                const std::string &source) {
@@ -304,7 +291,7 @@ std::vector<Example> LiteralOutcomes() {
                          {{&UstKot, 6}, {&AltKalinlik, 60}, {&YeraltiSuKotu, 4}}, 256));
     all.push_back(Uplift("literal-uplift-shallow", "8 x 8 x 3 m, base 40 cm, groundwater 1.4 m above its underside",
                          {{&UstKot, 3}, {&AltKalinlik, 40}, {&YeraltiSuKotu, 1.4}}, 89.6));
-    all.push_back(Weight("literal-weight-l", "L-shaped, 8 x 8 m: its weight", Shape(kL), 120,
+    all.push_back(Weight("literal-weight-l", "L-shaped, 8 x 8 m: its weight", LShape(), 120,
                          "statics: 2.5 (48 · 0.40 + 32 · 3 · 0.30)"));
     all.push_back(Weight("literal-weight-hexagon", "Hexagon of 4 m sides: its weight", Shape(Hexagon(4)),
                          2.5 * (24 * std::sqrt(3.0) * 0.4 + 24 * 3 * 0.3),

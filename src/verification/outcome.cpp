@@ -5,7 +5,6 @@
 #include "model/store.h"
 #include "verification/halved.h"
 #include "verification/literal_run.h"
-#include "verification/sketch.h"
 
 #include <cmath>
 
@@ -56,10 +55,7 @@ Example AsExample(const Outcome &o) {
         const std::vector<double> values = o.literal(make(o.widths[o.literalMesh]));
         return std::vector<std::optional<double>>(values.begin(), values.end());
     };
-    e.sketch = [o] {
-        const Tank tank = o.tank(1.0);
-        return Sketch(tank, NodalLoads(tank, o.drawn));
-    };
+    e.sketch = SketchOf([o] { return o.tank(1.0); }, o.drawn);
     if (!o.finer.empty())
         e.finer = [o] { return FinerTargets(o); };
     return e;
@@ -78,6 +74,16 @@ MakeTank Polygon(const PolygonShape &shape, const Parameters &parameters, Mesher
         return fits ? tank : Halved(tank);
     };
 }
+
+Parameters TwelveBySix(const Parameters &levels) {
+    Parameters all = {{&Lx, 12}, {&Ly, 6}, {&UstKot, 4}, {&Bk, 0}, {&KenarKalinlik, 30}, {&AltKalinlik, 40}};
+    all.insert(all.end(), levels.begin(), levels.end());
+    return all;
+}
+
+PolygonShape Shape(const std::vector<std::pair<double, double>> &points) { return {points, 3, 0, 30, 40, 0}; }
+
+PolygonShape LShape() { return Shape({{0, 0}, {8, 0}, {8, 4}, {4, 4}, {4, 8}, {0, 8}}); }
 
 CaseResult ColumnOfRun(const Tank &tank, int code) { return RunStore(tank)[PlaceOfColumn(ColumnCodes(), code)]; }
 

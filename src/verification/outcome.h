@@ -29,6 +29,12 @@ MakeTank Circular(const Parameters &parameters);
 enum class Mesher { Own, Sound };
 MakeTank Polygon(const PolygonShape &shape, const Parameters &parameters, Mesher mesher = Mesher::Own);
 
+// 12 x 6 x 4 m without strip, walls 30, base 40 cm.
+Parameters TwelveBySix(const Parameters &levels);
+// Walls 30, base 40 cm, 3 m high; the L is 8 x 8 m less a quarter of it.
+PolygonShape Shape(const std::vector<std::pair<double, double>> &points);
+PolygonShape LShape();
+
 constexpr int kColumnDead = 0, kColumnBoth = 1, kColumnLiquid = 2, kColumnSoil = 3, kColumnWater = 4;
 // The load column of that code in a run of the model in the store, and its forces on the nodes. std::runtime_error
 // where the run has no such column.

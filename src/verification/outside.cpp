@@ -88,30 +88,22 @@ Example BesideCalculix(const std::string &key, const std::string &title, MakeTan
 } // namespace
 
 std::vector<Example> OutsideExamples() {
-    const PolygonShape l{{{0, 0}, {8, 0}, {8, 4}, {4, 4}, {4, 8}, {0, 8}}, 3, 0, 30, 40, 0};
-    return {BesideCalculix("outside-rectangular", "12 x 6 x 4 m",
-                           Rectangular({{&Lx, 12},
-                                        {&Ly, 6},
-                                        {&UstKot, 4},
-                                        {&Bk, 0},
-                                        {&KenarKalinlik, 30},
-                                        {&AltKalinlik, 40},
-                                        {&SiviKotu, 3.7},
-                                        {&ToprakKotu, 2.5},
-                                        {&YeraltiSuKotu, 1}}),
-                           {{1.749806, 4.156419, 0.710397}, {0.858293, 1.408330, 0.339848}}),
-            BesideCalculix("outside-l", "L-shaped, 8 x 8 x 3 m",
-                           Polygon(l, {{&SiviKotu, 2.8}, {&ToprakKotu, 2}, {&YeraltiSuKotu, 0.5}}, Mesher::Sound),
-                           {{1.707318, 1.522567, 0.175096}, {0.578786, 0.578250, 0.165324}}),
-            BesideCalculix("outside-circular", "Circular, 10 m",
-                           Circular({{&Lx, 10},
-                                     {&UstKot, 4},
-                                     {&SiviKotu, 3.5},
-                                     {&ToprakKotu, 2},
-                                     {&KenarKalinlik, 25},
-                                     {&AltKalinlik, 35},
-                                     {&Bk, 0.5}}),
-                           {{1.476831, 1.647737, 0.025288}, {0.855010, 0.135880, 0.041661}})};
+    return {
+        BesideCalculix("outside-rectangular", "12 x 6 x 4 m",
+                       Rectangular(TwelveBySix({{&SiviKotu, 3.7}, {&ToprakKotu, 2.5}, {&YeraltiSuKotu, 1}})),
+                       {{1.749806, 4.156419, 0.710397}, {0.858293, 1.408330, 0.339848}}),
+        BesideCalculix("outside-l", "L-shaped, 8 x 8 x 3 m",
+                       Polygon(LShape(), {{&SiviKotu, 2.8}, {&ToprakKotu, 2}, {&YeraltiSuKotu, 0.5}}, Mesher::Sound),
+                       {{1.707318, 1.522567, 0.175096}, {0.578786, 0.578250, 0.165324}}),
+        BesideCalculix("outside-circular", "Circular, 10 m",
+                       Circular({{&Lx, 10},
+                                 {&UstKot, 4},
+                                 {&SiviKotu, 3.5},
+                                 {&ToprakKotu, 2},
+                                 {&KenarKalinlik, 25},
+                                 {&AltKalinlik, 35},
+                                 {&Bk, 0.5}}),
+                       {{1.476831, 1.647737, 0.025288}, {0.855010, 0.135880, 0.041661}})};
 }
 
 } // namespace havuz::verification

@@ -3,7 +3,6 @@
 #include "consistent/shell_element.h"
 #include "verification/examples.h"
 #include "verification/halved.h"
-#include "verification/sketch.h"
 
 #include <cmath>
 
@@ -140,7 +139,7 @@ Example Patch() {
     e.meshes = {"5 meshes", "20 meshes", "80 meshes"};
     e.notLiteral = kNotLiteral;
     e.values = [](std::size_t mesh) { return PatchValues(PatchOf(mesh)); };
-    e.sketch = [] { return Sketch(PatchOf(0), {}); };
+    e.sketch = SketchOf([] { return PatchOf(0); }, kPoint);
     return e;
 }
 
@@ -191,10 +190,7 @@ Example ThickCylinders() {
         }
         return values;
     };
-    e.sketch = [] {
-        const HandTank t = ThickCylinder(0, .49);
-        return Sketch(t.tank, NodalLoads(t.tank, kPoint));
-    };
+    e.sketch = SketchOf([] { return ThickCylinder(0, .49).tank; }, kPoint);
     return e;
 }
 

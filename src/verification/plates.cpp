@@ -3,7 +3,6 @@
 // Elements in Analysis and Design 1 (1985) 3-20.
 #include "verification/examples.h"
 #include "verification/ritz.h"
-#include "verification/sketch.h"
 
 #include <cmath>
 
@@ -235,10 +234,7 @@ Example StandardPlates() {
         }
         return values;
     };
-    e.sketch = [] {
-        const HandTank t = StandardPlate(0, 2, Edge::Hinged, true);
-        return Sketch(t.tank, NodalLoads(t.tank, kPoint));
-    };
+    e.sketch = SketchOf([] { return StandardPlate(0, 2, Edge::Hinged, true).tank; }, kPoint);
     return e;
 }
 

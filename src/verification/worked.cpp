@@ -175,10 +175,7 @@ Example FlotationByHand() {
         const Flotation f = DesignTank(Analysis(FloatingPool(2.0 / (1 << mesh))), MakeBasis({})).flotation;
         return std::vector<double>{f.dead, f.uplift, f.ratio()};
     };
-    e.sketch = [] {
-        const Tank tank = FloatingPool(1);
-        return Sketch(tank, NodalLoads(tank, kUplift));
-    };
+    e.sketch = SketchOf([] { return FloatingPool(1); }, kUplift);
     return e;
 }
 
@@ -214,10 +211,7 @@ Example SoilByHand() {
         const SoilState lifted = soil(block(mesh, 1));
         return std::vector<double>{soil(block(mesh, .5)).pressure, lifted.pressure, lifted.liftedArea};
     };
-    e.sketch = [=] {
-        const HandTank t = block(0, 1);
-        return Sketch(t.tank, NodalLoads(t.tank, kPoint));
-    };
+    e.sketch = SketchOf([=] { return block(0, 1).tank; }, kPoint);
     return e;
 }
 
