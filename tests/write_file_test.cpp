@@ -25,12 +25,13 @@ std::set<std::string> NamesIn(const TemporaryFolder &folder) {
     return names;
 }
 
-// The number of a process that is no more.
-pid_t DeadProcess() {
+// The number of a process that is no more, or of one that is over while nobody has asked about it.
+pid_t DeadProcess(bool asked = true) {
     const pid_t child = fork();
     if (child == 0)
         _exit(0);
-    waitpid(child, nullptr, 0);
+    siginfo_t over = {};
+    waitid(P_PID, static_cast<id_t>(child), &over, WEXITED | (asked ? 0 : WNOWAIT));
     return child;
 }
 
@@ -109,11 +110,14 @@ TEST(WriteFile, OneBackupOfTheFileBefore) {
 TEST(WriteFile, FilesOfDeadProcessesAreSwept) {
     const TemporaryFolder folder;
     const std::string stale = "P.POL.tmp" + std::to_string(DeadProcess()) + "-7";
+    const pid_t over = DeadProcess(false);
+    WriteBytes(folder.file("P.POL.tmp" + std::to_string(over) + "-1"), "x");
     const std::string alive = "P.POL.tmp" + std::to_string(getppid()) + "-7";
     for (const std::string &name : {stale, alive, std::string("P.POL.tmp12x-1"), "XX" + stale, stale + "0x"})
         WriteBytes(folder.file(name), "x");
     WriteWholeFile(folder.file("P.POL"), "new");
     EXPECT_EQ(NamesIn(folder), (std::set<std::string>{"P.POL", alive, "P.POL.tmp12x-1", "XX" + stale, stale + "0x"}));
+    waitpid(over, nullptr, 0);
 }
 
 TEST(WriteFile, SeveralFilesTakeTheirPlacesTogetherOrNone) {

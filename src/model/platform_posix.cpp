@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -199,7 +200,19 @@ char **Arguments(int &, char **arguments) { return arguments; }
 
 long ProcessNumber() { return getpid(); }
 
-bool IsGone(long process) { return kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH; }
+// A process that is over and that nobody has asked about (in a container without an init) still has its number.
+static bool IsOver(long process) {
+    std::array<char, 512> text{};
+    const int channel = open(("/proc/" + std::to_string(process) + "/stat").c_str(), O_RDONLY | O_CLOEXEC);
+    if (channel < 0)
+        return false;
+    Read(channel, text.data(), text.size() - 1);
+    close(channel);
+    const char *name = std::strrchr(text.data(), ')'); // "NUMBER (NAME) STATE ..."
+    return name != nullptr && name[1] == ' ' && (name[2] == 'Z' || name[2] == 'X');
+}
+
+bool IsGone(long process) { return kill(static_cast<pid_t>(process), 0) != 0 ? errno == ESRCH : IsOver(process); }
 
 std::string OwnProgram() {
     std::error_code error;
