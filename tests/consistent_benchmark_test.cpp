@@ -117,6 +117,19 @@ TEST(ConsistentBenchmark, RitzGivesThePrintedTables) {
     EXPECT_NEAR(whole.momentX(.5, .5), 0.0479 / 2, 5e-5);
 }
 
+// Three widths, a sketch, a source for each target, a literal result or why there is none; of sections, one column.
+TEST(VerificationPage, EveryCaseIsWhole) {
+    for (const Chapter &chapter : AllChapters(std::string(HAVUZ_SOURCE_DIR) + "/examples"))
+        for (const Example &e : chapter.examples) {
+            SCOPED_TRACE(e.title);
+            EXPECT_EQ(e.meshes.size(), e.meshes[0] == "program" ? 1U : 3U);
+            EXPECT_TRUE(e.sketch != nullptr && !e.key.empty());
+            EXPECT_NE(e.literal != nullptr, !e.notLiteral.empty());
+            for (const Quantity &q : e.quantities)
+                EXPECT_FALSE(q.source.empty()) << q.name;
+        }
+}
+
 // Ratios that differ by rounding alone are one value: an axis of few marks, not of 1e16.
 TEST(VerificationPage, AnAxisOfOneValueButForRounding) {
     EXPECT_LT(PlotAxis::OfNumbers({1.0, 1.0 + 1e-15, 1.0 - 1e-15}, 5).marks().size(), 20U);
