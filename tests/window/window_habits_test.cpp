@@ -171,6 +171,12 @@ TEST(habits, TypingReplacesAndTheCommaIsAPointWhereOneIsMeant) {
     EXPECT_TRUE(desk.waitFor([&] { return !desk.window.FormShown("TOOL"); }));
     EXPECT_TRUE(desk.window.FormShown("FEAPLAK"));
     ASSERT_TRUE(desk.click(In("FEAPLAK", "Tamam")));
+    ASSERT_TRUE(desk.click(kGeneralDataTool));
+    const Element title = In("POOLGEN", "Tex", 0); // a text keeps its comma
+    ASSERT_TRUE(desk.click(title));
+    hand::Write("2,5");
+    EXPECT_TRUE(desk.waitFor([&] { return desk.window.Text(title) == "2,5"; })) << desk.window.Text(title);
+    ASSERT_TRUE(desk.close("POOLGEN"));
     ASSERT_TRUE(desk.click(kMinimiseButton)); // without a window manager it stays to be seen
     EXPECT_TRUE(desk.window.formState(kMain).minimised);
     ASSERT_TRUE(desk.click(kNewTool));
