@@ -31,6 +31,8 @@ Section
 !ifdef WINDOWS
   File "${BUILD}/havuz.exe"
   File "${BUILD}/havuz-raporcu.exe"
+  File "${BUILD}/havuz-pictures.dll"
+  File /nonfatal "${BUILD}/qtbase_tr.qm"
 !endif
   File /r "${SOURCES}/programdir/*"
   File "${SOURCES}/packaging/WORKING.DIR"
@@ -74,6 +76,8 @@ Section Uninstall
   Delete "$INSTDIR\havuz-cli.exe"
   Delete "$INSTDIR\havuz.exe"
   Delete "$INSTDIR\havuz-raporcu.exe"
+  Delete "$INSTDIR\havuz-pictures.dll"
+  Delete "$INSTDIR\qtbase_tr.qm"
   Delete "$INSTDIR\DIMS.OPS"
   Delete "$INSTDIR\VEK9.COD"
   Delete "$INSTDIR\VEKCARD.OPS"

@@ -38,7 +38,9 @@ static std::string FullPath(const std::string &path) { return FromQt(QFileInfo(T
 void SpeakTurkish(QApplication &application) {
     QLocale::setDefault(QLocale(QLocale::Turkish, QLocale::Turkey));
     auto *texts = new QTranslator(&application);
-    if (texts->load(QStringLiteral("qtbase_tr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    const QString name = QStringLiteral("qtbase_tr");
+    if (texts->load(name, QLibraryInfo::path(QLibraryInfo::TranslationsPath)) ||
+        texts->load(name, QCoreApplication::applicationDirPath()))
         QCoreApplication::installTranslator(texts);
 }
 
@@ -71,11 +73,16 @@ static int RunRecorded(QtWindow &window, const DesktopOptions &options) {
 }
 
 bool HasDisplay(const char *program) {
+#ifdef Q_OS_WIN
+    (void)program;
+    return true;
+#else
     for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
         if (!qEnvironmentVariableIsEmpty(name))
             return true;
     std::fprintf(stderr, "%s: no display: the window needs an X or Wayland session\n", program);
     return false;
+#endif
 }
 
 int RunDesktop(int &argc, char **argv, const std::string &executable, const DesktopOptions &options) {

@@ -94,7 +94,9 @@ void PutDate(QByteArray &pdf, const std::string &date) {
 void NeedFonts() {
     if (QCoreApplication::instance() != nullptr)
         return;
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+#ifndef Q_OS_WIN // where fonts ask for no display
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
     QHashSeed::setDeterministicGlobalSeed(); // the order of fonts in a file follows it
     static int count = 1;
     static char name[] = "havuz";

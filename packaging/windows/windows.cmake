@@ -1,0 +1,10 @@
+# The programs with windows as Windows has them: no console, an icon, Qt's own Turkish texts beside the program.
+enable_language(RC)
+foreach(program havuz havuz-raporcu)
+  set_target_properties(${program} PROPERTIES WIN32_EXECUTABLE ON)
+  target_sources(${program} PRIVATE packaging/windows/havuz.rc)
+endforeach()
+find_file(HAVUZ_QT_TURKISH qtbase_tr.qm PATHS /usr/share/qt6/translations NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+if(HAVUZ_QT_TURKISH)
+  configure_file(${HAVUZ_QT_TURKISH} ${CMAKE_BINARY_DIR}/qtbase_tr.qm COPYONLY)
+endif()
