@@ -53,6 +53,7 @@ static int Main(int argc, char **argv) {
     RemoveTemporariesAtSignals();
     argv = platform::Arguments(argc, argv);
     CLI::App parser("Pools and tanks of reinforced concrete: made, meshed, analysed.", "havuz-cli");
+    parser.allow_windows_style_options(false); // "/x" is a path everywhere
     parser.set_version_flag("--version", "havuz-cli " HAVUZ_VERSION);
     parser.require_subcommand(1);
     Job job;

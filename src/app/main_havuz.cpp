@@ -10,6 +10,7 @@ int main(int argc, char **argv) {
     argv = havuz::platform::Arguments(argc, argv);
     havuz::DesktopOptions options;
     CLI::App parser("Pools and tanks of reinforced concrete: made, meshed, analysed.", "havuz");
+    parser.allow_windows_style_options(false); // "/x" is a path everywhere
     parser.set_version_flag("--version", "havuz " HAVUZ_VERSION);
     parser.add_option("project", options.project, "project to open")->type_name("FILE.POL");
     parser.add_flag("--open", options.open, "start empty, then open the project as the open dialog does");

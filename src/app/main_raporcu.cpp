@@ -48,6 +48,7 @@ int Main(int argc, char **argv) {
     argv = platform::Arguments(argc, argv);
     std::string project;
     CLI::App parser("Results, checks and the calculation report of a pool or tank.", "havuz-raporcu");
+    parser.allow_windows_style_options(false); // "/x" is a path everywhere
     parser.set_version_flag("--version", "havuz-raporcu " HAVUZ_VERSION);
     parser.add_option("project", project, "project to show; the one analysed last without it")->type_name("FILE.POL");
     try {
