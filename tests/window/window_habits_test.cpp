@@ -167,6 +167,8 @@ TEST(habits, TypingReplacesAndTheCommaIsAPointWhereOneIsMeant) {
     ASSERT_TRUE(desk.click(In("FEAPLAK", "No", 2)));
     ASSERT_TRUE(desk.click(In("FEAPLAK", "Isaret")));
     ASSERT_TRUE(desk.window.FormShown("TOOL"));
+    const QWidget *popup = desk.window.formWidget("TOOL");
+    ASSERT_TRUE(desk.waitFor([&] { return popup->isActiveWindow(); })); // then it hears the keys
     hand::Key("Escape");
     EXPECT_TRUE(desk.waitFor([&] { return !desk.window.FormShown("TOOL"); }));
     EXPECT_TRUE(desk.window.FormShown("FEAPLAK"));
