@@ -307,8 +307,8 @@ int OpenSignals() {
 }
 
 void CloseSignals() {
-    for (const int signal : kEndings)
-        std::signal(signal, SIG_DFL);
+    for (const int signal : kEndings) // one that comes while the program leaves for another is the same wish
+        std::signal(signal, firstSignal != 0 ? SIG_IGN : SIG_DFL);
     firstSignal = 0;
     for (int &end : signalPipe)
         if (const int channel = std::exchange(end, -1); channel >= 0)
