@@ -17,12 +17,6 @@ namespace havuz {
 
 namespace {
 
-ModelState Now() {
-    ModelState state;
-    state.take();
-    return state;
-}
-
 bool RecordsZeroAreBlank() {
     const ModelState now = Now();
     PlakTable[0] = {};

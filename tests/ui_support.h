@@ -7,12 +7,20 @@
 #include "ui/window/command_state.h"
 #include "ui/window/headless_window.h"
 #include "ui/window/main_window.h"
+#include "ui/window/model_state.h"
 #include "view/projection.h"
 
 #include <functional>
 #include <string>
 
 namespace havuz {
+
+// The model as it is.
+inline ModelState Now() {
+    ModelState state;
+    state.take();
+    return state;
+}
 
 struct Desk {
     explicit Desk(const std::function<void(const ProgramFolder &)> &prepare = {}, const std::string &project = "") {

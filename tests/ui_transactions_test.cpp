@@ -17,12 +17,6 @@ namespace havuz {
 
 namespace {
 
-ModelState Now() {
-    ModelState state;
-    state.take();
-    return state;
-}
-
 // A 3 x 3 grid of meshes, and three panels.
 void PutModel() {
     AddGrid(3, 3);
